@@ -1,0 +1,73 @@
+// The values that hosts exchange with the system: text, amounts, dates, and the error that carries a failure.
+#pragma once
+
+#include <cstdint>
+#include <exception>
+#include <string>
+#include <string_view>
+
+namespace tolvex {
+
+// Counted UTF-16 text, as automation hosts, ODBC and the databases hold it.
+using Text = std::u16string;
+using TextView = std::u16string_view;
+
+// UTF-8 to Text; bytes that are no valid UTF-8 become U+FFFD.
+Text to_text(std::string_view utf8);
+// Text to UTF-8; lone surrogates become U+FFFD.
+std::string to_utf8(TextView text);
+
+// A failure with the number an automation host would see (6 overflow, 13 type mismatch, 53 file not found, …)
+// and a description for the user.
+class Error : public std::exception
+{
+public:
+    Error(std::int32_t number, Text description);
+
+    std::int32_t number() const noexcept { return number_; }
+    const Text& description() const noexcept { return description_; }
+    const char* what() const noexcept override { return what_.c_str(); }
+
+private:
+    std::int32_t number_;
+    Text description_;
+    std::string what_;
+};
+
+// Fixed-point amount with four decimals in 64 bits (automation "currency").
+class Currency
+{
+public:
+    constexpr Currency() = default;
+    // Nearest amount, ties to even. Throws Error 6 when it does not fit.
+    Currency(double units);
+    Currency(int units) : scaled_(std::int64_t{units} * 10'000) {}
+
+    // From the count of ten-thousandths.
+    static constexpr Currency from_scaled(std::int64_t scaled) { return Currency(scaled, Exact{}); }
+
+    constexpr std::int64_t scaled() const { return scaled_; }
+    double units() const { return static_cast<double>(scaled_) / 10'000; }
+
+    friend constexpr bool operator==(Currency, Currency) = default;
+
+private:
+    struct Exact
+    {};
+    constexpr Currency(std::int64_t scaled, Exact) : scaled_(scaled) {}
+
+    std::int64_t scaled_ = 0;
+};
+
+// Automation date: days since 30 December 1899, the time of day as the fraction.
+struct Date
+{
+    double days = 0;
+
+    // From the calendar (proleptic Gregorian, years 100 to 9999). Throws Error 13 when there is no such moment.
+    static Date of(int year, int month, int day, int hour = 0, int minute = 0, int second = 0);
+
+    friend bool operator==(Date, Date) = default;
+};
+
+} // namespace tolvex
