@@ -1,0 +1,151 @@
+#include "database/connection.hpp"
+
+#include "core/errors.hpp"
+
+#include <algorithm>
+
+namespace tolvex {
+
+namespace {
+
+Error closed() { return {3709, u"La conexión con la base de datos está cerrada: llame antes a AbrirConexion"}; }
+
+Error no_current_row() { return {3021, u"El conjunto de resultados no tiene un registro actual"}; }
+
+std::size_t position_of(const std::vector<Column>& columns, TextView name)
+{
+    const auto found = std::find_if(columns.begin(), columns.end(),
+                                    [&](const Column& column) { return equal_ignoring_case(column.name, name); });
+    if (found == columns.end()) throw Error(3265, u"No existe la columna " + Text(name) + u" en el resultado");
+    return found - columns.begin();
+}
+
+std::vector<Value> row_of(const Recordset& rows)
+{
+    std::vector<Value> row;
+    for (std::size_t i = 0; i < rows.columns().size(); ++i) row.push_back(rows.value(i));
+    return row;
+}
+
+// What follows a word of a statement, up to the next WHERE or the end.
+Text text_after(TextView sql, TextView word)
+{
+    const Text upper = upper_case(sql);
+    const auto start = upper.find(word);
+    if (start == Text::npos) return {};
+    const auto from = start + word.size();
+    const auto end = std::min(upper.find(u" WHERE ", from), upper.size());
+    return trim(sql.substr(from, end - from));
+}
+
+Text joined(const std::vector<Text>& parts)
+{
+    Text whole;
+    for (const Text& part : parts) whole += (whole.empty() ? u"" : u",") + part;
+    return whole;
+}
+
+} // namespace
+
+Recordset::Recordset(std::unique_ptr<Cursor> cursor) : cursor_(std::move(cursor)), on_row_(cursor_->next()) {}
+
+void Recordset::move_next()
+{
+    if (!on_row_) throw no_current_row();
+    on_row_ = cursor_->next();
+}
+
+Value Recordset::operator[](TextView column) const { return value(position_of(columns(), column)); }
+
+Value Recordset::value(std::size_t column) const
+{
+    if (!on_row_) throw no_current_row();
+    return cursor_->value(column);
+}
+
+void Connection::open() { driver_ = open_driver(connection_string, command_timeout); }
+
+void Connection::close() noexcept { driver_.reset(); }
+
+void Connection::execute(const Text& sql) { driver().execute(sql); }
+
+Recordset Connection::query(const Text& sql) { return Recordset(driver().query(sql)); }
+
+UpdatableRecordset Connection::open_updatable(const Text& sql) { return UpdatableRecordset(*this, sql); }
+
+void Connection::begin_transaction() { driver().begin(); }
+
+void Connection::commit() { driver().commit(); }
+
+void Connection::roll_back()
+{
+    if (driver().in_transaction()) driver().roll_back();
+}
+
+Text Connection::description() { return driver().description(); }
+
+Driver& Connection::driver()
+{
+    if (!driver_) throw closed();
+    return *driver_;
+}
+
+UpdatableRecordset::UpdatableRecordset(Connection& connection, const Text& sql)
+    : connection_(connection), table_(text_after(sql, u" FROM ")),
+      condition_(text_after(sql, u" WHERE "))
+{
+    const Recordset rows = connection.query(sql);
+    columns_ = rows.columns();
+    if (!rows.eof()) current_ = row_of(rows);
+}
+
+Value UpdatableRecordset::operator[](TextView column) const
+{
+    if (!current_) throw no_current_row();
+    return (*current_)[position_of(columns_, column)];
+}
+
+void UpdatableRecordset::add_new()
+{
+    adding_ = true;
+    changes_.clear();
+}
+
+void UpdatableRecordset::set(TextView column, Value value)
+{
+    if (!adding_ && !current_) throw no_current_row();
+    changes_.emplace_back(position_of(columns_, column), std::move(value));
+}
+
+void UpdatableRecordset::update()
+{
+    std::vector<Text> names, marks, assignments;
+    std::vector<Value> values;
+    for (const auto& [column, value] : changes_) {
+        const Text& name = columns_[column].name;
+        names.push_back(name);
+        marks.push_back(u"?");
+        assignments.push_back(name + u"=?");
+        values.push_back(value);
+    }
+    const Text sql = adding_ ? u"Insert Into " + table_ + u"(" + joined(names) + u") Values(" + joined(marks) + u")"
+                             : u"Update " + table_ + u" Set " + joined(assignments) + u" Where " + condition_;
+    connection_.driver().execute(sql, values);
+    changes_.clear();
+    adding_ = false;
+}
+
+WriteBurst::WriteBurst(Connection& connection) : connection_(connection) { connection_.driver().defer_flush(); }
+
+WriteBurst::~WriteBurst()
+{
+    if (!finished_) trapping(0, [&] { return finish(), 0; });
+}
+
+void WriteBurst::finish()
+{
+    finished_ = true;
+    if (connection_.is_open()) connection_.driver().flush();
+}
+
+} // namespace tolvex

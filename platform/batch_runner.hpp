@@ -1,0 +1,17 @@
+// Runs batch files, as the script host shell's Run does with wait-on-return.
+#pragma once
+
+#include "core/text.hpp"
+
+namespace tolvex {
+
+enum class WindowStyle { hidden = 0, normal = 1 };
+
+// Runs the batch file to its end; the exit code of its last command. Throws Error 53 when there is no such file.
+int run_batch_file(TextView path, WindowStyle style = WindowStyle::normal);
+
+// Text as the bytes that the host's command interpreter reads in a batch file. Throws Error 5 for a character that
+// it cannot read.
+std::string batch_file_bytes(TextView text);
+
+} // namespace tolvex

@@ -1,0 +1,26 @@
+// Files as the system uses them. Paths are the documented ones: joined with a backslash, names without regard to
+// case; each adapter turns them into its host's own.
+#pragma once
+
+#include "core/text.hpp"
+
+namespace tolvex::files {
+
+// A documented path in the host's own spelling: its separator and, where the file system tells cases apart, the
+// existing spelling of every name.
+Text native_path(TextView path);
+
+bool exists(TextView path);
+bool folder_exists(TextView path);
+// One level only. Throws Error 75.
+void create_folder(TextView path);
+// Throws Error 53 when there is no such file, 75 when it cannot be opened, 57 when reading fails.
+std::string read(TextView path);
+// Replaces the file. Throws Error 75 when it cannot be opened, 57 when the disk does not take all of it.
+void write(TextView path, std::string_view bytes);
+// Throws Error 53 when there is no such file, 75 when it cannot be removed.
+void remove(TextView path);
+// Absolute form of a host path, from the current folder.
+Text absolute_path(TextView path);
+
+} // namespace tolvex::files

@@ -1,0 +1,51 @@
+// An XML document built in memory and saved: the few DOM operations that the system needs. Names are used as they
+// stand ("cfdi:Emisor" is one name), attributes keep the order in which they were first set.
+#pragma once
+
+#include "core/text.hpp"
+
+#include <memory>
+
+namespace tolvex {
+
+class XmlDocument;
+
+// A reference to an element; it lives as long as its document.
+class XmlElement
+{
+public:
+    // Throws Error when the name is no XML name or the value holds a character that XML does not allow.
+    void set_attribute(const Text& name, const Text& value);
+    // New last child with that name. Throws Error when it is no XML name.
+    XmlElement append(const Text& name);
+    void set_text(const Text& text);
+
+private:
+    friend class XmlDocument;
+    XmlElement(XmlDocument& document, void* node) : document_(&document), node_(node) {}
+
+    XmlDocument* document_;
+    void* node_;
+};
+
+class XmlDocument
+{
+public:
+    // Empty but for the instruction <?xml version='1.0' encoding='UTF-8'?>.
+    XmlDocument();
+    ~XmlDocument();
+    XmlDocument(const XmlDocument&) = delete;
+    XmlDocument& operator=(const XmlDocument&) = delete;
+
+    XmlElement create_root(const Text& name);
+    // Writes the instruction, a line feed, the document in one line and a line feed, as UTF-8; replaces the file.
+    // Throws Error when the file cannot be written; an older file of that name is then left whole.
+    void save(TextView path) const;
+
+private:
+    friend class XmlElement;
+    struct Native;
+    std::unique_ptr<Native> native_;
+};
+
+} // namespace tolvex
