@@ -1,0 +1,11 @@
+# All portable tests are one program; ctest runs each test on its own.
+find_package(GTest REQUIRED)
+include(GoogleTest)
+
+file(GLOB test_sources CONFIGURE_DEPENDS tests/*.cpp tests/*/*_test.cpp)
+add_executable(tolvex_tests ${test_sources})
+target_link_libraries(tolvex_tests PRIVATE tolvex_rooms GTest::gmock GTest::gtest_main)
+target_compile_definitions(tolvex_tests PRIVATE TOLVEX_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
+                                                TOLVEX_COMMAND="$<TARGET_FILE:tolvex_command>")
+add_dependencies(tolvex_tests tolvex_command)
+gtest_discover_tests(tolvex_tests DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
