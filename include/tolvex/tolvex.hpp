@@ -21,6 +21,12 @@ Text last_error();
 using MessageHandler = std::function<void(const Text& text, const Text& title, int style)>;
 void set_message_handler(MessageHandler handler);
 
+// Attributes of the XML document's root element: the standard set, or one that also names folio and payment method
+// and declares the tax authority's complements.
+enum class RootLayout { standard, extended };
+// Layout of the documents issued from now on; standard at first.
+void set_root_layout(RootLayout layout);
+
 // Connection to the database that holds master data and documents.
 class ConfigFE
 {
