@@ -34,11 +34,13 @@ install_packages() {
         "${missing[@]}" > /dev/null
 }
 
+debian_codename() { (. /etc/os-release && echo "$VERSION_CODENAME"); }
+
 # The line for a sources list that names the Debian archive of this system: "deb" or "deb-src". Only the release
 # itself: the security suite is often incomplete on mirrors (sources, other architectures).
 debian_archive() {
     local codename address
-    codename=$(. /etc/os-release && echo "$VERSION_CODENAME")
+    codename=$(debian_codename)
     address=$(list_archives "$codename")
     [ -n "$address" ] || { as_root apt-get "${apt_options[@]}" update && address=$(list_archives "$codename"); }
     [ -n "$address" ] || die "los orígenes de apt de este sistema no incluyen Debian $codename main"
