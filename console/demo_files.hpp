@@ -29,7 +29,7 @@ EMITE||1|INGRESO|16|0
     {"nota_de_credito.txt",
      R"(# Una nota de crédito; su rango de folios es el 2.
 EMISOR|1|1
-CLIENTE|PEGM800101AB1|María Peña Güemes|Avenida Niños Héroes|120||Del Valle||Distrito Federal|Benito Juárez|México|03100|250.00|0.00|40.00|290.00|1|2|{FECHA}
+CLIENTE|PEGM800101AB1|María Peña Güemes|Avenida Niños Héroes|120||Del Valle||Distrito Federal|Benito Juárez|México|03100|250.00|0.00|40.00|290.00|1|2|{FECHA}|
 DETALLE|1|N|PAN-07|Devolución de pan de muerto|20|PZA|12.50|40.00|250.00|16
 EMITE||1|egreso|16|0
 )"},
