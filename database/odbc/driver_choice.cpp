@@ -49,7 +49,8 @@ Text for_vendor_driver(const Text& connection_string, const Text& name)
     return mapped;
 }
 
-// Port of "server=host,port"; else the standard one, except for a named instance, whose port FreeTDS asks for.
+// Port of "server=host,port"; else the standard one, except for a named instance, whose port FreeTDS asks
+// for.
 Text port_of(const Text& server)
 {
     const auto comma = server.find(u',');
@@ -57,8 +58,8 @@ Text port_of(const Text& server)
     return server.find(u'\\') == Text::npos ? u"1433" : u"";
 }
 
-// FreeTDS has to be told the protocol, the character set, not to cut long texts, and host and port one by one: left to
-// split them by itself, it sends the host's name with a NUL in it.
+// FreeTDS has to be told the protocol, the character set, not to cut long texts, and host and port one by
+// one: left to split them by itself, it sends the host's name with a NUL in it.
 Text for_freetds(const Text& connection_string, const Text& driver)
 {
     const Text server = keyword(connection_string, u"server");
