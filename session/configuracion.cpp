@@ -13,4 +13,6 @@ Value fgValorCampo(Session& session, const Text& column, const Text& sql)
     return rows.eof() ? Value() : rows[column];
 }
 
+Text fgSeleccionaCarpeta(WindowHandle owner, const Text& title) { return choose_folder(owner, title); }
+
 } // namespace tolvex

@@ -1,8 +1,7 @@
-// Executes the command lines of a batch file one by one, never through a shell: words between blanks (or double
-// quotes), and ">" into a file.
+// Executes the command lines of a batch file one by one, never through a shell.
 #include "platform/batch_runner.hpp"
 
-#include "core/errors.hpp"
+#include "platform/batch_lines.hpp"
 #include "platform/files.hpp"
 
 #include <cerrno>
@@ -19,64 +18,15 @@ namespace {
 
 constexpr int command_not_found = 127;
 
-struct Command
-{
-    std::vector<std::string> words;
-    std::string output; // file that receives standard output; empty for none
-};
-
-// The words of a command line; ">" is a word of its own.
-std::vector<std::string> words_of(std::string_view line)
-{
-    std::vector<std::string> words;
-    std::string word;
-    bool quoted = false, in_word = false;
-    const auto end_word = [&] {
-        if (in_word) words.push_back(word);
-        word.clear();
-        in_word = false;
-    };
-    for (const char c : line) {
-        if (c == '"') {
-            quoted = !quoted;
-            in_word = true;
-        } else if (!quoted && (c == ' ' || c == '\t')) {
-            end_word();
-        } else if (!quoted && c == '>') {
-            end_word();
-            words.emplace_back(">");
-        } else {
-            word += c;
-            in_word = true;
-        }
-    }
-    end_word();
-    return words;
-}
-
 // A word that is a documented path becomes the host's own.
-std::string host_word(const std::string& word)
+std::string host_word(const Text& word)
 {
-    return word.find('\\') == std::string::npos ? word : to_utf8(files::native_path(to_text(word)));
-}
-
-Command parse(std::string_view line)
-{
-    Command command;
-    const std::vector<std::string> words = words_of(line);
-    for (std::size_t i = 0; i < words.size(); ++i) {
-        if (words[i] == ">" && i + 1 < words.size())
-            command.output = host_word(words[++i]);
-        else
-            command.words.push_back(host_word(words[i]));
-    }
-    return command;
+    return to_utf8(word.find(u'\\') == Text::npos ? word : files::native_path(word));
 }
 
 // The program in its folder or, if it is not there, its bare name, which the PATH finds.
-std::string program_of(const Command& command)
+std::string program_of(const std::string& given)
 {
-    const std::string& given = command.words.front();
     if (access(given.c_str(), X_OK) == 0) return given;
     return given.substr(given.find_last_of('/') + 1);
 }
@@ -107,34 +57,26 @@ int wait_for(pid_t process)
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
-int run(const Command& command, WindowStyle style)
+int run(const BatchCommand& command, WindowStyle style)
 {
     Redirections files;
     if (style == WindowStyle::hidden) {
         files.open(STDIN_FILENO, "/dev/null", O_RDONLY);
         files.open(STDERR_FILENO, "/dev/null", O_WRONLY);
     }
-    if (!command.output.empty()) files.open(STDOUT_FILENO, command.output, O_WRONLY | O_CREAT | O_TRUNC);
+    if (!command.output.empty())
+        files.open(STDOUT_FILENO, host_word(command.output), O_WRONLY | O_CREAT | O_TRUNC);
 
+    std::vector<std::string> words;
+    for (const Text& word : command.words) words.push_back(host_word(word));
     std::vector<char*> arguments;
-    for (const std::string& word : command.words) arguments.push_back(const_cast<char*>(word.c_str()));
+    for (std::string& word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);
     pid_t process = 0;
-    const std::string program = program_of(command);
     // As the command interpreter does, a program that cannot be started does not stop the lines after it.
-    if (posix_spawnp(&process, program.c_str(), files.get(), nullptr, arguments.data(), environ) != 0)
+    if (posix_spawnp(&process, program_of(words.front()).c_str(), files.get(), nullptr, arguments.data(), environ) != 0)
         return command_not_found;
     return wait_for(process);
-}
-
-std::vector<std::string> lines_of(const std::string& batch)
-{
-    std::vector<std::string> lines;
-    for (const Text& line : split(to_text(batch), u'\n')) {
-        lines.push_back(to_utf8(without(line, u'\r')));
-        if (lines.back().find_first_not_of(' ') == std::string::npos) lines.pop_back();
-    }
-    return lines;
 }
 
 } // namespace
@@ -142,7 +84,7 @@ std::vector<std::string> lines_of(const std::string& batch)
 int run_batch_file(TextView path, WindowStyle style)
 {
     int exit_code = 0;
-    for (const std::string& line : lines_of(files::read(path))) exit_code = run(parse(line), style);
+    for (const BatchCommand& command : parse_batch(to_text(files::read(path)))) exit_code = run(command, style);
     return exit_code;
 }
 

@@ -54,14 +54,6 @@ File open(const fs::path& path, const char* mode)
     throw path_error(to_text(path.string()), reason(errno));
 }
 
-void write_whole(const fs::path& path, std::string_view bytes)
-{
-    File file = open(path, "wbe");
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
-    if (!written || std::fflush(file.get()) != 0) throw device_error(to_text(path.string()), reason(errno));
-    if (std::fclose(file.release()) != 0) throw device_error(to_text(path.string()), reason(errno));
-}
-
 } // namespace
 
 Text native_path(TextView path) { return to_text(host_path(path).string()); }
@@ -96,25 +88,21 @@ std::string read(TextView path)
     return bytes;
 }
 
-void write(TextView path, std::string_view bytes) { write_whole(host_path(path), bytes); }
-
-void replace(TextView path, std::string_view bytes)
+void write(TextView path, std::string_view bytes)
 {
-    const fs::path given = separated(path);
-    const fs::path host = host_path(to_text(given.parent_path().string())) / given.filename();
-    const fs::path beside = host.string() + ".tmp";
+    const fs::path host = host_path(path);
+    File file = open(host, "wbe");
+    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
+    if (!written || std::fclose(file.release()) != 0) throw device_error(to_text(host.string()), reason(errno));
+}
+
+void move_over(TextView from, TextView to)
+{
+    const fs::path given = separated(to);
+    const fs::path target = host_path(to_text(given.parent_path().string())) / given.filename();
     std::error_code error;
-    try {
-        write_whole(beside, bytes);
-    } catch (const Error&) {
-        fs::remove(beside, error);
-        throw;
-    }
-    fs::rename(beside, host, error);
-    if (!error) return;
-    const Text why = reason(error.value());
-    fs::remove(beside, error);
-    throw path_error(to_text(host.string()), why);
+    fs::rename(host_path(from), target, error);
+    if (error) throw path_error(to_text(target.string()), reason(error.value()));
 }
 
 void remove(TextView path)

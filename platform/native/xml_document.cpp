@@ -1,18 +1,14 @@
 #include "platform/xml_document.hpp"
 
-#include "core/errors.hpp"
-#include "platform/files.hpp"
+#include "platform/new_file.hpp"
+#include "platform/xml_content.hpp"
 
 #include <libxml/tree.h>
 #include <libxml/xmlsave.h>
 
-#include <algorithm>
-
 namespace tolvex {
 
 namespace {
-
-Error xml_error(const Text& description) { return {5, u"Documento XML: " + description}; }
 
 const xmlChar* bytes(const std::string& utf8) { return reinterpret_cast<const xmlChar*>(utf8.c_str()); }
 
@@ -30,15 +26,7 @@ std::string name_of(const Text& name)
     return utf8;
 }
 
-std::string content_of(const Text& value)
-{
-    const auto forbidden = [](char16_t c) {
-        return (c < 0x20 && c != u'\t' && c != u'\n' && c != u'\r') || c == 0xFFFE || c == 0xFFFF;
-    };
-    if (std::any_of(value.begin(), value.end(), forbidden))
-        throw xml_error(u"el valor \"" + value + u"\" lleva un carácter de control que XML no admite");
-    return to_utf8(value);
-}
+std::string content_of(const Text& value) { return to_utf8(allowed_xml_content(value)); }
 
 struct FreeDocument
 {
@@ -108,7 +96,9 @@ void XmlDocument::save(TextView path) const
     xmlSaveDoc(saving, native_->document.get());
     if (xmlSaveClose(saving) < 0) throw xml_error(u"no se pudo formar");
     const auto* start = reinterpret_cast<const char*>(xmlBufferContent(buffer.get()));
-    files::replace(path, {start, static_cast<std::size_t>(xmlBufferLength(buffer.get()))});
+    NewFile file(path);
+    files::write(file.path_beside(), {start, static_cast<std::size_t>(xmlBufferLength(buffer.get()))});
+    file.put_in_place();
 }
 
 } // namespace tolvex
