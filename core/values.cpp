@@ -173,6 +173,7 @@ constexpr int largest_exponent = 100'000;
 int to_exponent(const std::string& digits, bool negative)
 {
     int exponent = 0;
+    if (digits.empty()) return 0; // "12 de marzo" has an exponent's letter but no exponent
     if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc())
         exponent = largest_exponent;
     return negative ? -std::min(exponent, largest_exponent) : std::min(exponent, largest_exponent);
