@@ -33,6 +33,7 @@ bench:
 	cmake -S . -B build/bench -G Ninja -DTOLVEX_TESTS=OFF -DTOLVEX_BENCH=ON
 	cmake --build build/bench
 	build/bench/bench/issue_bench
+	build/bench/bench/two_stations
 
 clean:
 	rm -rf build demo

@@ -27,7 +27,8 @@ int borra(const Place& place, const DocumentKey& key);
 int folio(const Place& place, const std::string& range);
 int esquema(const Place& place, bool create);
 int conexion(const Place& place);
-int demo(const std::string& folder);
+// On the embedded database in the folder, or on the server that the place names.
+int demo(const Place& place, const std::string& folder);
 
 // Opens the shared connection. Throws Error with the driver's description.
 void connect(const Place& place);

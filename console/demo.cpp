@@ -8,6 +8,7 @@
 #include "platform/batch_runner.hpp"
 #include "platform/clock.hpp"
 #include "platform/files.hpp"
+#include "schema/schema.hpp"
 #include "session/configuracion.hpp"
 #include "tolvex/tolvex.hpp"
 
@@ -18,6 +19,7 @@ namespace tolvex::console {
 namespace {
 
 constexpr TextView certificate_number = u"20001000000100005867";
+constexpr TextView company_rfc = u"AES010101AAA";
 constexpr TextView key_password = u"12345678a";
 
 // The tax authority spells a certificate's number in the ASCII codes of its serial: digit 2 is the byte 32.
@@ -43,13 +45,14 @@ Text pem_body(const Text& pem)
 class Demo
 {
 public:
-    explicit Demo(const Text& folder) : folder_(folder) {}
+    Demo(const Place& place, const Text& folder) : place_(place), folder_(folder) {}
 
     void run();
 
 private:
     Text path(const Text& name) const { return folder_ + u"\\" + name; }
     void make_folder();
+    void open_database();
     void make_certificate();
     void store_master_data();
     void store_addenda_layout();
@@ -59,6 +62,7 @@ private:
     void openssl(const std::vector<Text>& commands);
     void execute(const Text& sql) { shared_connection(session()).execute(sql); }
 
+    const Place place_;
     const Text folder_;
     std::vector<IssuedDocument> issued_;
 };
@@ -68,7 +72,7 @@ void say(const Text& line) { fmt::print("{}\n", to_utf8(line)); }
 void Demo::run()
 {
     make_folder();
-    connect({"sqlite:", to_utf8(path(u"tolvex.db")), "", ""});
+    open_database();
     make_certificate();
     store_master_data();
     store_addenda_layout();
@@ -76,12 +80,13 @@ void Demo::run()
     look_up_and_cancel();
     disconnect();
     say(u"\nTodo está en " + folder_ + u":");
-    say(u"  tolvex.db         base de datos (empresa 1, sucursal 1, certificado 1, rangos de folios 1 y 2)");
+    say(u"  base de datos     " + to_text(place_.database) +
+        u" (empresa 1, sucursal 1, certificado 1, rangos de folios 1 y 2)");
     say(u"  Facturas/         los documentos XML");
     say(u"  certificado.cer   el certificado; pkey.key.pem es su llave y llave.key la misma con contraseña " +
         Text(key_password));
-    say(u"  *.txt             los archivos planos; emita otro con: tolvex emite ARCHIVO --bd " + folder_ +
-        u"/tolvex.db");
+    say(u"  *.txt             los archivos planos; emita otro con: tolvex emite ARCHIVO --bd " +
+        to_text(place_.database));
 }
 
 void Demo::make_folder()
@@ -89,6 +94,16 @@ void Demo::make_folder()
     if (folder_.find(u' ') != Text::npos)
         throw Error(75, u"La carpeta no puede llevar blancos, pues las líneas de sello.bat no los admiten: " + folder_);
     if (!files::folder_exists(folder_)) files::create_folder(folder_);
+}
+
+// The demonstration replaces company 1; it must be its own.
+void Demo::open_database()
+{
+    connect(place_);
+    create_schema(shared_connection(session()));
+    const Value rfc = fgValorCampo(session(), u"cRfc", u"Select cRfc From FE_EMPRESAS(nolock) Where nEmpresa=1");
+    if (!rfc.is_null() && trim(rfc.text()) != company_rfc)
+        throw Error(5, u"La base de datos ya tiene una empresa 1 que no es la de la demostración: use otra base");
 }
 
 // Runs openssl commands through the batch runner; throws when the last one fails.
@@ -215,9 +230,11 @@ void Demo::look_up_and_cancel()
 
 } // namespace
 
-int demo(const std::string& folder)
+int demo(const Place& place, const std::string& folder)
 {
-    Demo(files::absolute_path(to_text(folder))).run();
+    const Text path = files::absolute_path(to_text(folder));
+    const bool embedded = place.server == "sqlite:";
+    Demo(embedded ? Place{"sqlite:", to_utf8(path) + "/tolvex.db", "", ""} : place, path).run();
     return 0;
 }
 

@@ -97,7 +97,7 @@ int main(int argc, char** argv)
 
     auto* demo_command = app.add_subcommand("demo", "Prepara una empresa de prueba y emite documentos de verdad");
     demo_command->add_option("--carpeta", folder, "Carpeta de trabajo")->capture_default_str();
-    demo_command->callback([&] { result = demo(folder); });
+    demo_command->callback([&] { result = demo(place, folder); });
 
     auto* emite_command = app.add_subcommand(
         "emite", "Emite los documentos de un archivo plano y escribe la ruta de cada XML, uno por línea");
