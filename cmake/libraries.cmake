@@ -1,12 +1,11 @@
 # The libraries that the portable core stands on, for the system that is built for.
 if(WIN32)
     # Built by setup/windows.sh for this architecture.
-    set(TOLVEX_WINDOWS_LIBRARIES "" CACHE PATH "Folder with the cross-built libraries of this architecture")
+    set(libraries ${TOLVEX_WINDOWS_BUILD}/${TOLVEX_WINDOWS_TRIPLET})
     add_library(tolvex_sqlite STATIC IMPORTED)
     set_target_properties(tolvex_sqlite PROPERTIES
-        IMPORTED_LOCATION ${TOLVEX_WINDOWS_LIBRARIES}/lib/libsqlite3.a
-        INTERFACE_INCLUDE_DIRECTORIES ${TOLVEX_WINDOWS_LIBRARIES}/include)
-    set(TOLVEX_LIBRARIES tolvex_sqlite odbc32 ole32 oleaut32 uuid)
+        IMPORTED_LOCATION ${libraries}/lib/libsqlite3.a INTERFACE_INCLUDE_DIRECTORIES ${libraries}/include)
+    set(TOLVEX_LIBRARIES tolvex_sqlite odbc32 ole32 oleaut32 uuid shell32 comdlg32 user32)
 else()
     find_package(PkgConfig REQUIRED)
     find_package(SQLite3 REQUIRED)

@@ -2,14 +2,13 @@
 find_package(CLI11 REQUIRED)
 find_package(fmt REQUIRED)
 
-add_library(tolvex SHARED)
+add_library(tolvex SHARED $<TARGET_OBJECTS:tolvex_rooms>)
 add_library(tolvex::tolvex ALIAS tolvex)
-target_link_libraries(tolvex PRIVATE $<LINK_LIBRARY:WHOLE_ARCHIVE,tolvex_rooms>)
+target_link_libraries(tolvex PRIVATE ${TOLVEX_LIBRARIES})
 target_include_directories(tolvex INTERFACE
     $<BUILD_INTERFACE:${PROJECT_SOURCE_DIR}/include> $<INSTALL_INTERFACE:include>)
 target_compile_features(tolvex INTERFACE cxx_std_20)
-set_target_properties(tolvex PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR}
-                                        LINKER_LANGUAGE CXX)
+set_target_properties(tolvex PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
 
 file(GLOB console_sources CONFIGURE_DEPENDS console/*.cpp)
 add_executable(tolvex_command ${console_sources})

@@ -18,6 +18,8 @@ void create_folder(TextView path);
 std::string read(TextView path);
 // Replaces the file. Throws Error 75 when it cannot be opened, 57 when the disk does not take all of it.
 void write(TextView path, std::string_view bytes);
+// Renames a file over an older one; the second name is taken as it is spelt. Throws Error 75.
+void move_over(TextView from, TextView to);
 // Throws Error 53 when there is no such file, 75 when it cannot be removed.
 void remove(TextView path);
 // Absolute form of a host path, from the current folder.

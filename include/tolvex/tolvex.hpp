@@ -14,15 +14,21 @@
 namespace tolvex {
 
 // Description of the last error that a public operation trapped; empty before the first one.
-Text last_error();
+TOLVEX_API Text last_error();
 
 // How the system speaks to the user: receives the text, the title, and the message-box style (16 critical,
 // 48 exclamation, 64 information). Without a handler, messages go to standard error.
 using MessageHandler = std::function<void(const Text& text, const Text& title, int style)>;
-void set_message_handler(MessageHandler handler);
+TOLVEX_API void set_message_handler(MessageHandler handler);
+
+// Attributes of the XML document's root element: the standard set, or one that also names folio and payment method
+// and declares the tax authority's complements.
+enum class RootLayout { standard, extended };
+// Layout of the documents issued from now on; standard at first.
+TOLVEX_API void set_root_layout(RootLayout layout);
 
 // Connection to the database that holds master data and documents.
-class ConfigFE
+class TOLVEX_API ConfigFE
 {
 public:
     // Opens the shared connection with the data of SetDatosConexion, closing it first if it is open. Always true;
@@ -36,7 +42,7 @@ public:
 };
 
 // Receiver, totals and header of the document being staged.
-class Cliente
+class TOLVEX_API Cliente
 {
 public:
     // Replaces all 26 values. FormaPago 1 is cash, anything else credit; ClaveFolio is the key of the folio range;
@@ -52,7 +58,7 @@ public:
 };
 
 // Line items of the document being staged.
-class DetFacturas
+class TOLVEX_API DetFacturas
 {
 public:
     // Appends one line. Throws Error 6 past the largest 32-bit count.
@@ -64,7 +70,7 @@ public:
 };
 
 // Values for the receiver's own XML block, keyed by node (nRama), parent node (nPadre) and, for lines, line number.
-class Addenda
+class TOLVEX_API Addenda
 {
 public:
     void SetAddenda(const Text& cRfcCte, std::int16_t nRama, std::int16_t nPadre, const Text& cValor = u"");
@@ -77,7 +83,7 @@ public:
 struct DocumentValues;
 
 // Issuing, cancelling, deleting and printing of documents.
-class GeneraDocto
+class TOLVEX_API GeneraDocto
 {
 public:
     GeneraDocto();
@@ -125,7 +131,7 @@ private:
 };
 
 // Maintenance windows of the master data; each call opens a connection of its own that becomes the shared one.
-class Maestros
+class TOLVEX_API Maestros
 {
 public:
     void MuestraEmpresas(const Text& UserBd, const Text& PswBd, const Text& Bd, const Text& ServerBd);

@@ -6,6 +6,13 @@
 #include <string>
 #include <string_view>
 
+// What the shared library shows to its hosts.
+#ifdef _WIN32
+#define TOLVEX_API
+#else
+#define TOLVEX_API __attribute__((visibility("default")))
+#endif
+
 namespace tolvex {
 
 // Counted UTF-16 text, as automation hosts, ODBC and the databases hold it.
@@ -13,13 +20,13 @@ using Text = std::u16string;
 using TextView = std::u16string_view;
 
 // UTF-8 to Text; bytes that are no valid UTF-8 become U+FFFD.
-Text to_text(std::string_view utf8);
+TOLVEX_API Text to_text(std::string_view utf8);
 // Text to UTF-8; lone surrogates become U+FFFD.
-std::string to_utf8(TextView text);
+TOLVEX_API std::string to_utf8(TextView text);
 
 // A failure with the number an automation host would see (6 overflow, 13 type mismatch, 53 file not found, …)
 // and a description for the user.
-class Error : public std::exception
+class TOLVEX_API Error : public std::exception
 {
 public:
     Error(std::int32_t number, Text description);
@@ -35,7 +42,7 @@ private:
 };
 
 // Fixed-point amount with four decimals in 64 bits (automation "currency").
-class Currency
+class TOLVEX_API Currency
 {
 public:
     constexpr Currency() = default;
@@ -60,7 +67,7 @@ private:
 };
 
 // Automation date: days since 30 December 1899, the time of day as the fraction.
-struct Date
+struct TOLVEX_API Date
 {
     double days = 0;
 

@@ -1,0 +1,4 @@
+# Cross-builds the Windows edition, 32 bits.
+set(TOLVEX_WINDOWS_TRIPLET i686-w64-mingw32)
+set(CMAKE_SYSTEM_PROCESSOR x86)
+include(${CMAKE_CURRENT_LIST_DIR}/mingw.cmake)

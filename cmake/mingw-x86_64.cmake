@@ -1,0 +1,4 @@
+# Cross-builds the Windows edition, 64 bits.
+set(TOLVEX_WINDOWS_TRIPLET x86_64-w64-mingw32)
+set(CMAKE_SYSTEM_PROCESSOR AMD64)
+include(${CMAKE_CURRENT_LIST_DIR}/mingw.cmake)

@@ -1,0 +1,86 @@
+#include "issuing/seal.hpp"
+
+#include "core/errors.hpp"
+#include "platform/batch_runner.hpp"
+#include "platform/files.hpp"
+
+namespace tolvex {
+
+namespace {
+
+void append_byte(Text& bytes, unsigned byte)
+{
+    if (byte > 0xFF) throw invalid_call();
+    bytes += static_cast<char16_t>(byte);
+}
+
+} // namespace
+
+Digest digest_for(Date date) { return year_of(date) > 2010 ? Digest::sha1 : Digest::md5; }
+
+Text utf8_characters(TextView text)
+{
+    Text bytes;
+    bytes.reserve(text.size() + text.size() / 8);
+    for (const unsigned c : text) {
+        if (c < 128) {
+            append_byte(bytes, c);
+        } else if (c < 2048) {
+            append_byte(bytes, (c / 64) | 192);
+            append_byte(bytes, (c & 63) | 128);
+        } else {
+            // Deliberate: 144 and 234 are not UTF-8's own lead byte; stored strings must stay as they are.
+            append_byte(bytes, (c / 144) | 234);
+            append_byte(bytes, ((c / 64) & 63) | 128);
+            append_byte(bytes, (c & 63) | 128);
+        }
+    }
+    return bytes;
+}
+
+void write_seal_batch(const Text& folder, Digest digest)
+{
+    const bool sha1 = digest == Digest::sha1;
+    // Deliberate: two blanks before "-out", and before "-in" for SHA-1 only.
+    const Text sign = folder + u"\\openssl dgst " + (sha1 ? u"-sha1" : u"-md5") + u" -sign " + folder +
+                      u"\\pkey.key.pem" + u"  -out " + folder + u"\\fi_md5.txt " + folder + u"\\utf8.txt\r\n";
+    const Text encode = folder + u"\\openssl enc -base64" + (sha1 ? u"  -in " : u" -in ") + folder +
+                        u"\\fi_md5.txt" + u" -out " + folder + u"\\sello.txt\r\n";
+    files::write(folder + u"\\sello.bat", batch_file_bytes(sign + encode));
+}
+
+void write_original_string(const Text& folder, const Text& utf8)
+{
+    files::write(folder + u"\\utf8.txt", bytes_of_text(utf8));
+}
+
+Text run_seal_batch(const Text& folder)
+{
+    run_batch_file(folder + u"\\SELLO.BAT"); // its exit code is not examined
+    const Text result = folder + u"\\Sello.txt";
+    if (!files::exists(result))
+        throw Error(53, u"openssl no dejó el sello en " + files::native_path(result) +
+                            u": revise que openssl y pkey.key.pem estén en la carpeta de trabajo y que la llave sirva");
+    return last_line(result);
+}
+
+Text clean_seal(const Text& seal, const Text& base64_alphabet) { return keep_only(seal, base64_alphabet + u"="); }
+
+void remove_seal_files(const Text& folder)
+{
+    for (const TextView name : {u"\\sello.bat", u"\\sello.txt", u"\\fi_md5.txt", u"\\utf8.txt"})
+        files::remove(folder + Text(name));
+}
+
+Text last_line(const Text& path)
+{
+    Text content = text_of_bytes(files::read(path));
+    if (content.ends_with(u"\r\n")) content.pop_back();
+    if (content.ends_with(u'\r')) content.pop_back();
+    const auto end_of_previous = content.rfind(u'\r');
+    if (end_of_previous == Text::npos) return content;
+    const bool with_line_feed = content[std::min(end_of_previous + 1, content.size() - 1)] == u'\n';
+    return content.substr(end_of_previous + (with_line_feed ? 2 : 1));
+}
+
+} // namespace tolvex

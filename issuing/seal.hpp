@@ -1,0 +1,31 @@
+// The digital seal: openssl signs the original string through a batch file in the working folder.
+#pragma once
+
+#include "issuing/document_values.hpp"
+
+namespace tolvex {
+
+enum class Digest { md5, sha1 };
+
+// Documents dated after 2010 are sealed with SHA-1, older ones with MD5.
+Digest digest_for(Date date);
+
+// The text as UTF-8, one character per byte. Throws Error 5 for a character whose lead byte would not fit.
+Text utf8_characters(TextView text);
+
+// Writes sello.bat into the folder: the two openssl commands. Throws Error when the file cannot be written.
+void write_seal_batch(const Text& folder, Digest digest);
+// Writes utf8.txt, the bytes that are signed.
+void write_original_string(const Text& folder, const Text& utf8);
+// Runs sello.bat to its end and reads the seal it left, uncleaned. Throws Error when there is none.
+Text run_seal_batch(const Text& folder);
+// Only the Base64 characters and "=".
+Text clean_seal(const Text& seal, const Text& base64_alphabet);
+// Removes the four work files.
+void remove_seal_files(const Text& folder);
+
+// Last line of a text file. A line ends at a carriage return, alone or with a line feed; a bare line feed is part
+// of the line. One character per byte. Throws Error 53, 57 or 75.
+Text last_line(const Text& path);
+
+} // namespace tolvex

@@ -1,0 +1,93 @@
+// Executes the command lines of a batch file one by one, never through a shell.
+#include "platform/batch_runner.hpp"
+
+#include "platform/batch_lines.hpp"
+#include "platform/files.hpp"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+extern char** environ;
+
+namespace tolvex {
+
+namespace {
+
+constexpr int command_not_found = 127;
+
+// A word that is a documented path becomes the host's own.
+std::string host_word(const Text& word)
+{
+    return to_utf8(word.find(u'\\') == Text::npos ? word : files::native_path(word));
+}
+
+// The program in its folder or, if it is not there, its bare name, which the PATH finds.
+std::string program_of(const std::string& given)
+{
+    if (access(given.c_str(), X_OK) == 0) return given;
+    return given.substr(given.find_last_of('/') + 1);
+}
+
+// What a started program's standard files are.
+class Redirections
+{
+public:
+    Redirections() { posix_spawn_file_actions_init(&actions_); }
+    ~Redirections() { posix_spawn_file_actions_destroy(&actions_); }
+    Redirections(const Redirections&) = delete;
+
+    void open(int descriptor, const std::string& path, int flags)
+    {
+        posix_spawn_file_actions_addopen(&actions_, descriptor, path.c_str(), flags, 0666);
+    }
+    const posix_spawn_file_actions_t* get() const { return &actions_; }
+
+private:
+    posix_spawn_file_actions_t actions_;
+};
+
+int wait_for(pid_t process)
+{
+    int status = 0;
+    while (waitpid(process, &status, 0) < 0)
+        if (errno != EINTR) return 0; // a host that ignores its children has no exit code for us
+    return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
+}
+
+int run(const BatchCommand& command, WindowStyle style)
+{
+    Redirections files;
+    if (style == WindowStyle::hidden) {
+        files.open(STDIN_FILENO, "/dev/null", O_RDONLY);
+        files.open(STDERR_FILENO, "/dev/null", O_WRONLY);
+    }
+    if (!command.output.empty())
+        files.open(STDOUT_FILENO, host_word(command.output), O_WRONLY | O_CREAT | O_TRUNC);
+
+    std::vector<std::string> words;
+    for (const Text& word : command.words) words.push_back(host_word(word));
+    std::vector<char*> arguments;
+    for (std::string& word : words) arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    pid_t process = 0;
+    // As the command interpreter does, a program that cannot be started does not stop the lines after it.
+    if (posix_spawnp(&process, program_of(words.front()).c_str(), files.get(), nullptr, arguments.data(), environ) != 0)
+        return command_not_found;
+    return wait_for(process);
+}
+
+} // namespace
+
+int run_batch_file(TextView path, WindowStyle style)
+{
+    int exit_code = 0;
+    for (const BatchCommand& command : parse_batch(to_text(files::read(path)))) exit_code = run(command, style);
+    return exit_code;
+}
+
+std::string batch_file_bytes(TextView text) { return to_utf8(text); }
+
+} // namespace tolvex

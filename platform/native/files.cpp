@@ -1,0 +1,119 @@
+#include "platform/files.hpp"
+
+#include "core/errors.hpp"
+
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <filesystem>
+#include <memory>
+
+namespace tolvex::files {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+Text reason(int error) { return to_text(std::strerror(error)); }
+
+fs::path separated(TextView path) { return fs::path(to_utf8(replace_all(path, u"\\", u"/"))); }
+
+// The entry of a folder whose name is the given one but for letter case, or the name itself.
+fs::path existing_spelling(const fs::path& folder, const fs::path& name)
+{
+    std::error_code ignored;
+    const fs::path exact = folder / name;
+    if (fs::exists(fs::symlink_status(exact, ignored))) return exact;
+    const Text wanted = to_text(name.string());
+    for (const auto& entry : fs::directory_iterator(folder.empty() ? "." : folder, ignored))
+        if (equal_ignoring_case(to_text(entry.path().filename().string()), wanted)) return entry.path();
+    return exact;
+}
+
+fs::path host_path(TextView path)
+{
+    const fs::path as_given = separated(path);
+    std::error_code ignored;
+    if (fs::exists(as_given, ignored)) return as_given;
+    fs::path found = as_given.root_path();
+    for (const fs::path& name : as_given.relative_path()) found = existing_spelling(found, name);
+    return found;
+}
+
+struct Close
+{
+    void operator()(std::FILE* file) const { std::fclose(file); }
+};
+using File = std::unique_ptr<std::FILE, Close>;
+
+File open(const fs::path& path, const char* mode)
+{
+    File file(std::fopen(path.c_str(), mode));
+    if (file) return file;
+    if (errno == ENOENT && *mode == 'r') throw file_not_found(to_text(path.string()));
+    throw path_error(to_text(path.string()), reason(errno));
+}
+
+} // namespace
+
+Text native_path(TextView path) { return to_text(host_path(path).string()); }
+
+bool exists(TextView path)
+{
+    std::error_code ignored;
+    return fs::exists(host_path(path), ignored);
+}
+
+bool folder_exists(TextView path)
+{
+    std::error_code ignored;
+    return fs::is_directory(host_path(path), ignored);
+}
+
+void create_folder(TextView path)
+{
+    std::error_code error;
+    if (!fs::create_directory(host_path(path), error) && error)
+        throw path_error(native_path(path), reason(error.value()));
+}
+
+std::string read(TextView path)
+{
+    const fs::path host = host_path(path);
+    const File file = open(host, "rbe");
+    std::string bytes;
+    char buffer[65'536];
+    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file.get())) bytes.append(buffer, count);
+    if (std::ferror(file.get())) throw device_error(to_text(host.string()), reason(errno));
+    return bytes;
+}
+
+void write(TextView path, std::string_view bytes)
+{
+    const fs::path host = host_path(path);
+    File file = open(host, "wbe");
+    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
+    if (!written || std::fclose(file.release()) != 0) throw device_error(to_text(host.string()), reason(errno));
+}
+
+void move_over(TextView from, TextView to)
+{
+    const fs::path given = separated(to);
+    const fs::path target = host_path(to_text(given.parent_path().string())) / given.filename();
+    std::error_code error;
+    fs::rename(host_path(from), target, error);
+    if (error) throw path_error(to_text(target.string()), reason(error.value()));
+}
+
+void remove(TextView path)
+{
+    std::error_code error;
+    const fs::path host = host_path(path);
+    const bool removed = fs::remove(host, error);
+    if (error) throw path_error(to_text(host.string()), reason(error.value()));
+    if (!removed) throw file_not_found(to_text(host.string()));
+}
+
+Text absolute_path(TextView path) { return to_text(fs::absolute(separated(path)).lexically_normal().string()); }
+
+} // namespace tolvex::files

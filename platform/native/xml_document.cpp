@@ -1,0 +1,104 @@
+#include "platform/xml_document.hpp"
+
+#include "platform/new_file.hpp"
+#include "platform/xml_content.hpp"
+
+#include <libxml/tree.h>
+#include <libxml/xmlsave.h>
+
+namespace tolvex {
+
+namespace {
+
+const xmlChar* bytes(const std::string& utf8) { return reinterpret_cast<const xmlChar*>(utf8.c_str()); }
+
+template <class Pointer>
+Pointer checked(Pointer made)
+{
+    if (!made) throw xml_error(u"no alcanza la memoria");
+    return made;
+}
+
+std::string name_of(const Text& name)
+{
+    const std::string utf8 = to_utf8(name);
+    if (name.empty() || xmlValidateName(bytes(utf8), 0) != 0) throw xml_error(u"\"" + name + u"\" no es un nombre válido");
+    return utf8;
+}
+
+std::string content_of(const Text& value) { return to_utf8(allowed_xml_content(value)); }
+
+struct FreeDocument
+{
+    void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
+};
+struct FreeBuffer
+{
+    void operator()(xmlBuffer* buffer) const { xmlBufferFree(buffer); }
+};
+
+xmlNode* node(void* pointer) { return static_cast<xmlNode*>(pointer); }
+
+} // namespace
+
+struct XmlDocument::Native
+{
+    std::unique_ptr<xmlDoc, FreeDocument> document;
+};
+
+void XmlElement::set_attribute(const Text& name, const Text& value)
+{
+    // By plain name: "xmlns:cfdi" is an attribute like any other, so that all keep their order.
+    const std::string attribute = name_of(name), content = content_of(value);
+    for (xmlAttr* existing = node(node_)->properties; existing; existing = existing->next)
+        if (xmlStrEqual(existing->name, bytes(attribute))) {
+            xmlNodeSetContent(reinterpret_cast<xmlNode*>(existing), nullptr);
+            xmlAddChild(reinterpret_cast<xmlNode*>(existing), checked(xmlNewText(bytes(content))));
+            return;
+        }
+    xmlAttr* made = checked(xmlNewProp(node(node_), bytes(attribute), nullptr));
+    xmlAddChild(reinterpret_cast<xmlNode*>(made), checked(xmlNewText(bytes(content))));
+}
+
+XmlElement XmlElement::append(const Text& name)
+{
+    xmlNode* child = checked(xmlNewDocNode(node(node_)->doc, nullptr, bytes(name_of(name)), nullptr));
+    xmlAddChild(node(node_), child);
+    return {*document_, child};
+}
+
+void XmlElement::set_text(const Text& text)
+{
+    xmlAddChild(node(node_), checked(xmlNewText(bytes(content_of(text)))));
+}
+
+XmlDocument::XmlDocument() : native_(std::make_unique<Native>())
+{
+    native_->document.reset(checked(xmlNewDoc(bytes("1.0"))));
+    xmlNode* instruction =
+        checked(xmlNewDocPI(native_->document.get(), bytes("xml"), bytes("version='1.0' encoding='UTF-8'")));
+    xmlAddChild(reinterpret_cast<xmlNode*>(native_->document.get()), instruction);
+}
+
+XmlDocument::~XmlDocument() = default;
+
+XmlElement XmlDocument::create_root(const Text& name)
+{
+    xmlNode* root = checked(xmlNewDocNode(native_->document.get(), nullptr, bytes(name_of(name)), nullptr));
+    xmlDocSetRootElement(native_->document.get(), root);
+    return {*this, root};
+}
+
+void XmlDocument::save(TextView path) const
+{
+    const std::unique_ptr<xmlBuffer, FreeBuffer> buffer(checked(xmlBufferCreate()));
+    xmlSaveCtxt* saving = checked(xmlSaveToBuffer(buffer.get(), "UTF-8", XML_SAVE_NO_DECL));
+    xmlSaveDoc(saving, native_->document.get());
+    if (xmlSaveClose(saving) < 0) throw xml_error(u"no se pudo formar");
+    const auto* start = reinterpret_cast<const char*>(xmlBufferContent(buffer.get()));
+    NewFile file(path);
+    files::write(file.path_beside(), {start, static_cast<std::size_t>(xmlBufferLength(buffer.get()))});
+    file.put_in_place();
+}
+
+} // namespace tolvex

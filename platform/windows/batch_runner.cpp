@@ -1,0 +1,120 @@
+// Runs batch files through the script host shell's Run, with wait-on-return.
+#include "platform/batch_runner.hpp"
+
+#include "platform/batch_lines.hpp"
+#include "platform/files.hpp"
+#include "platform/windows/windows.hpp"
+
+#include <algorithm>
+
+namespace tolvex {
+
+namespace {
+
+Text from_console_bytes(const std::string& bytes)
+{
+    const int length = static_cast<int>(bytes.size());
+    Text text(MultiByteToWideChar(CP_OEMCP, 0, bytes.data(), length, nullptr, 0), u'\0');
+    MultiByteToWideChar(CP_OEMCP, 0, bytes.data(), length, wide(text), static_cast<int>(text.size()));
+    return text;
+}
+
+VARIANT variant(LONG number)
+{
+    VARIANT value{};
+    value.vt = VT_I4;
+    value.lVal = number;
+    return value;
+}
+
+VARIANT variant(bool flag)
+{
+    VARIANT value{};
+    value.vt = VT_BOOL;
+    value.boolVal = flag ? VARIANT_TRUE : VARIANT_FALSE;
+    return value;
+}
+
+VARIANT variant(const AutomationText& text)
+{
+    VARIANT value{};
+    value.vt = VT_BSTR;
+    value.bstrVal = text.get();
+    return value;
+}
+
+ComPointer<IDispatch> create_shell()
+{
+    CLSID id;
+    check(CLSIDFromProgID(L"WScript.Shell", &id), u"WScript.Shell");
+    ComPointer<IDispatch> shell;
+    check(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, reinterpret_cast<void**>(shell.out())),
+          u"WScript.Shell");
+    return shell;
+}
+
+int run_and_wait(const Text& command, WindowStyle style)
+{
+    const ComPointer<IDispatch> shell = create_shell();
+    wchar_t name[] = L"Run";
+    LPOLESTR names[] = {name};
+    DISPID method = 0;
+    check(shell->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &method), u"WScript.Shell.Run");
+
+    const AutomationText text(command);
+    VARIANT arguments[] = {variant(true), variant(static_cast<LONG>(style)), variant(text)}; // last one first
+    DISPPARAMS parameters{arguments, nullptr, 3, 0};
+    VARIANT result{};
+    check(shell->Invoke(method, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &result, nullptr, nullptr),
+          u"WScript.Shell.Run");
+    return result.vt == VT_I4 ? result.lVal : 0;
+}
+
+// The text file that openssl writes for a command; empty for none.
+Text text_output(const BatchCommand& command)
+{
+    const auto& words = command.words;
+    const bool encodes = std::find(words.begin(), words.end(), u"enc") != words.end() &&
+                         std::find(words.begin(), words.end(), u"-base64") != words.end();
+    const auto out = std::find(words.begin(), words.end(), u"-out");
+    if (encodes && out != words.end() && out + 1 != words.end()) return out[1];
+    return command.output;
+}
+
+// Today's openssl ends lines with CR LF, the system reads what it wrote with bare line feeds.
+void restore_line_feeds(const Text& path)
+{
+    if (path.empty() || !files::exists(path)) return;
+    const std::string written = files::read(path);
+    std::string restored;
+    restored.reserve(written.size());
+    for (std::size_t i = 0; i < written.size(); ++i)
+        if (written[i] != '\r' || i + 1 == written.size() || written[i + 1] != '\n') restored += written[i];
+    if (restored != written) files::write(path, restored);
+}
+
+} // namespace
+
+int run_batch_file(TextView path, WindowStyle style)
+{
+    // Run itself would show a box for a missing file and say that it ran.
+    const std::vector<BatchCommand> commands = parse_batch(from_console_bytes(files::read(path)));
+    const int exit_code = run_and_wait(files::native_path(path), style);
+    for (const BatchCommand& command : commands) restore_line_feeds(text_output(command));
+    return exit_code;
+}
+
+std::string batch_file_bytes(TextView text)
+{
+    const auto* start = reinterpret_cast<const wchar_t*>(text.data());
+    const int length = static_cast<int>(text.size());
+    BOOL unreadable = FALSE;
+    std::string bytes(WideCharToMultiByte(CP_OEMCP, WC_NO_BEST_FIT_CHARS, start, length, nullptr, 0, nullptr, nullptr),
+                      '\0');
+    WideCharToMultiByte(CP_OEMCP, WC_NO_BEST_FIT_CHARS, start, length, bytes.data(), static_cast<int>(bytes.size()),
+                        nullptr, &unreadable);
+    if (unreadable) throw invalid_call();
+    return bytes;
+}
+
+} // namespace tolvex

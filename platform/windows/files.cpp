@@ -1,0 +1,103 @@
+#include "platform/files.hpp"
+
+#include "platform/windows/windows.hpp"
+
+#include <algorithm>
+
+namespace tolvex::files {
+
+namespace {
+
+class File
+{
+public:
+    File(const Text& path, DWORD access, DWORD disposition)
+        : handle_(CreateFileW(wide(path), access, FILE_SHARE_READ, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr))
+    {
+        if (handle_ != INVALID_HANDLE_VALUE) return;
+        const DWORD code = GetLastError();
+        if (code == ERROR_FILE_NOT_FOUND && disposition == OPEN_EXISTING) throw file_not_found(path);
+        throw path_error(path, system_message(code));
+    }
+    File(const File&) = delete;
+    ~File() { CloseHandle(handle_); }
+
+    HANDLE get() const { return handle_; }
+
+private:
+    HANDLE handle_;
+};
+
+bool has_attribute(TextView path, DWORD wanted)
+{
+    const DWORD attributes = GetFileAttributesW(wide(native_path(path)));
+    return attributes != INVALID_FILE_ATTRIBUTES && (attributes & wanted) == wanted;
+}
+
+} // namespace
+
+Text native_path(TextView path) { return replace_all(path, u"/", u"\\"); }
+
+bool exists(TextView path) { return has_attribute(path, 0); }
+
+bool folder_exists(TextView path) { return has_attribute(path, FILE_ATTRIBUTE_DIRECTORY); }
+
+void create_folder(TextView path)
+{
+    const Text host = native_path(path);
+    if (!CreateDirectoryW(wide(host), nullptr)) throw path_error(host, system_message(GetLastError()));
+}
+
+std::string read(TextView path)
+{
+    const Text host = native_path(path);
+    const File file(host, GENERIC_READ, OPEN_EXISTING);
+    std::string bytes;
+    char buffer[65'536];
+    for (;;) {
+        DWORD count = 0;
+        if (!ReadFile(file.get(), buffer, sizeof buffer, &count, nullptr))
+            throw device_error(host, system_message(GetLastError()));
+        if (count == 0) return bytes;
+        bytes.append(buffer, count);
+    }
+}
+
+void write(TextView path, std::string_view bytes)
+{
+    const Text host = native_path(path);
+    const File file(host, GENERIC_WRITE, CREATE_ALWAYS);
+    while (!bytes.empty()) {
+        const DWORD wanted = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1u << 20));
+        DWORD written = 0;
+        if (!WriteFile(file.get(), bytes.data(), wanted, &written, nullptr) || written == 0)
+            throw device_error(host, system_message(GetLastError()));
+        bytes.remove_prefix(written);
+    }
+}
+
+void move_over(TextView from, TextView to)
+{
+    const Text target = native_path(to);
+    if (!MoveFileExW(wide(native_path(from)), wide(target), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+        throw path_error(target, system_message(GetLastError()));
+}
+
+void remove(TextView path)
+{
+    const Text host = native_path(path);
+    if (DeleteFileW(wide(host))) return;
+    const DWORD code = GetLastError();
+    if (code == ERROR_FILE_NOT_FOUND) throw file_not_found(host);
+    throw path_error(host, system_message(code));
+}
+
+Text absolute_path(TextView path)
+{
+    const Text host = native_path(path);
+    Text absolute(GetFullPathNameW(wide(host), 0, nullptr, nullptr), u'\0');
+    absolute.resize(GetFullPathNameW(wide(host), static_cast<DWORD>(absolute.size()), wide(absolute), nullptr));
+    return absolute;
+}
+
+} // namespace tolvex::files

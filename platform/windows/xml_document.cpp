@@ -1,0 +1,92 @@
+#include "platform/xml_document.hpp"
+
+#include "platform/new_file.hpp"
+#include "platform/windows/windows.hpp"
+#include "platform/xml_content.hpp"
+
+#include <msxml2.h>
+
+namespace tolvex {
+
+namespace {
+
+// Msxml2.DOMDocument of the Microsoft XML 3.0 type library.
+constexpr CLSID dom_document_class{0xF6D90F11, 0x9C73, 0x11D3, {0xB3, 0x2E, 0x00, 0xC0, 0x4F, 0x99, 0x0B, 0xB4}};
+
+IXMLDOMElement* element(void* node) { return static_cast<IXMLDOMElement*>(node); }
+
+VARIANT text_variant(const AutomationText& text)
+{
+    VARIANT value{};
+    value.vt = VT_BSTR;
+    value.bstrVal = text.get();
+    return value;
+}
+
+} // namespace
+
+struct XmlDocument::Native
+{
+    ComPointer<IXMLDOMDocument2> document;
+    std::vector<ComPointer<IXMLDOMElement>> elements; // references live as long as their document
+
+    IXMLDOMElement* create(const Text& name)
+    {
+        ComPointer<IXMLDOMElement> made;
+        check(document->createElement(AutomationText(name).get(), made.out()), u"XML createElement");
+        elements.push_back(std::move(made));
+        return elements.back().get();
+    }
+};
+
+void XmlElement::set_attribute(const Text& name, const Text& value)
+{
+    const AutomationText content(allowed_xml_content(value));
+    check(element(node_)->setAttribute(AutomationText(name).get(), text_variant(content)), u"XML setAttribute");
+}
+
+XmlElement XmlElement::append(const Text& name)
+{
+    IXMLDOMElement* child = document_->native_->create(name);
+    check(element(node_)->appendChild(child, nullptr), u"XML appendChild");
+    return {*document_, child};
+}
+
+void XmlElement::set_text(const Text& text)
+{
+    check(element(node_)->put_text(AutomationText(allowed_xml_content(text)).get()), u"XML text");
+}
+
+XmlDocument::XmlDocument() : native_(std::make_unique<Native>())
+{
+    auto& document = native_->document;
+    check(CoCreateInstance(dom_document_class, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IXMLDOMDocument2),
+                           reinterpret_cast<void**>(document.out())),
+          u"Msxml2.DOMDocument");
+    check(document->put_resolveExternals(VARIANT_TRUE), u"XML resolveExternals");
+    ComPointer<IXMLDOMProcessingInstruction> instruction;
+    check(document->createProcessingInstruction(AutomationText(u"xml").get(),
+                                                AutomationText(u"version='1.0' encoding='UTF-8'").get(),
+                                                instruction.out()),
+          u"XML createProcessingInstruction");
+    check(document->insertBefore(instruction.get(), VARIANT{}, nullptr), u"XML insertBefore");
+}
+
+XmlDocument::~XmlDocument() = default;
+
+XmlElement XmlDocument::create_root(const Text& name)
+{
+    IXMLDOMElement* root = native_->create(name);
+    check(native_->document->putref_documentElement(root), u"XML documentElement");
+    return {*this, root};
+}
+
+void XmlDocument::save(TextView path) const
+{
+    NewFile file(path);
+    const AutomationText target(files::native_path(file.path_beside()));
+    check(native_->document->save(text_variant(target)), u"XML save");
+    file.put_in_place();
+}
+
+} // namespace tolvex

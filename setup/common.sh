@@ -1,0 +1,53 @@
+# Shared by the set-up scripts, which source it. Each of them can be run again at any time and then does only what
+# is missing.
+set -euo pipefail
+
+project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
+build=$project/build
+apt_options=(-qq -o DPkg::Lock::Timeout=300 -o Acquire::Retries=3)
+
+say() { echo "== $*" >&2; }
+
+die() {
+    echo "ERROR: $*" >&2
+    exit 1
+}
+
+as_root() {
+    if [ "$(id -u)" = 0 ]; then
+        "$@"
+    else
+        sudo "$@"
+    fi
+}
+
+is_installed() { [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2> /dev/null)" = installed ]; }
+
+# Installs the Debian packages that are not there yet.
+install_packages() {
+    local package missing=()
+    for package; do is_installed "$package" || missing+=("$package"); done
+    [ ${#missing[@]} -gt 0 ] || return 0
+    say "instalando: ${missing[*]}"
+    as_root apt-get "${apt_options[@]}" update
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get "${apt_options[@]}" install -y --no-install-recommends \
+        "${missing[@]}" > /dev/null
+}
+
+debian_codename() { (. /etc/os-release && echo "$VERSION_CODENAME"); }
+
+# The line for a sources list that names the Debian archive of this system: "deb" or "deb-src". Only the release
+# itself: the security suite is often incomplete on mirrors (sources, other architectures).
+debian_archive() {
+    local codename address
+    codename=$(debian_codename)
+    address=$(list_archives "$codename")
+    [ -n "$address" ] || { as_root apt-get "${apt_options[@]}" update && address=$(list_archives "$codename"); }
+    [ -n "$address" ] || die "los orígenes de apt de este sistema no incluyen Debian $codename main"
+    echo "$1 [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] ${address%%$'\n'*} $codename main"
+}
+
+list_archives() {
+    apt-get indextargets --format '$(REPO_URI)' \
+        'Created-By: Packages' 'Origin: Debian' "Codename: $1" 'Component: main'
+}

@@ -1,0 +1,8 @@
+#!/bin/bash
+# Installs what the native edition and its tests need.
+. "$(dirname "$0")/common.sh"
+
+install_packages g++ make cmake ninja-build pkg-config git ca-certificates openssl \
+    libsqlite3-dev libxml2-dev libfmt-dev libcli11-dev \
+    unixodbc unixodbc-dev tdsodbc libsqliteodbc \
+    libgtest-dev libgmock-dev libbenchmark-dev

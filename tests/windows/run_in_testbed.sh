@@ -1,0 +1,131 @@
+#!/bin/bash
+# Runs programs under Wine inside the test bed that setup/testbed.sh makes.
+#
+#   run_in_testbed.sh [--display] 64|32 SECONDS PROGRAM [ARGUMENT]…    a Windows program of that bitness
+#   run_in_testbed.sh [--display] session SECONDS COMMAND [ARGUMENT]…  a command inside the test bed; there it may
+#                                                                      call this script for one program after another
+#   run_in_testbed.sh has 64|32                                        can the test bed run that bitness?
+#
+# The project is seen at the same path inside; the current folder must lie in it. The exit code is the program's;
+# 124 when the time is up, 77 when the bitness is missing, 125 when the test bed itself fails. Everything lives in
+# namespaces of its own: however a run ends, the kernel ends its processes and mounts with it. The Wine prefix stays
+# (registrations too), so runs queue for it. --display offers an X screen with a window manager. TOLVEX_TESTBED names
+# another test bed than build/testbed.
+set -euo pipefail
+
+script=$(readlink -f "$0")
+project=$(dirname "$(dirname "$(dirname "$script")")")
+
+fail() {
+    echo "run_in_testbed: $2" >&2
+    exit "$1"
+}
+
+has_bitness() { [ -e "$testbed/runs-$1" ]; }
+
+require() {
+    [ "$1" = session ] || has_bitness "$1" || fail 77 "EL BANCO DE PRUEBAS NO TIENE WINE DE $1 BITS: no se ejecutó $3"
+}
+
+# --- on the host -----------------------------------------------------------------------------------------------------
+
+enter() {
+    [ -d "$testbed/prefix" ] || fail 125 "no hay banco de pruebas en $testbed; ejecute setup/testbed.sh"
+    case $PWD/ in "$project"/*) ;; *) fail 125 "la carpeta actual ($PWD) no está en el proyecto ($project)" ;; esac
+    require "$@"
+    exec 9> "$testbed/prefix.lock"
+    flock 9
+    exec unshare --mount --pid --fork --kill-child "$script" --mounted "$testbed" "$display" "$@"
+}
+
+mount_testbed() {
+    mount -t proc proc "$1/proc" &&
+        mount --rbind /dev "$1/dev" &&
+        mount -t tmpfs tmpfs "$1/tmp" &&
+        mkdir -p "$1$project" &&
+        mount --bind "$project" "$1$project"
+}
+
+change_root() {
+    local root=$1
+    shift
+    mount_testbed "$root" || fail 125 "no se pudo montar el banco de pruebas; hace falta la capacidad SYS_ADMIN"
+    unset DISPLAY WAYLAND_DISPLAY LD_PRELOAD LD_LIBRARY_PATH TMPDIR
+    exec env TOLVEX_INSIDE_TESTBED=1 HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=es_MX.UTF-8 \
+        WINEPREFIX=/prefix WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree=;mshtml=" \
+        chroot "$root" "$script" --inside "$PWD" "$@"
+}
+
+# --- inside ----------------------------------------------------------------------------------------------------------
+
+start_display() {
+    local number
+    mkfifo /tmp/display
+    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3> /tmp/display 2> /dev/null &
+    read -r -t 30 number < /tmp/display || fail 125 "Xvfb no arrancó"
+    export DISPLAY=:$number
+    openbox &
+}
+
+run_limited() {
+    local seconds=$1 status=0
+    shift
+    SECONDS=0
+    timeout --kill-after=2 "$seconds" "$@" || status=$?
+    case $status in 124 | 137) [ "$SECONDS" -lt "$seconds" ] || status=124 ;; esac
+    [ "$status" != 124 ] || echo "run_in_testbed: se acabó el tiempo ($seconds s): $*" >&2
+    return "$status"
+}
+
+run() {
+    local kind=$1 seconds=$2 status=0
+    require "$@"
+    shift 2
+    case $kind in
+        64) run_limited "$seconds" /usr/lib/wine/wine64 "$@" || status=$? ;;
+        32) run_limited "$seconds" /usr/lib/wine/wine "$@" || status=$? ;;
+        session) run_limited "$seconds" "$@" || status=$? ;;
+    esac
+    [ "$status" != 124 ] || end_wine
+    return "$status"
+}
+
+# Ends every Windows process; the server writes the registry as it goes.
+end_wine() { /usr/lib/wine/wineserver -k15 && /usr/lib/wine/wineserver -w || true; }
+
+start_inside() {
+    local status=0
+    cd "$1"
+    [ -z "$2" ] || start_display
+    shift 2
+    run "$@" || status=$?
+    end_wine
+    exit "$status"
+}
+
+# --- which of them ---------------------------------------------------------------------------------------------------
+
+if [ "${1-}" = --mounted ]; then
+    testbed=$2
+    shift
+    change_root "$@"
+fi
+testbed=${TOLVEX_TESTBED:-$project/build/testbed}
+[ -z "${TOLVEX_INSIDE_TESTBED-}" ] || testbed=
+if [ "${1-}" = --inside ]; then
+    shift
+    start_inside "$@"
+fi
+display=
+if [ "${1-}" = --display ]; then
+    display=$1
+    shift
+fi
+case ${1-} in
+    has) has_bitness "$2" ;;
+    64 | 32 | session)
+        [ $# -ge 3 ] || fail 125 "faltan los segundos o el programa"
+        if [ -n "${TOLVEX_INSIDE_TESTBED-}" ]; then run "$@"; else enter "$@"; fi
+        ;;
+    *) fail 125 "uso: run_in_testbed.sh [--display] 64|32|session SEGUNDOS PROGRAMA [ARGUMENTO]…" ;;
+esac
