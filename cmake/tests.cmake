@@ -2,8 +2,9 @@
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
-file(GLOB test_sources CONFIGURE_DEPENDS tests/*.cpp tests/*/*_test.cpp)
+file(GLOB test_sources CONFIGURE_DEPENDS tests/*.cpp tests/*/*_test.cpp tests/support/*.cpp)
 add_executable(tolvex_tests ${test_sources})
+target_include_directories(tolvex_tests PRIVATE tests)
 target_link_libraries(tolvex_tests PRIVATE tolvex_rooms GTest::gmock GTest::gtest_main)
 target_compile_definitions(tolvex_tests PRIVATE TOLVEX_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
                                                 TOLVEX_COMMAND="$<TARGET_FILE:tolvex_command>")

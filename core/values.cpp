@@ -118,9 +118,9 @@ double to_double(const Decimal& number)
 {
     const std::string form = (number.negative ? "-0." : "0.") + number.digits + "e" + std::to_string(number.point);
     double value = 0;
-    if (std::from_chars(form.data(), form.data() + form.size(), value).ec == std::errc::result_out_of_range)
-        throw overflow();
-    return value;
+    const auto result = std::from_chars(form.data(), form.data() + form.size(), value);
+    if (result.ec == std::errc::result_out_of_range && number.point > 0) throw overflow();
+    return value; // stays 0 for a number too small for a double
 }
 
 // Throws Error 6 unless the number, which has no digits after its point, fits 64 bits.
@@ -173,6 +173,7 @@ constexpr int largest_exponent = 100'000;
 int to_exponent(const std::string& digits, bool negative)
 {
     int exponent = 0;
+    if (digits.empty()) return 0; // "12 de marzo" has an exponent's letter but no exponent
     if (std::from_chars(digits.data(), digits.data() + digits.size(), exponent).ec != std::errc())
         exponent = largest_exponent;
     return negative ? -std::min(exponent, largest_exponent) : std::min(exponent, largest_exponent);
@@ -378,7 +379,8 @@ double round_half_even(double number, int decimals)
 
 CalendarDate calendar(Date date)
 {
-    if (!(date.days > -657'435.0 && date.days < 2'958'466.0)) throw overflow();
+    constexpr double first_day = -657'434, last_day = 2'958'465;
+    if (!(date.days > first_day - 1 && date.days < last_day + 1)) throw overflow();
     // Before 1899-12-30 the fraction still counts forward from midnight.
     double whole = std::trunc(date.days);
     int seconds = static_cast<int>(std::lround(std::abs(date.days - whole) * seconds_a_day));
@@ -386,6 +388,7 @@ CalendarDate calendar(Date date)
         seconds = 0;
         ++whole;
     }
+    if (whole > last_day) throw overflow();
     const std::chrono::year_month_day day(epoch + std::chrono::days(static_cast<int>(whole)));
     return {static_cast<int>(day.year()), static_cast<int>(static_cast<unsigned>(day.month())),
             static_cast<int>(static_cast<unsigned>(day.day())), seconds / 3600, seconds / 60 % 60, seconds % 60};
@@ -395,11 +398,15 @@ int year_of(Date date) { return calendar(date).year; }
 
 Date Date::of(int year, int month, int day, int hour, int minute, int second)
 {
+    const auto require = [](bool exists) {
+        if (!exists) throw type_mismatch();
+    };
+    // Calendar fields hold a byte: what does not fit one is refused before it is folded into a good month or day.
+    require(year >= 100 && year <= 9999 && month >= 1 && month <= 12 && day >= 1 && day <= 31);
+    require(hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60);
     const std::chrono::year_month_day date{std::chrono::year{year}, std::chrono::month(static_cast<unsigned>(month)),
                                            std::chrono::day(static_cast<unsigned>(day))};
-    const bool exists = year >= 100 && year <= 9999 && date.ok() && hour >= 0 && hour < 24 && minute >= 0 &&
-                        minute < 60 && second >= 0 && second < 60;
-    if (!exists) throw type_mismatch();
+    require(date.ok());
     const int days = (sys_days(date) - epoch).count();
     const double time = (hour * 3600 + minute * 60 + second) / double{seconds_a_day};
     return {days < 0 ? days - time : days + time};

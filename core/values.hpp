@@ -29,7 +29,7 @@ Text format(Date date, TextView pattern);
 double to_number(TextView text);
 // The same as an amount: exact, four decimals, ties to even. Error 6 when it does not fit.
 Currency to_currency(TextView text);
-// Leading numeric part, blanks skipped: " 12 abc" is 12, "abc" is 0. Never fails.
+// Leading numeric part, blanks skipped: " 12 abc" is 12, "abc" is 0. Error 6 beyond a double's range, else never.
 double leading_number(TextView text);
 
 // Nearest whole number, ties to even. Throws Error 6 out of range.

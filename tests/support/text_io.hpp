@@ -1,4 +1,4 @@
-// Lets test failures show texts as people read them.
+// Lets test failures show amounts and dates as people read them.
 #pragma once
 
 #include "core/values.hpp"
@@ -11,9 +11,3 @@ inline void PrintTo(Currency amount, std::ostream* out) { *out << to_utf8(amount
 inline void PrintTo(Date date, std::ostream* out) { *out << to_utf8(format(date, u"yyyy-mm-dd hh:mm:ss")); }
 
 } // namespace tolvex
-
-namespace std {
-
-inline void PrintTo(const u16string& text, ostream* out) { *out << '"' << tolvex::to_utf8(text) << '"'; }
-
-} // namespace std
