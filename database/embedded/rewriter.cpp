@@ -100,18 +100,18 @@ bool is_short(const Token& verb) { return verb.is(u"set") || verb.is(u"begin") |
 // counterpart and are left out.
 void divide_statements(Tokens& tokens)
 {
-    const Token* verb = &nothing;
+    Token verb;
     for (std::size_t i = 0; i < tokens.size(); ++i) {
         Token& token = tokens[i];
         const bool first = i == 0 || tokens[i - 1].is(u";");
-        const bool next = is_short(*verb) ? opens_statement(token)
-                                          : changes_rows(token) && opens_statement(*verb) &&
-                                                !continues_clause(tokens[i - 1]);
+        const bool parted = (changes_rows(token) || ends_transaction(token)) && opens_statement(verb);
+        const bool next =
+            is_short(verb) ? opens_statement(token) : parted && !continues_clause(tokens[i - 1]);
         if (first || next) {
             token.starts_statement = true;
-            verb = &token;
+            verb = token;
         }
-        if (verb->is(u"set") && !token.is(u";")) drop(token);
+        if (verb.is(u"set") && !token.is(u";")) drop(token);
     }
 }
 
