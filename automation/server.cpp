@@ -7,6 +7,8 @@
 #include <atomic>
 #include <new>
 
+#include <olectl.h>
+
 extern "C" IMAGE_DOS_HEADER __ImageBase; // where this module lies in memory
 
 namespace tolvex::automation {

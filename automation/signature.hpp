@@ -215,14 +215,6 @@ inline constexpr bool describe_only = false;
 
 // --- the entries of the table ---
 
-template <class>
-struct Count;
-template <class... T>
-struct Count<std::tuple<T...>>
-{
-    static constexpr std::size_t value = sizeof...(T);
-};
-
 template <class... Parameters>
 void add_types(std::vector<Parameter>& parameters, std::tuple<Parameters...>*)
 {
@@ -230,33 +222,33 @@ void add_types(std::vector<Parameter>& parameters, std::tuple<Parameters...>*)
     ((parameter->type = Argument<Parameters>::type, (parameter++)->written = Argument<Parameters>::written), ...);
 }
 
-template <auto function, class Result_ = typename Signature<decltype(function)>::Value>
-Method method(const wchar_t* name, std::vector<Parameter> parameters)
+template <auto function, class Result_>
+Method entry(const wchar_t* name, std::vector<Parameter> parameters)
 {
     using Parameters = typename Signature<decltype(function)>::Parameters;
     add_types(parameters, static_cast<Parameters*>(nullptr));
-    Method entry{name, std::move(parameters), Result<Result_>::type, nullptr, nullptr};
+    Method made{name, std::move(parameters), Result<Result_>::type, nullptr, nullptr};
     if constexpr (!describe_only) {
         using Called = Entry<function, Result_, Parameters, typename Result<Result_>::Out>;
-        entry.early = reinterpret_cast<EntryPoint>(&Called::early);
-        entry.late = &Called::late;
+        made.early = reinterpret_cast<EntryPoint>(&Called::early);
+        made.late = &Called::late;
     }
-    return entry;
+    return made;
 }
 
 template <auto function, class Result_ = typename Signature<decltype(function)>::Value, std::size_t count>
 Method method(const wchar_t* name, const Parameter (&parameters)[count])
 {
-    static_assert(count == Count<typename Signature<decltype(function)>::Parameters>::value,
+    static_assert(count == std::tuple_size_v<typename Signature<decltype(function)>::Parameters>,
                   "one name for every parameter of the method");
     static_assert(count <= most_parameters);
-    return method<function, Result_>(name, std::vector<Parameter>(parameters, parameters + count));
+    return entry<function, Result_>(name, {parameters, parameters + count});
 }
 
 template <auto function, class Result_ = typename Signature<decltype(function)>::Value>
 Method method(const wchar_t* name)
 {
-    return method<function, Result_>(name, std::vector<Parameter>());
+    return entry<function, Result_>(name, {});
 }
 
 template <class Implementation>

@@ -17,13 +17,15 @@ Error failed_conversion(HRESULT reason, const wchar_t* parameter)
     switch (reason) {
     case E_OUTOFMEMORY: throw std::bad_alloc();
     case DISP_E_OVERFLOW: return failed(6, u"Desbordamiento", parameter);
-    case DISP_E_MEMBERNOTFOUND: return failed(438, u"El objeto no tiene un valor predeterminado", parameter);
     default: return failed(13, u"No coinciden los tipos", parameter);
     }
 }
 
 // A Boolean becomes the text that the host's own language uses for it.
 constexpr USHORT text_rules = VARIANT_ALPHABOOL | VARIANT_LOCALBOOL;
+
+// The functions of the operating system read their source and leave it as it is, but do not say so.
+VARIANT* source(const VARIANT& value) { return const_cast<VARIANT*>(&value); }
 
 bool is_structured(const VARIANT& value) { return V_ISARRAY(&value) || (value.vt & VT_TYPEMASK) == VT_RECORD; }
 
@@ -48,7 +50,7 @@ void require_convertible(const VARIANT& value, const wchar_t* parameter)
 Variant without_reference(const VARIANT& argument, const wchar_t* parameter)
 {
     Variant value;
-    const HRESULT outcome = argument.byref ? VariantCopyInd(&value, &argument) : DISP_E_TYPEMISMATCH;
+    const HRESULT outcome = argument.byref ? VariantCopyInd(&value, source(argument)) : DISP_E_TYPEMISMATCH;
     if (FAILED(outcome)) throw failed_conversion(outcome, parameter);
     return value;
 }
@@ -81,8 +83,8 @@ Variant coerced(const VARIANT& argument, VARTYPE type, const wchar_t* parameter)
     if (V_ISBYREF(&value)) return coerced(without_reference(value, parameter), type, parameter);
     Variant converted;
     const HRESULT outcome = type == VT_VARIANT
-                                ? VariantCopy(&converted, &value)
-                                : VariantChangeTypeEx(&converted, &value, GetUserDefaultLCID(), text_rules, type);
+                                ? VariantCopy(&converted, source(value))
+                                : VariantChangeTypeEx(&converted, source(value), GetUserDefaultLCID(), text_rules, type);
     if (FAILED(outcome)) throw failed_conversion(outcome, parameter);
     require_convertible(converted, parameter);
     return converted;

@@ -15,8 +15,10 @@ std::wstring cpp_header();
 // The component as an assembly for the processor architecture ("x86", "amd64").
 std::wstring manifest(const std::wstring& architecture);
 
-// UTF-8. Throws std::runtime_error.
-void write_text(const std::wstring& path, const std::wstring& text);
+std::string utf8(const std::wstring& text);
+// Both throw std::runtime_error.
+std::string read_file(const std::wstring& path);
+void write_file(const std::wstring& path, const std::string& bytes);
 
 std::wstring text_of(const GUID& id);
 

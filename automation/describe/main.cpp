@@ -17,9 +17,9 @@ try {
     const std::wstring folder = std::wstring(arguments[1]) + L"\\";
     write_type_library(folder + L"TOLVEX-win32.tlb", SYS_WIN32);
     write_type_library(folder + L"TOLVEX-win64.tlb", SYS_WIN64);
-    write_text(folder + L"TOLVEX.hpp", cpp_header());
-    write_text(folder + L"TOLVEX-win32.manifest", manifest(L"x86"));
-    write_text(folder + L"TOLVEX-win64.manifest", manifest(L"amd64"));
+    write_file(folder + L"TOLVEX.hpp", utf8(cpp_header()));
+    write_file(folder + L"TOLVEX-win32.manifest", utf8(manifest(L"x86")));
+    write_file(folder + L"TOLVEX-win64.manifest", utf8(manifest(L"amd64")));
     return 0;
 } catch (const std::exception& error) {
     std::fprintf(stderr, "describe_surface: %s\n", error.what());

@@ -73,6 +73,8 @@ std::wstring manifest_interface(const Class& described)
            text_of(library_id) + L"\"/>\n";
 }
 
+} // namespace
+
 std::string utf8(const std::wstring& text)
 {
     const int characters = static_cast<int>(text.size());
@@ -80,6 +82,17 @@ std::string utf8(const std::wstring& text)
     bytes.resize(static_cast<std::size_t>(WideCharToMultiByte(
         CP_UTF8, 0, text.data(), characters, bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr)));
     return bytes;
+}
+
+namespace {
+
+using File = std::unique_ptr<FILE, int (*)(FILE*)>;
+
+File open_file(const std::wstring& path, const wchar_t* mode)
+{
+    File file(_wfopen(path.c_str(), mode), std::fclose);
+    if (!file) throw std::runtime_error("cannot open " + utf8(path));
+    return file;
 }
 
 } // namespace
@@ -93,7 +106,7 @@ std::wstring text_of(const GUID& id)
 
 std::wstring cpp_header()
 {
-    std::wstring text = L"// The automation interfaces of TOLVEX for C++ hosts. Every argument goes by reference;\n"
+    std::wstring text = L"\uFEFF// The automation interfaces of TOLVEX for C++ hosts. Every argument goes by reference;\n"
                         L"// optional ones must be given too (docs/automation.md lists their defaults).\n"
                         L"#pragma once\n\n#include <windows.h>\n\n#include <oaidl.h>\n\nnamespace TOLVEX {\n";
     for (const Class& described : surface()) text += cpp_interface(described);
@@ -118,11 +131,18 @@ std::wstring manifest(const std::wstring& architecture)
     return text + L"</assembly>\n";
 }
 
-void write_text(const std::wstring& path, const std::wstring& text)
+std::string read_file(const std::wstring& path)
 {
-    const std::string bytes = utf8(text);
-    const std::unique_ptr<FILE, int (*)(FILE*)> file(_wfopen(path.c_str(), L"wb"), std::fclose);
-    if (!file || std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
+    const File file = open_file(path, L"rb");
+    std::string bytes(1 << 20, '\0');
+    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file.get()));
+    return bytes;
+}
+
+void write_file(const std::wstring& path, const std::string& bytes)
+{
+    const File file = open_file(path, L"wb");
+    if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
         throw std::runtime_error("cannot write " + utf8(path));
 }
 

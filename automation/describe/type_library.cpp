@@ -73,11 +73,52 @@ TYPEDESC by_reference(TYPEDESC& pointed)
     return pointer;
 }
 
+// Wine's type library writer has no currency values and keeps one byte of True. A currency goes through it as a text
+// that takes as many bytes, and both are put right in the file.
+class Corrections
+{
+public:
+    Variant storable(Variant value)
+    {
+        if (value.vt != VT_CY) return value;
+        wchar_t mark[5];
+        std::swprintf(mark, 5, L"$%03zu", amounts_.size());
+        amounts_.push_back(value.cyVal);
+        value.vt = VT_BSTR;
+        value.bstrVal = SysAllocString(mark);
+        return value;
+    }
+
+    void apply(std::string& file) const
+    {
+        for (std::size_t i = 0; i < amounts_.size(); ++i) {
+            char marked[] = {VT_BSTR, 0, 4, 0, 0, 0, '$', '0', static_cast<char>('0' + i / 10),
+                             static_cast<char>('0' + i % 10)};
+            std::string amount = {VT_CY, 0};
+            amount.append(reinterpret_cast<const char*>(&amounts_[i]), sizeof(CY));
+            replace(file, {marked, sizeof marked}, amount);
+        }
+        replace(file, {"\xFF\x00\x00\xAC", 4}, {"\xFF\xFF\x00\xAC", 4});
+    }
+
+private:
+    static void replace(std::string& file, const std::string& stored, const std::string& meant)
+    {
+        const std::size_t place = file.find(stored);
+        if (place == std::string::npos || file.find(stored, place + 1) != std::string::npos)
+            throw std::runtime_error("a default value is not where it was expected in the type library");
+        file.replace(place, stored.size(), meant);
+    }
+
+    std::vector<CY> amounts_;
+};
+
 // The function description of one method and everything that it points to.
 class Description
 {
 public:
-    Description(const Method& method, std::size_t index) : pointed_(most_parameters + 1), defaults_(most_parameters)
+    Description(const Method& method, std::size_t index, Corrections& corrections)
+        : corrections_(corrections), pointed_(most_parameters + 1), defaults_(most_parameters)
     {
         for (const Parameter& parameter : method.parameters) add_parameter(parameter);
         if (method.result != VT_EMPTY) add(method.result, PARAMFLAG_FOUT | PARAMFLAG_FRETVAL);
@@ -107,7 +148,7 @@ private:
         if (!parameter.is_optional()) return;
         PARAMDESCEX& value = defaults_[elements_.size() - 1];
         value.cBytes = sizeof value;
-        value.varDefaultValue = default_of(parameter).release();
+        value.varDefaultValue = corrections_.storable(default_of(parameter)).release();
         element.paramdesc.pparamdescex = &value;
         element.paramdesc.wParamFlags |= PARAMFLAG_FOPT | PARAMFLAG_FHASDEFAULT;
     }
@@ -128,6 +169,7 @@ private:
         for (const Parameter& parameter : method.parameters) names_.push_back(const_cast<LPOLESTR>(parameter.name));
     }
 
+    Corrections& corrections_;
     FUNCDESC function_{};
     std::vector<ELEMDESC> elements_;
     std::vector<TYPEDESC> pointed_;
@@ -135,21 +177,22 @@ private:
     std::vector<LPOLESTR> names_;
 };
 
-Owned<ICreateTypeInfo> add_interface(ICreateTypeLib2& library, const Class& described, ITypeInfo& dispatch)
+Owned<ICreateTypeInfo> add_interface(ICreateTypeLib2& library, const Class& described, ITypeInfo& dispatch,
+                                     Corrections& corrections)
 {
     auto type = new_type(library, std::wstring(L"_") + described.name, TKIND_INTERFACE, described.interface_id,
                          described.description);
     add_base(*type.get(), dispatch, 0);
     check(type->SetTypeFlags(TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FNONEXTENSIBLE), "SetTypeFlags");
     for (std::size_t i = 0; i < described.methods.size(); ++i)
-        Description(described.methods[i], i).add_to(*type.get(), i);
+        Description(described.methods[i], i, corrections).add_to(*type.get(), i);
     check(type->LayOut(), "LayOut");
     return type;
 }
 
-void add_class(ICreateTypeLib2& library, const Class& described, ITypeInfo& dispatch)
+void add_class(ICreateTypeLib2& library, const Class& described, ITypeInfo& dispatch, Corrections& corrections)
 {
-    const auto interface_type = add_interface(library, described, dispatch);
+    const auto interface_type = add_interface(library, described, dispatch, corrections);
     Owned<ITypeInfo> made;
     check(interface_type->QueryInterface(IID_ITypeInfo, reinterpret_cast<void**>(made.out())), "ITypeInfo");
     auto type = new_type(library, described.name, TKIND_COCLASS, described.class_id, described.description);
@@ -170,8 +213,12 @@ void write_type_library(const std::wstring& path, SYSKIND system)
     check(library->SetLcid(LOCALE_NEUTRAL), "SetLcid");
     check(library->SetDocString(writable(library_description)), "SetDocString");
     const auto dispatch = dispatch_interface();
-    for (const Class& described : surface()) add_class(*library.get(), described, *dispatch.get());
+    Corrections corrections;
+    for (const Class& described : surface()) add_class(*library.get(), described, *dispatch.get(), corrections);
     check(library->SaveAllChanges(), "SaveAllChanges");
+    std::string file = read_file(path);
+    corrections.apply(file);
+    write_file(path, file);
 }
 
 } // namespace tolvex::automation
