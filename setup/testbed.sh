@@ -10,7 +10,7 @@ testbed=$build/testbed
 new=$testbed.new
 settings=$build/testbed-apt.conf
 packages_64=wine,wine64,unixodbc,libsqliteodbc,xvfb,xdotool,openbox,x11-utils,imagemagick,fonts-liberation,locales
-packages_32=wine32:i386,libsqliteodbc:i386
+packages_32=wine32:i386,libodbc2:i386,libsqliteodbc:i386
 
 # Proxies and certificates that this system's apt is set up with hold for the test bed too.
 copy_apt_settings() { apt-config dump | grep -E '^Acquire::(https?|Retries|Check-)' > "$settings" || true; }
@@ -23,6 +23,7 @@ install_debian() {
         --aptopt='APT::Install-Recommends "false"' --dpkgopt=force-unsafe-io \
         --dpkgopt='path-exclude=/usr/share/doc/*' --dpkgopt='path-exclude=/usr/share/man/*' \
         --customize-hook='chroot "$1" localedef -i es_MX -f UTF-8 es_MX.UTF-8' \
+        --customize-hook='echo 127.0.0.1 localhost caja > "$1/etc/hosts"' \
         "$(debian_codename)" "$new" -
 }
 

@@ -35,11 +35,12 @@ enter() {
     require "$@"
     exec 9> "$testbed/prefix.lock"
     flock 9
-    exec unshare --mount --pid --fork --kill-child "$script" --mounted "$testbed" "$display" "$@"
+    exec unshare --mount --pid --uts --fork --kill-child "$script" --mounted "$testbed" "$display" "$@"
 }
 
 mount_testbed() {
-    mount -t proc proc "$1/proc" &&
+    hostname caja &&
+        mount -t proc proc "$1/proc" &&
         mount --rbind /dev "$1/dev" &&
         mount -t tmpfs tmpfs "$1/tmp" &&
         mkdir -p "$1$project" &&
