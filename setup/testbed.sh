@@ -12,6 +12,11 @@ settings=$build/testbed-apt.conf
 packages_64=wine,wine64,unixodbc,libsqliteodbc,xvfb,xdotool,openbox,x11-utils,imagemagick,fonts-liberation,locales
 packages_32=wine32:i386,libodbc2:i386,libsqliteodbc:i386
 
+require_namespaces() {
+    unshare --mount --pid --uts --fork true ||
+        die "este sistema no deja crear espacios de nombres (unshare); un contenedor necesita --privileged"
+}
+
 # Proxies and certificates that this system's apt is set up with hold for the test bed too.
 copy_apt_settings() { apt-config dump | grep -E '^Acquire::(https?|Retries|Check-)' > "$settings" || true; }
 
@@ -60,6 +65,7 @@ make_testbed() {
 
 recipe=$(sha256sum "$0" | cut -d ' ' -f 1)
 if [ "$(cat "$testbed/recipe" 2> /dev/null)" != "$recipe" ]; then
+    require_namespaces
     install_packages mmdebstrap
     mkdir -p "$build"
     make_testbed

@@ -67,7 +67,7 @@ start_display() {
     Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3> /tmp/display 2> /dev/null &
     read -r -t 30 number < /tmp/display || fail 125 "Xvfb no arrancó"
     export DISPLAY=:$number
-    openbox 2> /dev/null &
+    openbox &> /dev/null &
 }
 
 run_limited() {
