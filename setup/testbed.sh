@@ -67,7 +67,6 @@ recipe=$(sha256sum "$0" | cut -d ' ' -f 1)
 if [ "$(cat "$testbed/recipe" 2> /dev/null)" != "$recipe" ]; then
     require_namespaces
     install_packages mmdebstrap
-    mkdir -p "$build"
     make_testbed
     echo "$recipe" > "$new/recipe"
     rm -rf "$testbed"
