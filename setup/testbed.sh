@@ -32,7 +32,7 @@ install_debian() {
         "$(debian_codename)" "$new" -
 }
 
-run_new() { TOLVEX_TESTBED=$new "$project/tests/windows/run_in_testbed.sh" "$@"; }
+run_new() { (cd "$project" && TOLVEX_TESTBED=$new tests/windows/run_in_testbed.sh "$@"); }
 
 # The first program that runs makes the prefix. A crash must end its program, not wait in a window.
 make_prefix() {
