@@ -12,6 +12,8 @@ namespace {
 
 // Msxml2.DOMDocument of the Microsoft XML 3.0 type library.
 constexpr CLSID dom_document_class{0xF6D90F11, 0x9C73, 0x11D3, {0xB3, 0x2E, 0x00, 0xC0, 0x4F, 0x99, 0x0B, 0xB4}};
+// IXMLDOMDocument2, whose identifier the import libraries of the compiler lack.
+constexpr IID dom_document_interface{0x2933BF95, 0x7B36, 0x11D2, {0xB2, 0x0E, 0x00, 0xC0, 0x4F, 0x98, 0x3E, 0x60}};
 
 IXMLDOMElement* element(void* node) { return static_cast<IXMLDOMElement*>(node); }
 
@@ -60,7 +62,7 @@ void XmlElement::set_text(const Text& text)
 XmlDocument::XmlDocument() : native_(std::make_unique<Native>())
 {
     auto& document = native_->document;
-    check(CoCreateInstance(dom_document_class, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IXMLDOMDocument2),
+    check(CoCreateInstance(dom_document_class, nullptr, CLSCTX_INPROC_SERVER, dom_document_interface,
                            reinterpret_cast<void**>(document.out())),
           u"Msxml2.DOMDocument");
     check(document->put_resolveExternals(VARIANT_TRUE), u"XML resolveExternals");
