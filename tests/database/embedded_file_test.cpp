@@ -273,6 +273,7 @@ TEST_F(EmbeddedFile, a_burst_ends_durable_whatever_happens_in_it)
         {
             WriteBurst burst(connection);
             work();
+            burst.finish();
         }
         connection.roll_back();
         EXPECT_EQ(durable_level(connection), full);
