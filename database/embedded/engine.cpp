@@ -137,7 +137,6 @@ Text Database::why(int code) const
     case SQLITE_CORRUPT:
         return u"el archivo está dañado; recupérelo de un respaldo";
     case SQLITE_BUSY:
-    case SQLITE_LOCKED:
         return u"otro programa está escribiendo en ella; espere a que termine y repita la operación";
     case SQLITE_READONLY:
         return u"el archivo o su carpeta son de sólo lectura; dé permiso de escritura en ellos";

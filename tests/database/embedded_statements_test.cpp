@@ -265,11 +265,11 @@ TEST_F(EmbeddedStatements, expressions_mean_what_they_mean_in_tsql)
 {
     expect({
         {u"select 'a' + 'b'", u"ab"},
-        {u"select N'ñ'+[cRfc] from dbo.[FE_EMPRESAS] with (nolock, rowlock) where nEmpresa=2",
+        {u"select N'ñ'+[cRfc] from dbo.[FE_EMPRESAS] e with (nolock, rowlock) where nEmpresa=2",
          u"ñBBB020202BBB"},
         {u"select 1 + 2 * 3 - -4 + 5", u"16"},
         {u"select 10 - 2 + 3 - 1", u"10"},
-        {u"select 2 * +3 - +1, t.top + 1 from (select 5 as [top]) t", u"5|6"},
+        {u"select 2 * +3 - +1, t.top + 'a' from (select 'x' as [top]) t", u"5|xa"},
         {u"select 'a' + null", u"Null"},
         {u"select '1' + 2", u"3"},
         {u"select 0.1 + 0.2", u"0.3"},
