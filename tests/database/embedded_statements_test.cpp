@@ -326,6 +326,8 @@ TEST_F(EmbeddedStatements, what_is_wrong_comes_back_in_the_engines_own_words)
         {u"select convert(punto,1)", u"Error: convert: el tipo punto no se conoce"},
         {u"select left('a',-1)", u"Error: Llamada a procedimiento o argumento no válidos"},
         {u"select year('ayer')", u"Error: No coinciden los tipos"},
+        {u"select top 1 nID from FE_VENTAS_RESUMEN union select 9",
+         u"Error: LIMIT clause should come after UNION not before"},
         {u"select @cIndFactura", u"Error: El número de parámetros no es el de la instrucción SQL"},
         {Text(u"select 1\0drop", 13), u"Error: La instrucción SQL contiene un carácter nulo"},
         {u"", u""},
