@@ -242,6 +242,7 @@ TEST_F(SqlServer, a_statement_that_waits_for_a_lock_ends_with_its_time_out)
     waiting.open();
     EXPECT_EQ(error_number([&] { waiting.execute(update); }), database_error);
     holder.roll_back();
+    waiting.open(); // not every server keeps a connection whose statement was given up
     waiting.execute(update);
     EXPECT_EQ(answer(u"Select nUltimoFolio from FE_FOLIOS where nFolio=1").int32(), 9);
 }
