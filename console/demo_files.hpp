@@ -29,14 +29,14 @@ EMITE||1|INGRESO|16|0
     {"nota_de_credito.txt",
      R"(# Una nota de crédito; su rango de folios es el 2.
 EMISOR|1|1
-CLIENTE|PEGM800101AB1|María Peña Güemes|Avenida Niños Héroes|120||Del Valle||Distrito Federal|Benito Juárez|México|03100|250.00|0.00|40.00|290.00|1|2|{FECHA}
+CLIENTE|PEGM800101AB1|María Peña Güemes|Avenida Niños Héroes|120||Del Valle||Distrito Federal|Benito Juárez|México|03100|250.00|0.00|40.00|290.00|1|2|{FECHA}|
 DETALLE|1|N|PAN-07|Devolución de pan de muerto|20|PZA|12.50|40.00|250.00|16
 EMITE||1|egreso|16|0
 )"},
     {"addenda.txt",
      R"(# Una factura cuyo receptor pide una addenda con su orden de compra y los códigos de sus renglones.
 EMISOR|1|1
-CLIENTE|TIE010203ABC|Tiendas El Águila, S.A.|Calzada de los Gallos|77||Industrial||Nuevo León|Monterrey|México|64000|300.00|10.00|46.40|336.40|1|1|{FECHA}
+CLIENTE|TIE010203ABC|Tiendas El Águila, S.A.|Calzada de los Gallos|77||Industrial||Nuevo León|Monterrey|México|64000|300.00|10.00|46.40|336.40|1|1|{FECHA}|
 DETALLE|3|F|LAP-02|Lápiz del número 2|100|PZA|2.00|32.00|200.00|16
 DETALLE|3|F|CUA-10|Cuaderno rayado de 100 hojas|4|PZA|25.00|14.40|100.00|16
 ADDENDA|TIE010203ABC|2|1|OC-2011-0457
