@@ -151,8 +151,12 @@ Text header_piece(Session& session, DocumentValues& document, bool EsNotaCredito
 
 Text original_string(Session& session, DocumentValues& document)
 {
-    return u"|" + header_piece(session, document, document.es_nota_credito) + receiver_piece(document) +
-           concepts_piece(session, document) + taxes_piece(session, document);
+    // Piece after piece: the header sets amounts that the taxes read.
+    Text string = u"|" + header_piece(session, document, document.es_nota_credito);
+    string += receiver_piece(document);
+    string += concepts_piece(session, document);
+    string += taxes_piece(session, document);
+    return string;
 }
 
 } // namespace tolvex
