@@ -14,7 +14,10 @@ Station::Station()
     std::filesystem::copy(TOLVEX_SOURCE_DIR "/tests/datos/llave.pem", folder() / "pkey.key.pem");
     ConfigFE().SetDatosConexion(u"", u"", database_path(), u"sqlite:");
     ConfigFE().AbrirConexion();
+    Connection& connection = shared_connection(session());
+    connection.begin_transaction(); // one flush instead of seven
     store_master_data();
+    connection.commit();
 }
 
 Station::~Station()
