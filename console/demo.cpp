@@ -190,7 +190,7 @@ void Demo::issue(const DemoFile& file)
     const Text moment = format(local_now(), u"yyyy-mm-dd hh:mm:ss");
     files::write(path(name), to_utf8(replace_all(to_text(file.content), u"{FECHA}", moment)));
     const FlatFileResult result = issue_flat_file_records(session(), path(name), {});
-    if (!result.failure.empty()) throw Error(5, path(name) + u": " + result.failure);
+    if (!result.failure.empty()) throw Error(5, files::native_path(path(name)) + u": " + result.failure);
     for (const IssuedDocument& document : result.documents) {
         say(u"\n" + name + u": " + document.series + document.folio);
         say(u"  " + files::native_path(document.xml_path));

@@ -44,6 +44,7 @@ void add_document_key(CLI::App& command, DocumentKey& key)
 
 void speak_spanish(CLI::App& app)
 {
+    app.option_defaults()->group("Opciones");
     app.set_help_flag("-h,--help", "Muestra esta ayuda");
     const auto formatter = app.get_formatter();
     for (const auto& [english, spanish] : {std::pair{"Usage", "Uso"},
@@ -51,8 +52,6 @@ void speak_spanish(CLI::App& app)
                                            {"OPTION", "OPCIÓN"},
                                            {"SUBCOMMAND", "ORDEN"},
                                            {"SUBCOMMANDS", "ÓRDENES"},
-                                           {"Subcommands", "Órdenes"},
-                                           {"Options", "Opciones"},
                                            {"Positionals", "Argumentos"},
                                            {"POSITIONALS", "ARGUMENTOS"},
                                            {"REQUIRED", "(obligatorio)"},
@@ -63,17 +62,25 @@ void speak_spanish(CLI::App& app)
     formatter->column_width(32);
 }
 
-// What is wrong with the command line, in Spanish.
-std::string usage_message(const CLI::App* app, const CLI::Error& error)
+// The part of a library's message that names the argument.
+std::string named(const std::string& message, const std::string& before, const std::string& after)
 {
-    const std::string name = error.get_name();
-    std::string reason = error.what();
-    if (name == "ExtrasError") reason = "sobra un argumento u opción desconocida en la orden";
-    else if (name == "RequiredError") reason = "falta un dato obligatorio o la orden";
-    else if (name == "ConversionError") reason = "un valor no es un número válido";
-    else if (name == "ArgumentMismatch") reason = "a una opción le falta su valor o le sobra";
-    return "tolvex: " + reason + " (" + error.what() + ")\nVea «" +
-           (app->get_parent() ? "tolvex " + app->get_name() : std::string("tolvex")) + " --help».\n";
+    const auto start = message.find(before);
+    const auto from = before.empty() || start == std::string::npos ? 0 : start + before.size();
+    return message.substr(from, after.empty() ? std::string::npos : message.find(after, from) - from);
+}
+
+// What is wrong with the command line, in Spanish.
+std::string usage_message(const CLI::App*, const CLI::Error& error)
+{
+    const std::string name = error.get_name(), message = error.what();
+    std::string reason = message;
+    if (message.starts_with("A subcommand")) reason = "falta la orden";
+    else if (name == "RequiredError") reason = "falta " + named(message, "", " is required");
+    else if (name == "ExtrasError") reason = "no se conoce o sobra: " + named(message, ": ", "");
+    else if (name == "ConversionError") reason = "no es un número válido: " + named(message, ": ", "");
+    else if (name == "ArgumentMismatch") reason = "falta el valor de " + named(message, "", ":");
+    return "tolvex: " + reason + "\nVea «tolvex --help» o «tolvex ORDEN --help».\n";
 }
 
 } // namespace
@@ -95,36 +102,39 @@ int main(int argc, char** argv)
     bool credit_note = false, extended_root = false, create = false;
     int result = 0;
 
-    auto* demo_command = app.add_subcommand("demo", "Prepara una empresa de prueba y emite documentos de verdad");
+    const auto add_command = [&](const char* name, const char* purpose) {
+        return app.add_subcommand(name, purpose)->group("Órdenes");
+    };
+    auto* demo_command = add_command("demo", "Prepara una empresa de prueba y emite documentos de verdad");
     demo_command->add_option("--carpeta", folder, "Carpeta de trabajo")->capture_default_str();
     demo_command->callback([&] { result = demo(place, folder); });
 
-    auto* emite_command = app.add_subcommand(
+    auto* emite_command = add_command(
         "emite", "Emite los documentos de un archivo plano y escribe la ruta de cada XML, uno por línea");
     emite_command->add_option("ARCHIVO", file, "Archivo plano (vea docs/archivo-plano.md)")->required();
     emite_command->add_flag("--raiz-extendida", extended_root,
                             "Escribe en el XML la raíz extendida, con folio y método de pago");
     emite_command->callback([&] { result = emite(place, file, extended_root); });
 
-    auto* cancela_command = app.add_subcommand("cancela", "Marca un documento como cancelado");
+    auto* cancela_command = add_command("cancela", "Marca un documento como cancelado");
     add_document_key(*cancela_command, key);
     cancela_command->add_option("--fecha", date, "Fecha de cancelación aaaa-mm-dd (si falta, hoy)");
     cancela_command->add_flag("--nota-de-credito", credit_note, "El documento es una nota de crédito");
     cancela_command->callback([&] { result = cancela(place, key, date, credit_note); });
 
-    auto* borra_command = app.add_subcommand("borra", "Borra un documento con su receptor y sus renglones");
+    auto* borra_command = add_command("borra", "Borra un documento con su receptor y sus renglones");
     add_document_key(*borra_command, key);
     borra_command->callback([&] { result = borra(place, key); });
 
-    auto* folio_command = app.add_subcommand("folio", "Escribe el siguiente folio de un rango, sin tomarlo");
+    auto* folio_command = add_command("folio", "Escribe el siguiente folio de un rango, sin tomarlo");
     folio_command->add_option("CLAVE", range, "Número del rango de folios")->required();
     folio_command->callback([&] { result = folio(place, range); });
 
-    auto* esquema_command = app.add_subcommand("esquema", "Escribe las instrucciones que crean las tablas");
+    auto* esquema_command = add_command("esquema", "Escribe las instrucciones que crean las tablas");
     esquema_command->add_flag("--crea", create, "Crea en la base de datos las tablas que falten");
     esquema_command->callback([&] { result = esquema(place, create); });
 
-    app.add_subcommand("conexion", "Dice qué base de datos se alcanzó y si su esquema está completo")
+    add_command("conexion", "Dice qué base de datos se alcanzó y si su esquema está completo")
         ->callback([&] { result = conexion(place); });
 
     try {

@@ -32,6 +32,15 @@ void append_utf8(std::string& bytes, char32_t c)
     for (int i = continuation - 1; i >= 0; --i) bytes += static_cast<char>(0x80 | ((c >> (6 * i)) & 0x3F));
 }
 
+// How many bytes follow a lead byte; 0 when it is none.
+int continuation_bytes(unsigned char lead)
+{
+    if (lead >= 0xC2 && lead < 0xE0) return 1;
+    if (lead >= 0xE0 && lead < 0xF0) return 2;
+    if (lead >= 0xF0 && lead < 0xF5) return 3;
+    return 0;
+}
+
 // Code point at the position, which moves past it; false (and one byte further) when the bytes are no UTF-8.
 bool next_code_point(std::string_view bytes, std::size_t& position, char32_t& c)
 {
@@ -41,9 +50,7 @@ bool next_code_point(std::string_view bytes, std::size_t& position, char32_t& c)
         c = lead;
         return true;
     }
-    const int continuation = lead >= 0xC2 && lead < 0xE0 ? 1 : (lead & 0xF0) == 0xE0 ? 2
-                             : lead >= 0xF0 && lead < 0xF5                         ? 3
-                                                                                   : 0;
+    const int continuation = continuation_bytes(lead);
     if (continuation == 0 || position + continuation > bytes.size()) return false;
     c = lead & (0x3F >> continuation);
     for (int i = 0; i < continuation; ++i) {

@@ -3,6 +3,7 @@
 #include "core/errors.hpp"
 
 #include <algorithm>
+#include <cmath>
 
 namespace tolvex {
 
@@ -36,6 +37,30 @@ Text text_after(TextView sql, TextView word)
     const auto from = start + word.size();
     const auto end = std::min(upper.find(u" WHERE ", from), upper.size());
     return trim(sql.substr(from, end - from));
+}
+
+// Ties to even.
+std::int64_t nearest_whole(double number)
+{
+    constexpr double beyond = 9.2e18;
+    if (!(std::abs(number) < beyond)) throw overflow();
+    return static_cast<std::int64_t>(std::nearbyint(number));
+}
+
+// The value as the kind of the column that takes it, so that a bad one is refused when it is set and every driver
+// stores the same. Throws Error 13, or 6 for a number out of range.
+Value as_kind(const Value& value, ColumnKind kind)
+{
+    if (value.is_null()) return value;
+    switch (kind) {
+    case ColumnKind::text: return value.text();
+    case ColumnKind::integer: return nearest_whole(value.number());
+    case ColumnKind::floating: return value.number();
+    case ColumnKind::money: return value.currency();
+    case ColumnKind::date: return value.date();
+    case ColumnKind::bit: return value.boolean();
+    }
+    return value;
 }
 
 Text joined(const std::vector<Text>& parts)
@@ -111,10 +136,12 @@ void UpdatableRecordset::add_new()
     changes_.clear();
 }
 
-void UpdatableRecordset::set(TextView column, Value value)
+void UpdatableRecordset::set(TextView column, const Value& value)
 {
     if (!adding_ && !current_) throw no_current_row();
-    changes_.emplace_back(position_of(columns_, column), std::move(value));
+    const std::size_t position = position_of(columns_, column);
+    std::erase_if(changes_, [&](const auto& change) { return change.first == position; });
+    changes_.emplace_back(position, as_kind(value, columns_[position].kind));
 }
 
 void UpdatableRecordset::update()

@@ -74,8 +74,10 @@ public:
     bool eof() const { return !current_; }
     Value operator[](TextView column) const;
     void add_new();
-    // Sets a column of the new or the current row; the name must be a column of the statement (Error 3265).
-    void set(TextView column, Value value);
+    // Sets a column of the new or the current row, anew if it was set before; the name must be a column of the
+    // statement (Error 3265). The value is converted to the column's kind: Error 13 when it cannot be, 6 when it does
+    // not fit.
+    void set(TextView column, const Value& value);
     // Sends the row. Throws Error with the driver's description; nothing is then stored.
     void update();
 

@@ -146,7 +146,7 @@ XmlElement AddendaWriter::add_node(XmlElement parent, const Node& node, const Te
         return parent;
     }
     XmlElement element = parent.append(node.cNombre);
-    element.set_text(value);
+    if (!value.empty()) element.set_text(value);
     return element;
 }
 

@@ -151,12 +151,13 @@ Text header_piece(Session& session, DocumentValues& document, bool EsNotaCredito
 
 Text original_string(Session& session, DocumentValues& document)
 {
-    // Piece after piece: the header sets amounts that the taxes read.
-    Text string = u"|" + header_piece(session, document, document.es_nota_credito);
-    string += receiver_piece(document);
-    string += concepts_piece(session, document);
-    string += taxes_piece(session, document);
-    return string;
+    // Piece after piece: the header sets the amounts that the taxes print.
+    Text whole = u"|";
+    whole += header_piece(session, document, document.es_nota_credito);
+    whole += receiver_piece(document);
+    whole += concepts_piece(session, document);
+    whole += taxes_piece(session, document);
+    return whole;
 }
 
 } // namespace tolvex

@@ -100,18 +100,18 @@ bool is_short(const Token& verb) { return verb.is(u"set") || verb.is(u"begin") |
 // counterpart and are left out.
 void divide_statements(Tokens& tokens)
 {
-    const Token* verb = &nothing;
+    Token verb;
     for (std::size_t i = 0; i < tokens.size(); ++i) {
         Token& token = tokens[i];
         const bool first = i == 0 || tokens[i - 1].is(u";");
-        const bool next = is_short(*verb) ? opens_statement(token)
-                                          : changes_rows(token) && opens_statement(*verb) &&
-                                                !continues_clause(tokens[i - 1]);
+        const bool parted = (changes_rows(token) || ends_transaction(token)) && opens_statement(verb);
+        const bool next =
+            is_short(verb) ? opens_statement(token) : parted && !continues_clause(tokens[i - 1]);
         if (first || next) {
             token.starts_statement = true;
-            verb = &token;
+            verb = token;
         }
-        if (verb->is(u"set") && !token.is(u";")) drop(token);
+        if (verb.is(u"set") && !token.is(u";")) drop(token);
     }
 }
 
@@ -166,9 +166,11 @@ void rewrite_cast(Tokens& tokens, std::size_t opening, const Partners& partners)
 {
     const std::size_t closing = partners[opening];
     if (closing == tokens.size()) return;
+    constexpr std::size_t longest_type = 6; // decimal(18,2)
+    const std::size_t furthest = closing - std::min(closing - opening, longest_type + 1);
     std::size_t as = closing;
-    while (as > opening && !tokens[as].is(u"as")) --as;
-    if (as == opening) return;
+    while (as > furthest && !tokens[as].is(u"as")) --as;
+    if (!tokens[as].is(u"as")) return;
     tokens[opening - 1].text = u"cast_to";
     tokens[as].text = u",";
     tokens[as].kind = Kind::symbol;
@@ -204,13 +206,17 @@ void rewrite_functions(Tokens& tokens, const Partners& partners)
     }
 }
 
-bool ends_select(const Token& token) { return token.is(u")") || token.is(u";") || token.starts_statement; }
+// Before a union too, where the engine takes no limit and says so: it would otherwise apply to the whole.
+bool ends_select(const Token& token)
+{
+    return token.is(u")") || token.is(u";") || token.is(u"select") || token.is(u"union") ||
+           token.is(u"except") || token.is(u"intersect") || token.starts_statement;
+}
 
 bool ends_select_list(const Token& token)
 {
     return ends_select(token) || token.is(u"from") || token.is(u"into") || token.is(u"where") ||
-           token.is(u"order") || token.is(u"group") || token.is(u"union") || token.is(u"except") ||
-           token.is(u"intersect");
+           token.is(u"order") || token.is(u"group");
 }
 
 std::size_t past_operand(const Tokens& tokens, std::size_t i, const Partners& partners)

@@ -1,0 +1,12 @@
+# schema/*.sql become texts of the library, one constant for each script, named after its file (schema/scripts.hpp).
+file(GLOB schema_scripts CONFIGURE_DEPENDS schema/*.sql)
+set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${schema_scripts})
+set(schema_source "#include \"schema/scripts.hpp\"\n\nnamespace tolvex::schema {\n")
+foreach(script ${schema_scripts})
+    get_filename_component(name ${script} NAME_WE)
+    file(READ ${script} text)
+    string(APPEND schema_source "\nconst char* const ${name} = R\"sql(${text})sql\";\n")
+endforeach()
+string(APPEND schema_source "\n} // namespace tolvex::schema\n")
+file(WRITE ${PROJECT_BINARY_DIR}/schema_scripts.new "${schema_source}")
+configure_file(${PROJECT_BINARY_DIR}/schema_scripts.new ${PROJECT_BINARY_DIR}/schema_scripts.cpp COPYONLY)

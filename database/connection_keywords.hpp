@@ -1,0 +1,16 @@
+// The keywords of a connection string "name=value;name=value;…". Values are taken as they stand: a ";" inside
+// one ends it, as drivers read it.
+#pragma once
+
+#include "core/text.hpp"
+
+namespace tolvex {
+
+// Value of a keyword, in any letter case, without blanks around it; the last one wins, empty when there is
+// none.
+Text keyword(TextView connection_string, TextView name);
+bool has_keyword(TextView connection_string, TextView name);
+// The same string with another value for that keyword.
+Text with_keyword(TextView connection_string, TextView name, TextView value);
+
+} // namespace tolvex

@@ -1,0 +1,176 @@
+#include "database/odbc/rows.hpp"
+
+#include <array>
+#include <optional>
+
+namespace tolvex::odbc {
+
+namespace {
+
+class RowsInMemory : public Cursor
+{
+public:
+    RowsInMemory(std::vector<Column> columns, std::vector<Value> values)
+        : columns_(std::move(columns)), values_(std::move(values))
+    {}
+
+    const std::vector<Column>& columns() const override { return columns_; }
+    bool next() override { return next_row_++ * columns_.size() < values_.size(); }
+    Value value(std::size_t column) override { return values_[(next_row_ - 1) * columns_.size() + column]; }
+
+private:
+    std::vector<Column> columns_;
+    std::vector<Value> values_; // row after row
+    std::size_t next_row_ = 0;
+};
+
+ColumnKind kind_of(SQLSMALLINT sql_type)
+{
+    switch (sql_type) {
+    case SQL_BIT:
+        return ColumnKind::bit;
+    case SQL_TINYINT:
+    case SQL_SMALLINT:
+    case SQL_INTEGER:
+    case SQL_BIGINT:
+        return ColumnKind::integer;
+    case SQL_REAL:
+    case SQL_FLOAT:
+    case SQL_DOUBLE:
+        return ColumnKind::floating;
+    case SQL_DECIMAL:
+    case SQL_NUMERIC:
+        return ColumnKind::money;
+    case SQL_TYPE_DATE:
+    case SQL_TYPE_TIMESTAMP:
+        return ColumnKind::date;
+    default:
+        return ColumnKind::text;
+    }
+}
+
+Column describe(const Statement& statement, SQLUSMALLINT number)
+{
+    std::array<char16_t, 256> name{};
+    SQLSMALLINT length = 0, sql_type = 0, digits = 0, nullable = 0;
+    SQLULEN size = 0;
+    statement.check(SQLDescribeColW(statement.get(), number, reinterpret_cast<SQLWCHAR*>(name.data()),
+                                    static_cast<SQLSMALLINT>(name.size()), &length, &sql_type, &size, &digits,
+                                    &nullable));
+    const bool known = size != 0 && static_cast<SQLLEN>(size) > 0;
+    return {name.data(), kind_of(sql_type), known ? size : 0};
+}
+
+std::vector<Column> describe_columns(const Statement& statement)
+{
+    std::vector<Column> columns;
+    for (int i = 1; i <= statement.column_count(); ++i)
+        columns.push_back(describe(statement, static_cast<SQLUSMALLINT>(i)));
+    return columns;
+}
+
+template <class Plain>
+std::optional<Plain> read_plain(const Statement& statement, SQLUSMALLINT column, SQLSMALLINT c_type)
+{
+    Plain plain{};
+    SQLLEN length = 0;
+    statement.check(SQLGetData(statement.get(), column, c_type, &plain, sizeof(plain), &length));
+    if (length == SQL_NULL_DATA) return {};
+    return plain;
+}
+
+// Reads a text piece by piece, whatever length the driver claims for it. The driver ends every piece with a
+// NUL; the buffer is filled beforehand with what no text holds (U+FFFF is no character), so the last NUL
+// tells where a piece ends even where the driver stops short of the buffer, between surrogates for instance.
+Value read_text(const Statement& statement, SQLUSMALLINT column)
+{
+    constexpr char16_t untouched = 0xFFFF;
+    std::array<char16_t, 4096> piece;
+    Text whole;
+    while (true) {
+        piece.fill(untouched);
+        SQLLEN length = 0;
+        const SQLRETURN result =
+            SQLGetData(statement.get(), column, SQL_C_WCHAR, piece.data(), sizeof(piece), &length);
+        statement.check(result);
+        if (result == SQL_NO_DATA) return whole;
+        if (length == SQL_NULL_DATA) return {};
+        const auto end = TextView(piece.data(), piece.size()).find_last_not_of(untouched);
+        if (end == TextView::npos) return whole;
+        whole.append(piece.data(), end);
+        if (result == SQL_SUCCESS || end == 0) return whole;
+    }
+}
+
+Value read_number(const Statement& statement, SQLUSMALLINT column)
+{
+    const auto number = read_plain<SQLBIGINT>(statement, column, SQL_C_SBIGINT);
+    return number ? Value(std::int64_t{*number}) : Value();
+}
+
+Value read_floating(const Statement& statement, SQLUSMALLINT column)
+{
+    const auto number = read_plain<SQLDOUBLE>(statement, column, SQL_C_DOUBLE);
+    return number ? Value(*number) : Value();
+}
+
+Value read_bit(const Statement& statement, SQLUSMALLINT column)
+{
+    const auto bit = read_plain<SQLCHAR>(statement, column, SQL_C_BIT);
+    return bit ? Value(*bit != 0) : Value();
+}
+
+// Amounts come as decimal text: exact, whatever binary form the driver keeps them in.
+Value read_amount(const Statement& statement, SQLUSMALLINT column)
+{
+    const Value text = read_text(statement, column);
+    return text.is_null() ? text : Value(to_currency(text.text()));
+}
+
+// To the second, as hosts see dates: a fraction of a second is dropped.
+Value read_date(const Statement& statement, SQLUSMALLINT column)
+{
+    const auto moment = read_plain<SQL_TIMESTAMP_STRUCT>(statement, column, SQL_C_TYPE_TIMESTAMP);
+    if (!moment) return {};
+    return Date::of(moment->year, moment->month, moment->day, moment->hour, moment->minute, moment->second);
+}
+
+Value read_value(const Statement& statement, SQLUSMALLINT column, ColumnKind kind)
+{
+    switch (kind) {
+    case ColumnKind::bit:
+        return read_bit(statement, column);
+    case ColumnKind::integer:
+        return read_number(statement, column);
+    case ColumnKind::floating:
+        return read_floating(statement, column);
+    case ColumnKind::money:
+        return read_amount(statement, column);
+    case ColumnKind::date:
+        return read_date(statement, column);
+    case ColumnKind::text:
+        break;
+    }
+    return read_text(statement, column);
+}
+
+bool fetch(const Statement& statement)
+{
+    const SQLRETURN result = SQLFetch(statement.get());
+    statement.check(result);
+    return result != SQL_NO_DATA;
+}
+
+} // namespace
+
+std::unique_ptr<Cursor> read_rows(const Statement& statement)
+{
+    std::vector<Column> columns = describe_columns(statement);
+    std::vector<Value> values;
+    while (fetch(statement))
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            values.push_back(read_value(statement, static_cast<SQLUSMALLINT>(i + 1), columns[i].kind));
+    return std::make_unique<RowsInMemory>(std::move(columns), std::move(values));
+}
+
+} // namespace tolvex::odbc

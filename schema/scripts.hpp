@@ -1,0 +1,10 @@
+// The scripts of this folder as the build puts them into the library, in UTF-8.
+#pragma once
+
+namespace tolvex::schema {
+
+extern const char* const tables;
+extern const char* const indexes;
+extern const char* const fg_numero2letra;
+
+} // namespace tolvex::schema

@@ -1,0 +1,296 @@
+// The embedded database as a file: created when it is missing, shared, durable, and clear about what is wrong
+// with it.
+#include "core/errors.hpp"
+#include "database/connection.hpp"
+#include "support/tables.hpp"
+#include "support/temporary_folder.hpp"
+
+#include <chrono>
+#include <csignal>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace tolvex {
+
+namespace {
+
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+
+const char16_t* const count_documents = u"Select n=count(*) from FE_VENTAS_RESUMEN";
+const char16_t* const add_document = u"insert into FE_VENTAS_RESUMEN(cDocumento,nTotal) values('A1',116.5)";
+
+class EmbeddedFile : public ::testing::Test
+{
+protected:
+    Connection connection_to(const Text& file)
+    {
+        Connection connection;
+        connection.connection_string = u"server=sqlite:;database=" + file;
+        connection.command_timeout = 1;
+        return connection;
+    }
+
+    Connection open(const Text& file)
+    {
+        Connection connection = connection_to(file);
+        connection.open();
+        return connection;
+    }
+
+    std::string failure_of_opening(const Text& file)
+    {
+        return failure([&] { open(file).execute(add_document); });
+    }
+
+    template <class Operation>
+    static std::string failure(Operation operation)
+    {
+        try {
+            operation();
+        } catch (const Error& error) {
+            EXPECT_EQ(error.number(), database_error);
+            return error.what();
+        }
+        return "no failure";
+    }
+
+    static int number(Connection& connection, const Text& sql)
+    {
+        return connection.query(sql).value(0).int32();
+    }
+
+    std::size_t durable_level(Connection& connection) { return number(connection, u"PRAGMA synchronous"); }
+
+    // Runs the operation in a process of its own; its exit status, or minus the signal that ended it.
+    template <class Operation>
+    static pid_t in_process(Operation operation)
+    {
+        const pid_t child = fork();
+        if (child == 0) {
+            int status = 1;
+            try {
+                operation();
+                status = 0;
+            } catch (const std::exception& error) {
+                fprintf(stderr, "%s\n", error.what());
+            }
+            _exit(status);
+        }
+        return child;
+    }
+
+    static int status_of(pid_t child)
+    {
+        int status = 0;
+        waitpid(child, &status, 0);
+        return WIFSIGNALED(status) ? -WTERMSIG(status) : WEXITSTATUS(status);
+    }
+
+    TemporaryFolder folder_;
+    const Text file_ = folder_.file("Año 2011.db");
+};
+
+constexpr int full = 2;
+
+TEST_F(EmbeddedFile, a_file_that_does_not_exist_is_created_with_every_table)
+{
+    Connection connection = open(file_);
+    for (const char16_t* table :
+         {u"FE_EMPRESAS", u"FE_SUCURSALES", u"FE_CERTIFICADOS", u"FE_FOLIOS", u"FE_VENTAS_RESUMEN",
+          u"FE_ClienteFactura", u"FE_VENTAS_RESUMEN_DET", u"fe_ctl_adendas", u"fe_ctl_adendasDet"})
+        EXPECT_EQ(number(connection, u"select count(*) from " + Text(table)), 0);
+    EXPECT_EQ(connection.query(u"PRAGMA encoding").value(0).text(), u"UTF-16le");
+    EXPECT_EQ(connection.query(u"PRAGMA journal_mode").value(0).text(), u"wal");
+    EXPECT_EQ(durable_level(connection), full);
+    connection.execute(add_document);
+    Connection again = open(file_);
+    EXPECT_EQ(number(again, count_documents), 1);
+    EXPECT_THAT(to_utf8(again.description()), AllOf(HasSubstr("SQLite 3."), HasSubstr("Año 2011.db")));
+}
+
+TEST_F(EmbeddedFile, a_database_with_other_tables_is_left_as_it_is)
+{
+    open(file_).execute(u"drop table FE_FOLIOS");
+    EXPECT_THAT(failure([&] { open(file_).query(u"select * from FE_FOLIOS"); }),
+                HasSubstr("no such table: FE_FOLIOS"));
+}
+
+TEST_F(EmbeddedFile, what_cannot_be_opened_is_named_with_the_reason)
+{
+    EXPECT_THAT(failure_of_opening(u""), HasSubstr("Falta el nombre"));
+    EXPECT_THAT(failure_of_opening(folder_.file("nada/tolvex.db")),
+                AllOf(HasSubstr("nada/tolvex.db: no existe la carpeta "), HasSubstr("créela")));
+    EXPECT_THAT(failure_of_opening(folder_.path().u16string()), HasSubstr("es una carpeta"));
+    std::ofstream(folder_.path() / "nota.txt") << std::string(5000, 'x');
+    EXPECT_THAT(failure_of_opening(folder_.file("nota.txt")),
+                AllOf(HasSubstr("nota.txt: el archivo no es una base de datos"),
+                      HasSubstr("(file is not a database)")));
+}
+
+// Permissions do not bind the superuser, who becomes nobody for a moment.
+class AsOrdinaryUser
+{
+public:
+    AsOrdinaryUser()
+    {
+        if (was_root_ && seteuid(nobody) != 0) throw std::runtime_error("cannot leave root");
+    }
+    ~AsOrdinaryUser()
+    {
+        if (was_root_ && seteuid(0) != 0) std::abort();
+    }
+
+private:
+    static constexpr uid_t nobody = 65534;
+    const bool was_root_ = geteuid() == 0;
+};
+
+TEST_F(EmbeddedFile, a_file_without_permission_says_so)
+{
+    using std::filesystem::perms;
+    constexpr perms reading = perms::owner_read | perms::others_read,
+                    entering = perms::owner_exec | perms::others_exec;
+    open(file_).execute(add_document);
+    std::filesystem::permissions(file_, reading);
+    std::filesystem::permissions(folder_.path(), reading | entering);
+    {
+        const AsOrdinaryUser user;
+        EXPECT_THAT(failure_of_opening(file_), AllOf(HasSubstr("Año 2011.db"), HasSubstr("permiso")));
+        EXPECT_THAT(failure_of_opening(folder_.file("nueva.db")),
+                    AllOf(HasSubstr("nueva.db"), HasSubstr("permiso")));
+    }
+    std::filesystem::permissions(folder_.path(), perms::owner_all);
+}
+
+TEST_F(EmbeddedFile, a_damaged_file_says_so)
+{
+    {
+        Connection connection = open(file_);
+        for (int i = 0; i < 200; ++i)
+            connection.execute(u"insert into FE_VENTAS_RESUMEN_DET(nIdFe,cProducto) values(1,'" +
+                               Text(500, u'p') + u"')");
+    }
+    const auto size = std::filesystem::file_size(file_);
+    {
+        std::fstream bytes(std::filesystem::path(file_), std::ios::in | std::ios::out | std::ios::binary);
+        bytes.seekp(static_cast<std::streamoff>(size / 2));
+        bytes << std::string(size / 4, '\xFF');
+    }
+    EXPECT_THAT(failure([&] {
+                    for (auto rows = open(file_).query(u"select * from FE_VENTAS_RESUMEN_DET"); !rows.eof();)
+                        rows.move_next();
+                }),
+                AllOf(HasSubstr("Año 2011.db"), HasSubstr("dañado")));
+}
+
+TEST_F(EmbeddedFile, who_waits_too_long_for_another_writer_is_told_so)
+{
+    Connection writer = open(file_), waiting = open(file_);
+    writer.begin_transaction();
+    writer.execute(add_document);
+    EXPECT_EQ(number(waiting, count_documents), 0); // readers do not wait
+
+    const auto start = std::chrono::steady_clock::now();
+    const std::string busy = failure([&] { waiting.execute(add_document); });
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+    EXPECT_THAT(busy, AllOf(HasSubstr("Año 2011.db: otro programa está escribiendo"),
+                            HasSubstr("database is locked")));
+    EXPECT_THAT(failure([&] { waiting.begin_transaction(); }), HasSubstr("otro programa"));
+
+    writer.commit();
+    waiting.execute(add_document);
+    EXPECT_EQ(number(waiting, count_documents), 2);
+}
+
+TEST_F(EmbeddedFile, a_full_disk_says_so_and_keeps_what_was_stored)
+{
+    Connection connection = open(file_);
+    connection.execute(add_document);
+    connection.execute(u"PRAGMA max_page_count=60"); // as if the disk had no more room
+    EXPECT_THAT(failure([&] {
+                    for (;;)
+                        connection.execute(u"insert into fe_ctl_adendas(cValor) values('" + Text(3000, u'x') +
+                                           u"')");
+                }),
+                AllOf(HasSubstr("Año 2011.db"), HasSubstr("disco está lleno")));
+    EXPECT_EQ(number(connection, count_documents), 1);
+}
+
+TEST_F(EmbeddedFile, a_result_set_outlives_its_connection)
+{
+    Connection connection = open(file_);
+    for (int i = 0; i < 3; ++i) connection.execute(add_document);
+    Recordset rows = connection.query(u"select nID from FE_VENTAS_RESUMEN order by nID");
+    connection.execute(add_document);
+    connection.close();
+    rows.move_next();
+    EXPECT_EQ(rows[u"nID"].int32(), 2);
+}
+
+TEST_F(EmbeddedFile, a_burst_ends_durable_whatever_happens_in_it)
+{
+    Connection connection = open(file_);
+    const auto expect_durable_after = [&](auto work) {
+        {
+            WriteBurst burst(connection);
+            work();
+        }
+        connection.roll_back();
+        EXPECT_EQ(durable_level(connection), full);
+    };
+    expect_durable_after([&] {
+        EXPECT_LT(durable_level(connection), full);
+        connection.execute(add_document);
+    });
+    expect_durable_after([&] { connection.begin_transaction(); });
+    expect_durable_after([&] {
+        connection.begin_transaction();
+        connection.execute(add_document);
+        connection.commit();
+    });
+    expect_durable_after([&] { connection.execute(u"begin tran"); });
+    expect_durable_after([&] { failure([&] { connection.execute(u"insert into nada values(1)"); }); });
+
+    connection.begin_transaction();
+    expect_durable_after([&] { connection.execute(add_document); });
+    EXPECT_EQ(number(connection, count_documents), 2);
+}
+
+TEST_F(EmbeddedFile, what_a_killed_process_had_stored_is_there)
+{
+    const int status = status_of(in_process([&] {
+        Connection connection = open(file_);
+        WriteBurst burst(connection);
+        for (int i = 0; i < 100; ++i) connection.execute(add_document);
+        connection.begin_transaction();
+        connection.execute(u"delete from FE_VENTAS_RESUMEN");
+        kill(getpid(), SIGKILL);
+    }));
+    EXPECT_EQ(status, -SIGKILL);
+    Connection connection = open(file_);
+    EXPECT_EQ(number(connection, count_documents), 100);
+    EXPECT_EQ(connection.query(u"PRAGMA integrity_check").value(0).text(), u"ok");
+}
+
+TEST_F(EmbeddedFile, processes_that_create_and_write_at_once_all_succeed)
+{
+    constexpr int processes = 4, documents = 25;
+    std::vector<pid_t> children;
+    for (int i = 0; i < processes; ++i)
+        children.push_back(in_process([&] {
+            Connection connection = connection_to(file_);
+            connection.command_timeout = Connection::default_timeout;
+            connection.open();
+            for (int n = 0; n < documents; ++n) connection.execute(add_document);
+        }));
+    for (const pid_t child : children) EXPECT_EQ(status_of(child), 0);
+    Connection connection = open(file_);
+    EXPECT_EQ(number(connection, count_documents), processes * documents);
+}
+
+} // namespace
+
+} // namespace tolvex
