@@ -50,6 +50,7 @@ void Station::store_master_data()
 
 void Station::load_issuer()
 {
+    forget_error();
     ASSERT_TRUE(genera_docto.GetDatosEmpresa(1));
     ASSERT_TRUE(genera_docto.GetDatosSucursal(1, 1));
     ASSERT_TRUE(genera_docto.GetDatosCertificado(1));
