@@ -130,8 +130,8 @@ int main(int argc, char** argv)
     folio_command->add_option("CLAVE", range, "Número del rango de folios")->required();
     folio_command->callback([&] { result = folio(place, range); });
 
-    auto* esquema_command = add_command("esquema", "Escribe las instrucciones que crean las tablas");
-    esquema_command->add_flag("--crea", create, "Crea en la base de datos las tablas que falten");
+    auto* esquema_command = add_command("esquema", "Escribe las instrucciones que crean las tablas en SQL Server");
+    esquema_command->add_flag("--crea", create, "Las ejecuta: crea en la base de datos lo que falte");
     esquema_command->callback([&] { result = esquema(place, create); });
 
     add_command("conexion", "Dice qué base de datos se alcanzó y si su esquema está completo")

@@ -39,4 +39,9 @@ Text with_keyword(TextView connection_string, TextView name, TextView value)
     return whole;
 }
 
+bool asks_for_embedded(TextView connection_string)
+{
+    return equal_ignoring_case(keyword(connection_string, u"server"), u"sqlite:");
+}
+
 } // namespace tolvex

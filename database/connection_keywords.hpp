@@ -13,4 +13,7 @@ bool has_keyword(TextView connection_string, TextView name);
 // The same string with another value for that keyword.
 Text with_keyword(TextView connection_string, TextView name, TextView value);
 
+// Whether it asks for the embedded database: the server "sqlite:".
+bool asks_for_embedded(TextView connection_string);
+
 } // namespace tolvex

@@ -1,6 +1,7 @@
 #include "schema/schema.hpp"
 
 #include "core/errors.hpp"
+#include "database/connection_keywords.hpp"
 #include "schema/scripts.hpp"
 
 #include <algorithm>
@@ -90,6 +91,7 @@ std::vector<Text> batches(const Text& script)
 
 void create_schema(Connection& connection)
 {
+    if (asks_for_embedded(connection.connection_string)) return;
     for (const Text& batch : batches(schema_script())) connection.execute(batch);
 }
 

@@ -4,6 +4,7 @@ set -euo pipefail
 
 project=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)
 build=$project/build
+mkdir -p "$build"
 apt_options=(-qq -o DPkg::Lock::Timeout=300 -o Acquire::Retries=3)
 
 say() { echo "== $*" >&2; }
@@ -23,15 +24,24 @@ as_root() {
 
 is_installed() { [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2> /dev/null)" = installed ]; }
 
+# Set-up scripts may run side by side; apt waits for dpkg's lock, but not for that of its own lists.
+one_at_a_time() { (flock 9 && "$@") 9< "$build"; }
+
+update_package_lists() { as_root apt-get "${apt_options[@]}" update; }
+
+update_and_install() {
+    update_package_lists
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get "${apt_options[@]}" install -y --no-install-recommends "$@" \
+        > /dev/null
+}
+
 # Installs the Debian packages that are not there yet.
 install_packages() {
     local package missing=()
     for package; do is_installed "$package" || missing+=("$package"); done
     [ ${#missing[@]} -gt 0 ] || return 0
     say "instalando: ${missing[*]}"
-    as_root apt-get "${apt_options[@]}" update
-    as_root env DEBIAN_FRONTEND=noninteractive apt-get "${apt_options[@]}" install -y --no-install-recommends \
-        "${missing[@]}" > /dev/null
+    one_at_a_time update_and_install "${missing[@]}"
 }
 
 debian_codename() { (. /etc/os-release && echo "$VERSION_CODENAME"); }
@@ -42,7 +52,7 @@ debian_archive() {
     local codename address
     codename=$(debian_codename)
     address=$(list_archives "$codename")
-    [ -n "$address" ] || { as_root apt-get "${apt_options[@]}" update && address=$(list_archives "$codename"); }
+    [ -n "$address" ] || { one_at_a_time update_package_lists && address=$(list_archives "$codename"); }
     [ -n "$address" ] || die "los orígenes de apt de este sistema no incluyen Debian $codename main"
     echo "$1 [signed-by=/usr/share/keyrings/debian-archive-keyring.gpg] ${address%%$'\n'*} $codename main"
 }

@@ -10,7 +10,12 @@ testbed=$build/testbed
 new=$testbed.new
 settings=$build/testbed-apt.conf
 packages_64=wine,wine64,unixodbc,libsqliteodbc,xvfb,xdotool,openbox,x11-utils,imagemagick,fonts-liberation,locales
-packages_32=wine32:i386,libsqliteodbc:i386
+packages_32=wine32:i386,libodbc2:i386,libsqliteodbc:i386
+
+require_namespaces() {
+    unshare --mount --pid --uts --fork true ||
+        die "este sistema no deja crear espacios de nombres (unshare); un contenedor necesita --privileged"
+}
 
 # Proxies and certificates that this system's apt is set up with hold for the test bed too.
 copy_apt_settings() { apt-config dump | grep -E '^Acquire::(https?|Retries|Check-)' > "$settings" || true; }
@@ -23,10 +28,11 @@ install_debian() {
         --aptopt='APT::Install-Recommends "false"' --dpkgopt=force-unsafe-io \
         --dpkgopt='path-exclude=/usr/share/doc/*' --dpkgopt='path-exclude=/usr/share/man/*' \
         --customize-hook='chroot "$1" localedef -i es_MX -f UTF-8 es_MX.UTF-8' \
+        --customize-hook='echo 127.0.0.1 localhost caja > "$1/etc/hosts"' \
         "$(debian_codename)" "$new" -
 }
 
-run_new() { TOLVEX_TESTBED=$new "$project/tests/windows/run_in_testbed.sh" "$@"; }
+run_new() { (cd "$project" && TOLVEX_TESTBED=$new tests/windows/run_in_testbed.sh "$@"); }
 
 # The first program that runs makes the prefix. A crash must end its program, not wait in a window.
 make_prefix() {
@@ -59,8 +65,8 @@ make_testbed() {
 
 recipe=$(sha256sum "$0" | cut -d ' ' -f 1)
 if [ "$(cat "$testbed/recipe" 2> /dev/null)" != "$recipe" ]; then
+    require_namespaces
     install_packages mmdebstrap
-    mkdir -p "$build"
     make_testbed
     echo "$recipe" > "$new/recipe"
     rm -rf "$testbed"

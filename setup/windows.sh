@@ -121,6 +121,7 @@ build_once() {
 install_packages make perl xz-utils patch dpkg-dev tcl ca-certificates \
     g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev
 mkdir -p "$windows"
+rm -rf "$work"
 build_once build_sqlite compile_sqlite
 build_once build_openssl compile_openssl
 build_once build_idl take_files

@@ -49,6 +49,16 @@ ColumnKind kind_of(SQLSMALLINT sql_type)
     }
 }
 
+// Some drivers have no decimal type and give amounts as text; the name of the column's type still tells them.
+bool is_amount_by_name(const Statement& statement, SQLUSMALLINT number)
+{
+    std::array<char16_t, 64> name{};
+    SQLSMALLINT bytes = 0;
+    statement.check(SQLColAttributeW(statement.get(), number, SQL_DESC_TYPE_NAME, name.data(), sizeof(name),
+                                     &bytes, nullptr));
+    return equal_ignoring_case(name.data(), u"decimal") || equal_ignoring_case(name.data(), u"money");
+}
+
 Column describe(const Statement& statement, SQLUSMALLINT number)
 {
     std::array<char16_t, 256> name{};
@@ -57,8 +67,10 @@ Column describe(const Statement& statement, SQLUSMALLINT number)
     statement.check(SQLDescribeColW(statement.get(), number, reinterpret_cast<SQLWCHAR*>(name.data()),
                                     static_cast<SQLSMALLINT>(name.size()), &length, &sql_type, &size, &digits,
                                     &nullable));
-    const bool known = size != 0 && static_cast<SQLLEN>(size) > 0;
-    return {name.data(), kind_of(sql_type), known ? size : 0};
+    const bool known = static_cast<SQLLEN>(size) > 0; // long text says 0 or -1
+    ColumnKind kind = kind_of(sql_type);
+    if (kind == ColumnKind::text && is_amount_by_name(statement, number)) kind = ColumnKind::money;
+    return {name.data(), kind, known ? size : 0};
 }
 
 std::vector<Column> describe_columns(const Statement& statement)

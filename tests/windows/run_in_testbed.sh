@@ -13,6 +13,8 @@
 # another test bed than build/testbed.
 set -euo pipefail
 
+[ "$(id -u)" = 0 ] || exec sudo --preserve-env "$0" "$@"
+
 script=$(readlink -f "$0")
 project=$(dirname "$(dirname "$(dirname "$script")")")
 
@@ -23,7 +25,7 @@ fail() {
 
 has_bitness() { [ -e "$testbed/runs-$1" ]; }
 
-require() {
+require_bitness() {
     [ "$1" = session ] || has_bitness "$1" || fail 77 "EL BANCO DE PRUEBAS NO TIENE WINE DE $1 BITS: no se ejecutó $3"
 }
 
@@ -32,10 +34,10 @@ require() {
 enter() {
     [ -d "$testbed/prefix" ] || fail 125 "no hay banco de pruebas en $testbed; ejecute setup/testbed.sh"
     case $PWD/ in "$project"/*) ;; *) fail 125 "la carpeta actual ($PWD) no está en el proyecto ($project)" ;; esac
-    require "$@"
+    require_bitness "$@"
     exec 9> "$testbed/prefix.lock"
     flock 9
-    exec unshare --mount --pid --fork --kill-child "$script" --mounted "$testbed" "$display" "$@"
+    exec unshare --mount --pid --uts --fork --kill-child "$script" --mounted "$testbed" "$display" "$@"
 }
 
 mount_testbed() {
@@ -49,6 +51,7 @@ mount_testbed() {
 change_root() {
     local root=$1
     shift
+    hostname caja
     mount_testbed "$root" || fail 125 "no se pudo montar el banco de pruebas; hace falta la capacidad SYS_ADMIN"
     unset DISPLAY WAYLAND_DISPLAY LD_PRELOAD LD_LIBRARY_PATH TMPDIR
     exec env TOLVEX_INSIDE_TESTBED=1 HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=es_MX.UTF-8 \
@@ -64,7 +67,7 @@ start_display() {
     Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3> /tmp/display 2> /dev/null &
     read -r -t 30 number < /tmp/display || fail 125 "Xvfb no arrancó"
     export DISPLAY=:$number
-    openbox &
+    openbox &> /dev/null &
 }
 
 run_limited() {
@@ -79,7 +82,7 @@ run_limited() {
 
 run() {
     local kind=$1 seconds=$2 status=0
-    require "$@"
+    require_bitness "$@"
     shift 2
     case $kind in
         64) run_limited "$seconds" /usr/lib/wine/wine64 "$@" || status=$? ;;
