@@ -16,6 +16,7 @@ demo: all
 
 windows:
 	setup/windows.sh
+	setup/testbed.sh
 	for bits in $(windows_bitnesses); do \
 	    cmake -S . -B build/windows/$$bits -G Ninja -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-$$bits.cmake && \
 	    cmake --build build/windows/$$bits || exit 1; \
@@ -23,7 +24,6 @@ windows:
 
 test: windows
 	setup/native.sh
-	setup/testbed.sh
 	cmake -S . -B build/sanitized -G Ninja -DTOLVEX_SANITIZE=ON
 	cmake --build build/sanitized
 	ctest --test-dir build/sanitized --output-on-failure --parallel 2

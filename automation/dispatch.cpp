@@ -1,4 +1,5 @@
-// Late-bound calls: names to identifiers, and the arguments that a host gives to the values that a method takes.
+// Late-bound calls: names to identifiers, and the arguments that a host gives to the values that a method
+// takes.
 #include "automation/failures.hpp"
 #include "automation/object.hpp"
 #include "automation/variants.hpp"
@@ -9,7 +10,10 @@ namespace tolvex::automation {
 
 namespace {
 
-bool same_name(const wchar_t* a, const wchar_t* b) { return CompareStringOrdinal(a, -1, b, -1, TRUE) == CSTR_EQUAL; }
+bool same_name(const wchar_t* a, const wchar_t* b)
+{
+    return CompareStringOrdinal(a, -1, b, -1, TRUE) == CSTR_EQUAL;
+}
 
 const Method* find_method(const Class& described, const wchar_t* name)
 {
@@ -42,7 +46,8 @@ public:
     {
         if (call.cArgs > count_) return DISP_E_BADPARAMCOUNT;
         if (call.cNamedArgs > call.cArgs) return E_INVALIDARG;
-        if ((call.cArgs > 0 && !call.rgvarg) || (call.cNamedArgs > 0 && !call.rgdispidNamedArgs)) return E_POINTER;
+        if ((call.cArgs > 0 && !call.rgvarg) || (call.cNamedArgs > 0 && !call.rgdispidNamedArgs))
+            return E_POINTER;
         call_ = &call;
         for (UINT i = 0; i < call.cArgs - call.cNamedArgs; ++i) given_[i] = &call.rgvarg[call.cArgs - 1 - i];
         for (UINT i = 0; i < call.cNamedArgs; ++i) {
@@ -146,8 +151,9 @@ HRESULT STDMETHODCALLTYPE get_ids_of_names(Object* self, REFIID reserved, LPOLES
     return all_known ? S_OK : DISP_E_UNKNOWNNAME;
 }
 
-HRESULT STDMETHODCALLTYPE invoke(Object* self, DISPID id, REFIID reserved, LCID, WORD flags, DISPPARAMS* arguments,
-                                 VARIANT* result, EXCEPINFO* exception, UINT* argument_at_fault)
+HRESULT STDMETHODCALLTYPE invoke(Object* self, DISPID id, REFIID reserved, LCID, WORD flags,
+                                 DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
+                                 UINT* argument_at_fault)
 {
     if (reserved != IID_NULL) return DISP_E_UNKNOWNINTERFACE;
     const Method* method = method_with(self->described, id);

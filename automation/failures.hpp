@@ -1,4 +1,5 @@
-// Errors at the boundary: whatever goes wrong inside reaches the host as a result code with error information.
+// Errors at the boundary: whatever goes wrong inside reaches the host as a result code with error
+// information.
 #pragma once
 
 #include "automation/surface.hpp"
@@ -26,8 +27,8 @@ HRESULT guard(const Class& source, Operation operation) noexcept
     }
 }
 
-// The same for a failure of a late-bound call: the error information moves into the exception record that such
-// hosts read; without error information the code itself is the answer.
+// The same for a failure of a late-bound call: the error information moves into the exception record that
+// such hosts read; without error information the code itself is the answer.
 HRESULT as_late_failure(HRESULT failure, EXCEPINFO* exception) noexcept;
 
 } // namespace tolvex::automation

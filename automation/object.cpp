@@ -14,9 +14,9 @@ EntryPoint entry_point(Function function)
 
 std::vector<EntryPoint> function_table(const Class& described)
 {
-    std::vector<EntryPoint> table = {entry_point(query_interface),  entry_point(add_ref),
-                                     entry_point(release),          entry_point(get_type_info_count),
-                                     entry_point(get_type_info),    entry_point(get_ids_of_names),
+    std::vector<EntryPoint> table = {entry_point(query_interface), entry_point(add_ref),
+                                     entry_point(release),         entry_point(get_type_info_count),
+                                     entry_point(get_type_info),   entry_point(get_ids_of_names),
                                      entry_point(invoke)};
     for (const Method& method : described.methods) table.push_back(method.early);
     return table;
@@ -49,7 +49,8 @@ HRESULT STDMETHODCALLTYPE query_interface(Object* self, REFIID interface_id, voi
 {
     if (!found) return E_POINTER;
     *found = nullptr;
-    if (interface_id == IID_IUnknown || interface_id == IID_IDispatch || interface_id == self->described.interface_id)
+    if (interface_id == IID_IUnknown || interface_id == IID_IDispatch ||
+        interface_id == self->described.interface_id)
         *found = self;
     else if (interface_id == IID_ISupportErrorInfo)
         *found = &self->error_support;
@@ -59,7 +60,10 @@ HRESULT STDMETHODCALLTYPE query_interface(Object* self, REFIID interface_id, voi
     return S_OK;
 }
 
-ULONG STDMETHODCALLTYPE add_ref(Object* self) { return static_cast<ULONG>(InterlockedIncrement(&self->references)); }
+ULONG STDMETHODCALLTYPE add_ref(Object* self)
+{
+    return static_cast<ULONG>(InterlockedIncrement(&self->references));
+}
 
 ULONG STDMETHODCALLTYPE release(Object* self)
 {

@@ -19,8 +19,8 @@ private:
     Object& owner_;
 };
 
-// COM sees an object through the table that its first member points to. That table is built from the description
-// of the class: the seven functions of every dual interface, then one per method.
+// COM sees an object through the table that its first member points to. That table is built from the
+// description of the class: the seven functions of every dual interface, then one per method.
 struct Object
 {
     explicit Object(const Class& described);
@@ -40,8 +40,8 @@ ULONG STDMETHODCALLTYPE add_ref(Object* self);
 ULONG STDMETHODCALLTYPE release(Object* self);
 HRESULT STDMETHODCALLTYPE get_type_info_count(Object* self, UINT* count);
 HRESULT STDMETHODCALLTYPE get_type_info(Object* self, UINT index, LCID locale, ITypeInfo** found);
-HRESULT STDMETHODCALLTYPE get_ids_of_names(Object* self, REFIID reserved, LPOLESTR* names, UINT count, LCID locale,
-                                           DISPID* ids);
+HRESULT STDMETHODCALLTYPE get_ids_of_names(Object* self, REFIID reserved, LPOLESTR* names, UINT count,
+                                           LCID locale, DISPID* ids);
 HRESULT STDMETHODCALLTYPE invoke(Object* self, DISPID id, REFIID reserved, LCID locale, WORD flags,
                                  DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
                                  UINT* argument_at_fault);

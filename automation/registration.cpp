@@ -53,7 +53,8 @@ public:
     bool exists(const std::wstring& key, REGSAM view = 0) const
     {
         HKEY opened = nullptr;
-        if (RegOpenKeyExW(root_, (root + key).c_str(), 0, KEY_READ | view, &opened) != ERROR_SUCCESS) return false;
+        if (RegOpenKeyExW(root_, (root + key).c_str(), 0, KEY_READ | view, &opened) != ERROR_SUCCESS)
+            return false;
         RegCloseKey(opened);
         return true;
     }
@@ -65,9 +66,15 @@ private:
 
 std::wstring program_id(const Class& described) { return std::wstring(library_name) + L"." + described.name; }
 std::wstring class_key(const Class& described) { return L"CLSID\\" + text_of(described.class_id); }
-std::wstring interface_key(const Class& described) { return L"Interface\\" + text_of(described.interface_id); }
+std::wstring interface_key(const Class& described)
+{
+    return L"Interface\\" + text_of(described.interface_id);
+}
 std::wstring library_key() { return L"TypeLib\\" + text_of(library_id); }
-std::wstring library_version() { return std::to_wstring(library_major) + L"." + std::to_wstring(library_minor); }
+std::wstring library_version()
+{
+    return std::to_wstring(library_major) + L"." + std::to_wstring(library_minor);
+}
 
 void register_class(const Classes& classes, const Class& described, const std::wstring& component)
 {

@@ -3,7 +3,11 @@
 
 namespace tolvex::automation {
 
-enum class Scope { machine, user };
+enum class Scope
+{
+    machine,
+    user
+};
 
 // Writes all entries; after an error none is left. Throws Error with the code of the operating system.
 void register_for(Scope scope);

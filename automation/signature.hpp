@@ -1,5 +1,5 @@
-// From the signature of a C++ method to an automation method: the type of every parameter, and the two functions
-// that a host reaches it by.
+// From the signature of a C++ method to an automation method: the type of every parameter, and the two
+// functions that a host reaches it by.
 #pragma once
 
 #include "automation/failures.hpp"
@@ -182,14 +182,17 @@ struct Entry;
 template <auto function, class Value, class... Parameters, class... Out>
 struct Entry<function, Value, std::tuple<Parameters...>, std::tuple<Out...>>
 {
-    static HRESULT STDMETHODCALLTYPE early(Object* self, typename Argument<Parameters>::Raw*... raw, Out*... out)
+    static HRESULT STDMETHODCALLTYPE early(Object* self, typename Argument<Parameters>::Raw*... raw,
+                                           Out*... out)
     {
         if ((!raw || ...) || (!out || ...)) return E_POINTER;
         server::session_in_use();
         return guard(self->described, [&] {
             using Implementation = typename Signature<decltype(function)>::Implementation;
             auto& implementation = *static_cast<Implementation*>(self->implementation.get());
-            const auto call = [&] { return std::invoke(function, implementation, Argument<Parameters>(*raw)...); };
+            const auto call = [&] {
+                return std::invoke(function, implementation, Argument<Parameters>(*raw)...);
+            };
             Result<Value>::give(call, *out...);
         });
     }
@@ -203,7 +206,8 @@ struct Entry<function, Value, std::tuple<Parameters...>, std::tuple<Out...>>
     static HRESULT late_with(Object& self, [[maybe_unused]] VARIANT* arguments, VARIANT& result,
                              std::index_sequence<i...>)
     {
-        return early(&self, payload<typename Argument<Parameters>::Raw>(arguments[i])..., payload<Out>(result)...);
+        return early(&self, payload<typename Argument<Parameters>::Raw>(arguments[i])...,
+                     payload<Out>(result)...);
     }
 };
 
@@ -219,7 +223,8 @@ template <class... Parameters>
 void add_types(std::vector<Parameter>& parameters, std::tuple<Parameters...>*)
 {
     [[maybe_unused]] auto parameter = parameters.begin();
-    ((parameter->type = Argument<Parameters>::type, (parameter++)->written = Argument<Parameters>::written), ...);
+    ((parameter->type = Argument<Parameters>::type, (parameter++)->written = Argument<Parameters>::written),
+     ...);
 }
 
 template <auto function, class Result_>
@@ -252,8 +257,8 @@ Method method(const wchar_t* name)
 }
 
 template <class Implementation>
-Class described(const wchar_t* name, const wchar_t* description, const CLSID& class_id, const IID& interface_id,
-                std::vector<Method> methods)
+Class described(const wchar_t* name, const wchar_t* description, const CLSID& class_id,
+                const IID& interface_id, std::vector<Method> methods)
 {
     Class entry{name, description, class_id, interface_id, nullptr, std::move(methods)};
     if constexpr (!describe_only)

@@ -46,9 +46,12 @@ Class genera_docto()
             method<&GeneraDocto::ImprimeDocuentoConVisor>(
                 L"ImprimeDocuentoConVisor",
                 {{L"FolioDocto"}, {L"Empresa"}, {L"Sucursal"}, {L"NotadeCredito"}, {L"vlArchivoReporte"}}),
-            method<&GeneraDocto::CancelaFacturaElectronica>(
-                L"CancelaFacturaElectronica",
-                {{L"FolioDocto"}, {L"FechaCancelacion"}, {L"Empresa"}, {L"Sucursal"}, {L"NotadeCredito", false}}),
+            method<&GeneraDocto::CancelaFacturaElectronica>(L"CancelaFacturaElectronica",
+                                                            {{L"FolioDocto"},
+                                                             {L"FechaCancelacion"},
+                                                             {L"Empresa"},
+                                                             {L"Sucursal"},
+                                                             {L"NotadeCredito", false}}),
             method<&GeneraDocto::BorraFacturaElectronica>(L"BorraFacturaElectronica",
                                                           {{L"Empresa"}, {L"Sucursal"}, {L"FolioDocto"}}),
             method<&GeneraDocto::fgObtenFolioFactura>(L"fgObtenFolioFactura", {{L"Caja"}, {L"FolioFactura"}}),
@@ -70,8 +73,8 @@ Class config_fe()
         {0x7f505f27, 0xabac, 0x431b, {0xbb, 0x94, 0x0c, 0xfc, 0x22, 0xc2, 0x15, 0xab}},
         {
             method<&ConfigFE::AbrirConexion>(L"AbrirConexion"),
-            method<&ConfigFE::SetDatosConexion, Empty>(
-                L"SetDatosConexion", {{L"UserBd"}, {L"PswBd"}, {L"Bd"}, {L"ServerBd"}}),
+            method<&ConfigFE::SetDatosConexion, Empty>(L"SetDatosConexion",
+                                                       {{L"UserBd"}, {L"PswBd"}, {L"Bd"}, {L"ServerBd"}}),
             method<&ConfigFE::CierraConexion>(L"CierraConexion"),
         });
 }

@@ -1,5 +1,5 @@
-// The public surface as automation hosts see it: one description of the six classes, from which dispatch, the entry
-// points of early-bound calls, registration and the type library are made.
+// The public surface as automation hosts see it: one description of the six classes, from which dispatch, the
+// entry points of early-bound calls, registration and the type library are made.
 #pragma once
 
 #include <windows.h>
@@ -36,9 +36,10 @@ struct Method
 {
     const wchar_t* name;
     std::vector<Parameter> parameters;
-    VARTYPE result; // VT_EMPTY: none; VT_VARIANT: a variant that is always Empty
+    VARTYPE result;   // VT_EMPTY: none; VT_VARIANT: a variant that is always Empty
     EntryPoint early; // what an early-bound host calls: every argument, and the result, by reference
-    HRESULT (*late)(Object& self, VARIANT* arguments, VARIANT& result); // the same from values of the exact types
+    HRESULT (*late)
+    (Object& self, VARIANT* arguments, VARIANT& result); // the same from values of the exact types
 };
 
 struct Class

@@ -15,9 +15,12 @@ Error failed(std::int32_t number, const char16_t* description, const wchar_t* pa
 Error failed_conversion(HRESULT reason, const wchar_t* parameter)
 {
     switch (reason) {
-    case E_OUTOFMEMORY: throw std::bad_alloc();
-    case DISP_E_OVERFLOW: return failed(6, u"Desbordamiento", parameter);
-    default: return failed(13, u"No coinciden los tipos", parameter);
+    case E_OUTOFMEMORY:
+        throw std::bad_alloc();
+    case DISP_E_OVERFLOW:
+        return failed(6, u"Desbordamiento", parameter);
+    default:
+        return failed(13, u"No coinciden los tipos", parameter);
     }
 }
 
@@ -27,7 +30,10 @@ constexpr USHORT text_rules = VARIANT_ALPHABOOL | VARIANT_LOCALBOOL;
 // The functions of the operating system read their source and leave it as it is, but do not say so.
 VARIANT* source(const VARIANT& value) { return const_cast<VARIANT*>(&value); }
 
-bool is_structured(const VARIANT& value) { return V_ISARRAY(&value) || (value.vt & VT_TYPEMASK) == VT_RECORD; }
+bool is_structured(const VARIANT& value)
+{
+    return V_ISARRAY(&value) || (value.vt & VT_TYPEMASK) == VT_RECORD;
+}
 
 bool is_object(const VARIANT& value) { return value.vt == VT_DISPATCH || value.vt == VT_UNKNOWN; }
 
@@ -82,9 +88,9 @@ Variant coerced(const VARIANT& argument, VARTYPE type, const wchar_t* parameter)
     require_convertible(value, parameter);
     if (V_ISBYREF(&value)) return coerced(without_reference(value, parameter), type, parameter);
     Variant converted;
-    const HRESULT outcome = type == VT_VARIANT
-                                ? VariantCopy(&converted, source(value))
-                                : VariantChangeTypeEx(&converted, source(value), GetUserDefaultLCID(), text_rules, type);
+    const HRESULT outcome = type == VT_VARIANT ? VariantCopy(&converted, source(value))
+                                               : VariantChangeTypeEx(&converted, source(value),
+                                                                     GetUserDefaultLCID(), text_rules, type);
     if (FAILED(outcome)) throw failed_conversion(outcome, parameter);
     require_convertible(converted, parameter);
     return converted;

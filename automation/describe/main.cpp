@@ -1,6 +1,6 @@
 // describe_surface FOLDER: writes what the public surface looks like from outside, for both bitnesses:
-// TOLVEX-win32.tlb and TOLVEX-win64.tlb (type libraries, part of the components), TOLVEX.hpp (interfaces for C++
-// hosts), TOLVEX-win32.manifest and TOLVEX-win64.manifest (use without registration).
+// TOLVEX-win32.tlb and TOLVEX-win64.tlb (type libraries, part of the components), TOLVEX.hpp (interfaces for
+// C++ hosts), TOLVEX-win32.manifest and TOLVEX-win64.manifest (use without registration).
 #include "automation/describe/descriptions.hpp"
 
 #include <cstdio>

@@ -11,14 +11,22 @@ namespace {
 std::wstring cpp_type(VARTYPE type)
 {
     switch (type) {
-    case VT_BSTR: return L"BSTR";
-    case VT_I2: return L"SHORT";
-    case VT_I4: return L"LONG";
-    case VT_BOOL: return L"VARIANT_BOOL";
-    case VT_CY: return L"CY";
-    case VT_DATE: return L"DATE";
-    case VT_VARIANT: return L"VARIANT";
-    default: throw std::logic_error("a type without a C++ name");
+    case VT_BSTR:
+        return L"BSTR";
+    case VT_I2:
+        return L"SHORT";
+    case VT_I4:
+        return L"LONG";
+    case VT_BOOL:
+        return L"VARIANT_BOOL";
+    case VT_CY:
+        return L"CY";
+    case VT_DATE:
+        return L"DATE";
+    case VT_VARIANT:
+        return L"VARIANT";
+    default:
+        throw std::logic_error("a type without a C++ name");
     }
 }
 
@@ -30,14 +38,16 @@ std::wstring cpp_method(const Method& method)
     };
     for (const Parameter& parameter : method.parameters) add(parameter.type, parameter.name);
     if (method.result != VT_EMPTY) add(method.result, L"result");
-    return std::wstring(L"    virtual HRESULT STDMETHODCALLTYPE ") + method.name + L"(" + parameters + L") = 0;\n";
+    return std::wstring(L"    virtual HRESULT STDMETHODCALLTYPE ") + method.name + L"(" + parameters +
+           L") = 0;\n";
 }
 
 std::wstring cpp_interface(const Class& described)
 {
     const std::wstring class_id = text_of(described.class_id), interface_id = text_of(described.interface_id);
     const auto bare = [](const std::wstring& id) { return id.substr(1, id.size() - 2); };
-    std::wstring text = std::wstring(L"\n// ") + described.description + L": TOLVEX." + described.name + L"\n";
+    std::wstring text =
+        std::wstring(L"\n// ") + described.description + L": TOLVEX." + described.name + L"\n";
     text += std::wstring(L"class DECLSPEC_UUID(\"") + bare(class_id) + L"\") " + described.name + L";\n";
     text += std::wstring(L"struct DECLSPEC_UUID(\"") + bare(interface_id) + L"\") _" + described.name +
             L" : public IDispatch\n{\n";
@@ -49,11 +59,12 @@ std::wstring cpp_interface(const Class& described)
 std::wstring uuid_declaration(const std::wstring& name, const GUID& id)
 {
     wchar_t text[200];
-    std::swprintf(text, 200,
-                  L"__CRT_UUID_DECL(TOLVEX::%ls, 0x%08lx, 0x%04x, 0x%04x, 0x%02x, 0x%02x, 0x%02x, 0x%02x, 0x%02x, "
-                  L"0x%02x, 0x%02x, 0x%02x)\n",
-                  name.c_str(), static_cast<unsigned long>(id.Data1), id.Data2, id.Data3, id.Data4[0], id.Data4[1],
-                  id.Data4[2], id.Data4[3], id.Data4[4], id.Data4[5], id.Data4[6], id.Data4[7]);
+    std::swprintf(
+        text, 200,
+        L"__CRT_UUID_DECL(TOLVEX::%ls, 0x%08lx, 0x%04x, 0x%04x, 0x%02x, 0x%02x, 0x%02x, 0x%02x, 0x%02x, "
+        L"0x%02x, 0x%02x, 0x%02x)\n",
+        name.c_str(), static_cast<unsigned long>(id.Data1), id.Data2, id.Data3, id.Data4[0], id.Data4[1],
+        id.Data4[2], id.Data4[3], id.Data4[4], id.Data4[5], id.Data4[6], id.Data4[7]);
     return text;
 }
 
@@ -79,8 +90,9 @@ std::string utf8(const std::wstring& text)
 {
     const int characters = static_cast<int>(text.size());
     std::string bytes(text.size() * 3, '\0');
-    bytes.resize(static_cast<std::size_t>(WideCharToMultiByte(
-        CP_UTF8, 0, text.data(), characters, bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr)));
+    bytes.resize(
+        static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text.data(), characters, bytes.data(),
+                                                     static_cast<int>(bytes.size()), nullptr, nullptr)));
     return bytes;
 }
 
@@ -106,9 +118,10 @@ std::wstring text_of(const GUID& id)
 
 std::wstring cpp_header()
 {
-    std::wstring text = L"\uFEFF// The automation interfaces of TOLVEX for C++ hosts. Every argument goes by reference;\n"
-                        L"// optional ones must be given too (docs/automation.md lists their defaults).\n"
-                        L"#pragma once\n\n#include <windows.h>\n\n#include <oaidl.h>\n\nnamespace TOLVEX {\n";
+    std::wstring text =
+        L"\uFEFF// The automation interfaces of TOLVEX for C++ hosts. Every argument goes by reference;\n"
+        L"// optional ones must be given too (docs/automation.md lists their defaults).\n"
+        L"#pragma once\n\n#include <windows.h>\n\n#include <oaidl.h>\n\nnamespace TOLVEX {\n";
     for (const Class& described : surface()) text += cpp_interface(described);
     text += L"\n} // namespace TOLVEX\n\n#ifdef __CRT_UUID_DECL\n";
     for (const Class& described : surface()) {
@@ -126,7 +139,8 @@ std::wstring manifest(const std::wstring& architecture)
         L"  <assemblyIdentity type=\"win32\" name=\"TOLVEX\" version=\"1.0.0.0\" processorArchitecture=\"" +
         architecture + L"\"/>\n  <file name=\"TOLVEX.dll\">\n";
     for (const Class& described : surface()) text += manifest_class(described);
-    text += std::wstring(L"    <typelib tlbid=\"") + text_of(library_id) + L"\" version=\"1.0\" helpdir=\"\"/>\n  </file>\n";
+    text += std::wstring(L"    <typelib tlbid=\"") + text_of(library_id) +
+            L"\" version=\"1.0\" helpdir=\"\"/>\n  </file>\n";
     for (const Class& described : surface()) text += manifest_interface(described);
     return text + L"</assembly>\n";
 }

@@ -46,8 +46,8 @@ Owned<ITypeInfo> dispatch_interface()
     return found;
 }
 
-Owned<ICreateTypeInfo> new_type(ICreateTypeLib2& library, const std::wstring& name, TYPEKIND kind, const GUID& id,
-                                const wchar_t* description)
+Owned<ICreateTypeInfo> new_type(ICreateTypeLib2& library, const std::wstring& name, TYPEKIND kind,
+                                const GUID& id, const wchar_t* description)
 {
     Owned<ICreateTypeInfo> type;
     check(library.CreateTypeInfo(writable(name), kind, type.out()), "CreateTypeInfo");
@@ -73,8 +73,8 @@ TYPEDESC by_reference(TYPEDESC& pointed)
     return pointer;
 }
 
-// Wine's type library writer has no currency values and keeps one byte of True. A currency goes through it as a text
-// that takes as many bytes, and both are put right in the file.
+// Wine's type library writer has no currency values and keeps one byte of True. A currency goes through it as
+// a text that takes as many bytes, and both are put right in the file.
 class Corrections
 {
 public:
@@ -92,7 +92,15 @@ public:
     void apply(std::string& file) const
     {
         for (std::size_t i = 0; i < amounts_.size(); ++i) {
-            char marked[] = {VT_BSTR, 0, 4, 0, 0, 0, '$', '0', static_cast<char>('0' + i / 10),
+            char marked[] = {VT_BSTR,
+                             0,
+                             4,
+                             0,
+                             0,
+                             0,
+                             '$',
+                             '0',
+                             static_cast<char>('0' + i / 10),
                              static_cast<char>('0' + i % 10)};
             std::string amount = {VT_CY, 0};
             amount.append(reinterpret_cast<const char*>(&amounts_[i]), sizeof(CY));
@@ -136,7 +144,8 @@ public:
     void add_to(ICreateTypeInfo& type, std::size_t index)
     {
         check(type.AddFuncDesc(static_cast<UINT>(index), &function_), "AddFuncDesc");
-        check(type.SetFuncAndParamNames(static_cast<UINT>(index), names_.data(), static_cast<UINT>(names_.size())),
+        check(type.SetFuncAndParamNames(static_cast<UINT>(index), names_.data(),
+                                        static_cast<UINT>(names_.size())),
               "SetFuncAndParamNames");
     }
 
@@ -166,7 +175,8 @@ private:
     void name_all(const Method& method)
     {
         names_.push_back(const_cast<LPOLESTR>(method.name));
-        for (const Parameter& parameter : method.parameters) names_.push_back(const_cast<LPOLESTR>(parameter.name));
+        for (const Parameter& parameter : method.parameters)
+            names_.push_back(const_cast<LPOLESTR>(parameter.name));
     }
 
     Corrections& corrections_;
@@ -180,17 +190,19 @@ private:
 Owned<ICreateTypeInfo> add_interface(ICreateTypeLib2& library, const Class& described, ITypeInfo& dispatch,
                                      Corrections& corrections)
 {
-    auto type = new_type(library, std::wstring(L"_") + described.name, TKIND_INTERFACE, described.interface_id,
-                         described.description);
+    auto type = new_type(library, std::wstring(L"_") + described.name, TKIND_INTERFACE,
+                         described.interface_id, described.description);
     add_base(*type.get(), dispatch, 0);
-    check(type->SetTypeFlags(TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FNONEXTENSIBLE), "SetTypeFlags");
+    check(type->SetTypeFlags(TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FNONEXTENSIBLE),
+          "SetTypeFlags");
     for (std::size_t i = 0; i < described.methods.size(); ++i)
         Description(described.methods[i], i, corrections).add_to(*type.get(), i);
     check(type->LayOut(), "LayOut");
     return type;
 }
 
-void add_class(ICreateTypeLib2& library, const Class& described, ITypeInfo& dispatch, Corrections& corrections)
+void add_class(ICreateTypeLib2& library, const Class& described, ITypeInfo& dispatch,
+               Corrections& corrections)
 {
     const auto interface_type = add_interface(library, described, dispatch, corrections);
     Owned<ITypeInfo> made;
@@ -214,7 +226,8 @@ void write_type_library(const std::wstring& path, SYSKIND system)
     check(library->SetDocString(writable(library_description)), "SetDocString");
     const auto dispatch = dispatch_interface();
     Corrections corrections;
-    for (const Class& described : surface()) add_class(*library.get(), described, *dispatch.get(), corrections);
+    for (const Class& described : surface())
+        add_class(*library.get(), described, *dispatch.get(), corrections);
     check(library->SaveAllChanges(), "SaveAllChanges");
     std::string file = read_file(path);
     corrections.apply(file);

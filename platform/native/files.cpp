@@ -14,7 +14,21 @@ namespace {
 
 namespace fs = std::filesystem;
 
-Text reason(int error) { return to_text(std::strerror(error)); }
+Text reason(int error)
+{
+    switch (error) {
+    case ENOENT: return u"no existe la carpeta";
+    case ENOTDIR: return u"una parte de la ruta no es una carpeta";
+    case EISDIR: return u"es una carpeta";
+    case EACCES:
+    case EPERM: return u"no hay permiso";
+    case EROFS: return u"el disco es de sólo lectura";
+    case ENOSPC:
+    case EDQUOT: return u"el disco está lleno";
+    case EFBIG: return u"el archivo es demasiado grande";
+    default: return to_text(std::strerror(error));
+    }
+}
 
 fs::path separated(TextView path) { return fs::path(to_utf8(replace_all(path, u"\\", u"/"))); }
 

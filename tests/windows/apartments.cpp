@@ -10,8 +10,8 @@ bool is_proxy(IUnknown* object)
 {
     HMODULE module = nullptr;
     const auto* function = **reinterpret_cast<wchar_t***>(object);
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT, function,
-                       &module);
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       function, &module);
     return module != GetModuleHandleW(L"TOLVEX.dll");
 }
 
@@ -38,7 +38,8 @@ void answers_a_multithreaded_host()
     VARIANT arguments[] = {reference, caja};
     DISPPARAMS call{arguments, nullptr, 2, 0};
     EXCEPINFO exception{};
-    EXPECT_EQ(docto->Invoke(10, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &call, &result, &exception, nullptr),
+    EXPECT_EQ(docto->Invoke(10, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &call, &result, &exception,
+                            nullptr),
               DISP_E_EXCEPTION);
     EXPECT_EQ(std::wstring(exception.bstrSource ? exception.bstrSource : L""), L"TOLVEX.GeneraDocto");
     EXPECT_EQ(variable.vt, VT_BSTR);

@@ -25,27 +25,28 @@ inline void expect(bool holds, const std::string& what, int line)
 inline std::string shown(const std::wstring& text)
 {
     std::string bytes(text.size() * 3 + 1, '\0');
-    const int length = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()), bytes.data(),
-                                           static_cast<int>(bytes.size()), nullptr, nullptr);
+    const int length = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
+                                           bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr);
     return bytes.substr(0, static_cast<std::size_t>(length));
 }
 
 template <class Number>
-    requires std::is_arithmetic_v<Number>
-std::string shown(Number number)
+requires std::is_arithmetic_v<Number> std::string shown(Number number)
 {
     char text[40];
     if constexpr (std::is_floating_point_v<Number>)
         std::snprintf(text, sizeof text, "%.15g", number);
     else
-        std::snprintf(text, sizeof text, "%lld (%llX)", static_cast<long long>(number), static_cast<long long>(number));
+        std::snprintf(text, sizeof text, "%lld (%llX)", static_cast<long long>(number),
+                      static_cast<long long>(number));
     return text;
 }
 
 template <class Actual, class Expected>
 void expect_equal(const Actual& actual, const Expected& expected, const std::string& what, int line)
 {
-    expect(actual == expected, what + " es " + shown(actual) + " en vez de " + shown(static_cast<Actual>(expected)), line);
+    expect(actual == expected,
+           what + " es " + shown(actual) + " en vez de " + shown(static_cast<Actual>(expected)), line);
 }
 
 // The last line of a test; without it the runner takes the test as failed.

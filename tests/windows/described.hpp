@@ -30,7 +30,8 @@ struct DescribedClass
     std::vector<DescribedMethod> methods;
 };
 
-inline const GUID tolvex_library = {0x5aa356af, 0xac30, 0x496a, {0x9d, 0x50, 0x5c, 0x53, 0x36, 0x27, 0x9f, 0xca}};
+inline const GUID tolvex_library = {
+    0x5aa356af, 0xac30, 0x496a, {0x9d, 0x50, 0x5c, 0x53, 0x36, 0x27, 0x9f, 0xca}};
 
 inline std::wstring default_value(const PARAMDESC& parameter)
 {
@@ -59,8 +60,8 @@ inline DescribedMethod described_method(ITypeInfo* type, const FUNCDESC& functio
         if (element.paramdesc.wParamFlags & PARAMFLAG_FRETVAL)
             method.result = pointed;
         else
-            method.parameters.push_back({names[i + 1], pointed, element.paramdesc.wParamFlags,
-                                         default_value(element.paramdesc)});
+            method.parameters.push_back(
+                {names[i + 1], pointed, element.paramdesc.wParamFlags, default_value(element.paramdesc)});
     }
     for (BSTR name : names) SysFreeString(name);
     return method;

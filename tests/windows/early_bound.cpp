@@ -96,8 +96,8 @@ void refuses_values_out_of_range()
     Variant result;
     for (DATE date : {1e300, -1e300, 0.0 / 0.0 * -1.0}) {
         const HRESULT outcome = cliente->SetDatosClientes(
-            &text, &text, &text, &text, &text, &text, &text, &text, &text, &text, &text, &text, &text, &text, &text,
-            &one, &text, &date, &text, &amount, &amount, &text, &amount, &text, &text, &text, &result);
+            &text, &text, &text, &text, &text, &text, &text, &text, &text, &text, &text, &text, &text, &text,
+            &text, &one, &text, &date, &text, &amount, &amount, &text, &amount, &text, &text, &text, &result);
         EXPECT_EQ(outcome, run_time_error(6));
         EXPECT_EQ(error_information().source, L"TOLVEX.Cliente");
     }

@@ -1,4 +1,5 @@
-// A host bound late, with what scripts cannot pass: named arguments, references of every kind, broken arguments.
+// A host bound late, with what scripts cannot pass: named arguments, references of every kind, broken
+// arguments.
 #include "checks.hpp"
 
 #include <limits>
@@ -15,7 +16,8 @@ struct Answer
     Variant result;
 };
 
-Answer invoke(IDispatch* object, DISPID id, std::vector<VARIANT> arguments_last_first, std::vector<DISPID> named = {})
+Answer invoke(IDispatch* object, DISPID id, std::vector<VARIANT> arguments_last_first,
+              std::vector<DISPID> named = {})
 {
     Answer answer;
     DISPPARAMS call{arguments_last_first.data(), named.data(), static_cast<UINT>(arguments_last_first.size()),
@@ -35,8 +37,8 @@ Answer invoke(IDispatch* object, DISPID id, std::vector<VARIANT> arguments_last_
 std::vector<DISPID> ids(IDispatch* object, std::vector<const wchar_t*> names, HRESULT expected = S_OK)
 {
     std::vector<DISPID> found(names.size(), -2);
-    EXPECT_EQ(object->GetIDsOfNames(IID_NULL, const_cast<LPOLESTR*>(names.data()), static_cast<UINT>(names.size()),
-                                    LOCALE_USER_DEFAULT, found.data()),
+    EXPECT_EQ(object->GetIDsOfNames(IID_NULL, const_cast<LPOLESTR*>(names.data()),
+                                    static_cast<UINT>(names.size()), LOCALE_USER_DEFAULT, found.data()),
               expected);
     return found;
 }
@@ -64,9 +66,10 @@ void finds_names_in_any_case()
     const auto docto = create<IDispatch>(L"TOLVEX.GeneraDocto");
     EXPECT(ids(docto.get(), {L"GENERAFACTURAELECTRONICA", L"VLNFACTURA", L"vlGeneraAddenda"}) ==
            (std::vector<DISPID>{4, 0, 4}));
-    EXPECT(ids(docto.get(), {L"GeneraFacturaElectronicaDesdeArchivoPlano", L"prtContraseña", L"PRTCONTRASEÑA"}) ==
-           (std::vector<DISPID>{11, 3, 3}));
-    EXPECT(ids(docto.get(), {L"Main", L"ajeno"}, DISP_E_UNKNOWNNAME) == (std::vector<DISPID>{5, DISPID_UNKNOWN}));
+    EXPECT(ids(docto.get(), {L"GeneraFacturaElectronicaDesdeArchivoPlano", L"prtContraseña",
+                             L"PRTCONTRASEÑA"}) == (std::vector<DISPID>{11, 3, 3}));
+    EXPECT(ids(docto.get(), {L"Main", L"ajeno"}, DISP_E_UNKNOWNNAME) ==
+           (std::vector<DISPID>{5, DISPID_UNKNOWN}));
     EXPECT(ids(docto.get(), {L"ajeno"}, DISP_E_UNKNOWNNAME) == (std::vector<DISPID>{DISPID_UNKNOWN}));
 }
 
@@ -87,7 +90,8 @@ void takes_named_arguments()
 
     EXPECT_EQ(invoke(addenda.get(), 1, {padre, rama, rfc}, {9, named[2]}).outcome, DISP_E_PARAMNOTFOUND);
     EXPECT_EQ(invoke(addenda.get(), 1, {padre, rama, rfc}, {-1, named[2]}).outcome, DISP_E_PARAMNOTFOUND);
-    EXPECT_EQ(invoke(addenda.get(), 1, {padre, rama, rfc, rfc}, {named[2], named[2]}).outcome, DISP_E_PARAMNOTFOUND);
+    EXPECT_EQ(invoke(addenda.get(), 1, {padre, rama, rfc, rfc}, {named[2], named[2]}).outcome,
+              DISP_E_PARAMNOTFOUND);
     EXPECT_EQ(invoke(addenda.get(), 1, {padre, rfc, rfc}, {0}).outcome, DISP_E_PARAMNOTFOUND);
     EXPECT_EQ(invoke(addenda.get(), 1, {rfc}, {named[1]}).outcome, DISP_E_PARAMNOTOPTIONAL);
 }
@@ -108,10 +112,14 @@ void tells_broken_calls()
               DISP_E_UNKNOWNINTERFACE);
     EXPECT_EQ(addenda->Invoke(2, IID_NULL, 0, DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr),
               DISP_E_MEMBERNOTFOUND);
-    EXPECT_EQ(addenda->Invoke(2, IID_NULL, 0, DISPATCH_METHOD, nullptr, nullptr, nullptr, nullptr), E_POINTER);
-    EXPECT_EQ(addenda->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &without_values, nullptr, nullptr, nullptr), E_POINTER);
-    EXPECT_EQ(addenda->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &more_names, nullptr, nullptr, nullptr), E_INVALIDARG);
-    EXPECT_EQ(addenda->Invoke(2, IID_NULL, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none, nullptr, nullptr, nullptr),
+    EXPECT_EQ(addenda->Invoke(2, IID_NULL, 0, DISPATCH_METHOD, nullptr, nullptr, nullptr, nullptr),
+              E_POINTER);
+    EXPECT_EQ(addenda->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &without_values, nullptr, nullptr, nullptr),
+              E_POINTER);
+    EXPECT_EQ(addenda->Invoke(1, IID_NULL, 0, DISPATCH_METHOD, &more_names, nullptr, nullptr, nullptr),
+              E_INVALIDARG);
+    EXPECT_EQ(addenda->Invoke(2, IID_NULL, 0, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none, nullptr, nullptr,
+                              nullptr),
               S_OK);
     EXPECT_EQ(addenda->GetIDsOfNames(IID_NULL, nullptr, 1, 0, nullptr), E_POINTER);
     EXPECT_EQ(addenda->GetTypeInfoCount(nullptr), E_POINTER);
@@ -171,15 +179,19 @@ void reads_references_of_every_type()
     DECIMAL decimal{};
     decimal.Lo64 = 1;
     IDispatch* no_object = nullptr;
-    for (VARIANT padre : {reference(VT_I2, &i2), reference(VT_I4, &i4), reference(VT_R8, &r8), reference(VT_CY, &cy),
-                          reference(VT_BSTR, &text), reference(VT_DECIMAL, &decimal)})
-        EXPECT_EQ(invoke(addenda.get(), 1, {padre, reference_to(rama), reference(VT_BSTR, &rfc)}).outcome, S_OK);
+    for (VARIANT padre : {reference(VT_I2, &i2), reference(VT_I4, &i4), reference(VT_R8, &r8),
+                          reference(VT_CY, &cy), reference(VT_BSTR, &text), reference(VT_DECIMAL, &decimal)})
+        EXPECT_EQ(invoke(addenda.get(), 1, {padre, reference_to(rama), reference(VT_BSTR, &rfc)}).outcome,
+                  S_OK);
     EXPECT_EQ(rama.vt, VT_BSTR); // only a parameter that gives something back changes the host's variable
 
-    for (const int type : std::vector<int>{VT_I2, VT_BSTR, VT_VARIANT, VT_DISPATCH, VT_DECIMAL, VT_RECORD, 0x123})
-        EXPECT_EQ(invoke(addenda.get(), 1, {reference(type, nullptr), number, reference(VT_BSTR, &rfc)}).code, run_time_error(13));
-    EXPECT_EQ(invoke(addenda.get(), 1, {reference(VT_DISPATCH, &no_object), number, reference(VT_BSTR, &rfc)}).code,
-              run_time_error(91));
+    for (const int type :
+         std::vector<int>{VT_I2, VT_BSTR, VT_VARIANT, VT_DISPATCH, VT_DECIMAL, VT_RECORD, 0x123})
+        EXPECT_EQ(invoke(addenda.get(), 1, {reference(type, nullptr), number, reference(VT_BSTR, &rfc)}).code,
+                  run_time_error(13));
+    EXPECT_EQ(
+        invoke(addenda.get(), 1, {reference(VT_DISPATCH, &no_object), number, reference(VT_BSTR, &rfc)}).code,
+        run_time_error(91));
     Variant loop;
     loop.vt = VT_BYREF | VT_VARIANT;
     loop.pvarVal = &loop;

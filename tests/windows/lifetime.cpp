@@ -48,8 +48,8 @@ void one_round()
     Variant result;
     addenda->SetAddenda(&rfc, &one, &one, &value, &result);
     addenda->InicializaAddenda(&result);
-    docto->BorraFacturaElectronica(&one, &one, &folio, &done);  // traps its error
-    docto->fgObtenFolioFactura(&rfc, &folio, &done);            // raises one
+    docto->BorraFacturaElectronica(&one, &one, &folio, &done); // traps its error
+    docto->fgObtenFolioFactura(&rfc, &folio, &done);           // raises one
     SetErrorInfo(0, nullptr);
 
     Variant text(L"texto"), wrong(L"abc"), variable(SHORT{5}), reference;
@@ -92,7 +92,8 @@ void counts_objects_and_locks()
     EXPECT_EQ(can_unload(), S_FALSE);
     {
         Owned<IUnknown> object;
-        EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, reinterpret_cast<void**>(object.out())), S_OK);
+        EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, reinterpret_cast<void**>(object.out())),
+                  S_OK);
         EXPECT_EQ(factory->LockServer(TRUE), S_OK);
         factory = Owned<IClassFactory>();
         EXPECT_EQ(can_unload(), S_FALSE);

@@ -1,53 +1,78 @@
 #!/bin/bash
-# registration.sh 64|32 COMPONENT: registering and unregistering, for the machine and for the user, leaves the registry
-# as it was; in between hosts find the component. Both bitnesses beside each other keep what they share.
+# registration.sh 64|32 COMPONENT OTHER: registering and unregistering, for the machine and for the user, leaves the
+# registry as it was, and beside the component of the other bitness (OTHER) neither takes away what both need.
 set -euo pipefail
 
-bits=$1 component=$2
+bits=$1 component=$2 other=$3
 runner=$(dirname "$0")/run_in_testbed.sh
-dll="Z:${component//\//\\}"
-[ "$bits" = 64 ] && system='C:\windows\system32' || system='C:\windows\syswow64'
 checks=0 failures=0
+folder=$(mktemp -d)
 
 expect() {
     local what=$1
     shift
     checks=$((checks + 1))
-    "$@" > /dev/null && return
+    "$@" && return
     failures=$((failures + 1))
     echo "FALLA: $what"
 }
 
-windows() { "$runner" "$bits" 60 "$@"; }
-regsvr32() { windows "$system\\regsvr32.exe" /s "$@" "$dll"; }
-
-entries() {
-    local root
-    for root in HKLM HKCU; do
-        "$runner" 64 60 'C:\windows\system32\reg.exe' query "$root\\Software\\Classes" /s 2> /dev/null || true
-    done | iconv -f CP437 -t UTF-8 | tr -d '\r'
+# regsvr32 64|32 COMPONENT [OPTION]…
+regsvr32() {
+    local system='C:\windows\syswow64' kind=$1 dll="Z:${2//\//\\}"
+    [ "$kind" = 32 ] || system='C:\windows\system32'
+    shift 2
+    "$runner" "$kind" 60 "$system\\regsvr32.exe" /s "$@" "$dll"
 }
 
-mentions() { entries | grep -qiE 'tolvex|5aa356af'; }
-does_not_mention() { ! mentions; }
-has_value() { entries | grep -qiF "$1"; }
-has_line() { entries | grep -qiE "$1"; }
+# Keys and values of the classes in both parts of the registry.
+look() {
+    local root
+    registry=$(for root in HKLM HKCU; do
+        rm -f "$folder/exported"
+        "$runner" 64 60 'C:\windows\system32\reg.exe' export "$root\\Software\\Classes" \
+            "Z:${folder//\//\\}\\exported" > /dev/null 2>&1 || true # a user may have no classes yet
+        [ ! -e "$folder/exported" ] || iconv -f UTF-16 -t UTF-8 "$folder/exported" | tr -d '\r'
+    done)
+}
 
-expect "nada registrado al empezar" does_not_mention
-before=$(entries | sort)
+has() { LC_ALL=C grep -qiE "$1" <<< "$registry"; }
+has_no() { ! has "$1"; }
+any='tolvex|5aa356af-ac30-496a-9d50-5c5336279fca'
 
-regsvr32
-expect "clase registrada para la máquina" has_line 'HKEY_LOCAL_MACHINE.*TOLVEX\.GeneraDocto'
-expect "modelo de apartamento" has_line 'ThreadingModel +REG_SZ +Apartment'
-expect "biblioteca de tipos" has_line "HKEY_LOCAL_MACHINE.*TypeLib.*5AA356AF.*win$bits|win$bits"
-regsvr32 /u
-expect "nada queda tras quitar el registro de la máquina" does_not_mention
+look
+expect "nada registrado al empezar" has_no "$any"
+before=$(LC_ALL=C sort <<< "$registry")
 
-regsvr32 /n /i:user
-expect "clase registrada para el usuario" has_line 'HKEY_CURRENT_USER.*TOLVEX\.GeneraDocto'
-expect "nada en la máquina" bash -c '! "$@"' _ false
-regsvr32 /u /n /i:user
-expect "nada queda tras quitar el registro del usuario" does_not_mention
-expect "el registro quedó como estaba" test "$before" = "$(entries | sort)"
+regsvr32 "$bits" "$component"
+look
+expect "identificador para la máquina" has '^\[HKEY_LOCAL_MACHINE.*\\TOLVEX\.GeneraDocto\\CLSID'
+expect "modelo de apartamento" has '"ThreadingModel"="Apartment"'
+expect "biblioteca de tipos" has "^\[HKEY_LOCAL_MACHINE.*\\\\TypeLib\\\\.5AA356AF.*\\\\win$bits"
+regsvr32 "$bits" "$component" /u
+look
+expect "nada queda en la máquina" has_no "$any"
+
+regsvr32 "$bits" "$component" /n /i:user
+look
+expect "identificador para el usuario" has '^\[HKEY_CURRENT_USER.*\\TOLVEX\.GeneraDocto\\CLSID'
+expect "nada en la máquina" has_no '^\[HKEY_LOCAL_MACHINE.*(tolvex|5aa356af)'
+regsvr32 "$bits" "$component" /u /n /i:user
+look
+expect "nada queda del usuario" has_no "$any"
+expect "el registro quedó como estaba" test "$before" = "$(LC_ALL=C sort <<< "$registry")"
+
+if [ -e "$other" ] && "$runner" has $((96 - bits)); then
+    regsvr32 "$bits" "$component"
+    regsvr32 $((96 - bits)) "$other"
+    regsvr32 "$bits" "$component" /u
+    look
+    expect "la otra edición conserva el identificador" has '\\TOLVEX\.GeneraDocto\\CLSID'
+    expect "la otra edición conserva la biblioteca de tipos" has "\\\\win$((96 - bits))"
+    expect "la propia biblioteca de tipos se fue" has_no "5AA356AF.*\\\\win$bits"
+    regsvr32 $((96 - bits)) "$other" /u
+    look
+    expect "nada queda de ninguna" has_no "$any"
+fi
 
 echo "FIN: $checks comprobaciones, $failures fallas"

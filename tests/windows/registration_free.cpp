@@ -35,8 +35,8 @@ int main()
     CLSID id{};
     EXPECT(FAILED(CLSIDFromProgID(L"TOLVEX.Addenda", &id)));
     const Assembly assembly(L"TOLVEX.manifest");
-    for (const wchar_t* name : {L"TOLVEX.GeneraDocto", L"TOLVEX.ConfigFE", L"TOLVEX.Cliente", L"TOLVEX.DetFacturas",
-                                L"TOLVEX.Addenda", L"TOLVEX.Maestros"}) {
+    for (const wchar_t* name : {L"TOLVEX.GeneraDocto", L"TOLVEX.ConfigFE", L"TOLVEX.Cliente",
+                                L"TOLVEX.DetFacturas", L"TOLVEX.Addenda", L"TOLVEX.Maestros"}) {
         const auto object = create<IDispatch>(name);
         Owned<ITypeInfo> type;
         EXPECT_EQ(object->GetTypeInfo(0, 0, type.out()), S_OK);

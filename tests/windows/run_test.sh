@@ -34,7 +34,7 @@ run_script() {
     joined=$folder/${1##*/}
     cat "$here/scripts/grammar.$extension" "$1" | iconv -f UTF-8 -t CP1252 > "$joined"
     shift
-    windows "$system\\cscript.exe" //nologo "$(windows_path "$joined")" "$@" | iconv -f CP437 -t UTF-8
+    windows "$system\\cscript.exe" //nologo "$(windows_path "$joined")" "$@" | iconv -f CP850 -t UTF-8
 }
 
 register() { windows "$system\\regsvr32.exe" /s "$@" "$(windows_path "$component")"; }

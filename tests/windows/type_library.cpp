@@ -1,4 +1,5 @@
-// type_library FILE: the registered type library says what FILE, written by hand, says about the public surface.
+// type_library FILE: the registered type library says what FILE, written by hand, says about the public
+// surface.
 #include "described.hpp"
 
 #include <fstream>
@@ -8,15 +9,24 @@ namespace {
 std::wstring type_name(VARTYPE type)
 {
     switch (type) {
-    case VT_EMPTY: return L"none";
-    case VT_BSTR: return L"text";
-    case VT_I2: return L"int16";
-    case VT_I4: return L"int32";
-    case VT_BOOL: return L"Boolean";
-    case VT_CY: return L"currency";
-    case VT_DATE: return L"date";
-    case VT_VARIANT: return L"variant";
-    default: return L"type " + std::to_wstring(type);
+    case VT_EMPTY:
+        return L"none";
+    case VT_BSTR:
+        return L"text";
+    case VT_I2:
+        return L"int16";
+    case VT_I4:
+        return L"int32";
+    case VT_BOOL:
+        return L"Boolean";
+    case VT_CY:
+        return L"currency";
+    case VT_DATE:
+        return L"date";
+    case VT_VARIANT:
+        return L"variant";
+    default:
+        return L"type " + std::to_wstring(type);
     }
 }
 
@@ -63,7 +73,8 @@ int main(int, char** arguments)
             EXPECT_EQ(method.offset, offset);
             EXPECT_EQ(method.id, id);
             for (const DescribedParameter& parameter : method.parameters)
-                EXPECT((parameter.flags & (PARAMFLAG_FIN | PARAMFLAG_FOUT)) == (PARAMFLAG_FIN | PARAMFLAG_FOUT));
+                EXPECT((parameter.flags & (PARAMFLAG_FIN | PARAMFLAG_FOUT)) ==
+                       (PARAMFLAG_FIN | PARAMFLAG_FOUT));
             offset += sizeof(void*);
             ++id;
             ++i;

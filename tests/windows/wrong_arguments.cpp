@@ -1,5 +1,5 @@
-// Every parameter of every public method with every kind of wrong argument, late and early: an error, never a crash.
-// One argument is wrong at a time, so that no method gets as far as doing anything.
+// Every parameter of every public method with every kind of wrong argument, late and early: an error, never a
+// crash. One argument is wrong at a time, so that no method gets as far as doing anything.
 #include "described.hpp"
 
 #include <limits>
@@ -18,8 +18,12 @@ struct PlainObject final : IDispatch
     ULONG STDMETHODCALLTYPE Release() override { return 1; }
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
     HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*, UINT*) override
+    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
+    {
+        return E_NOTIMPL;
+    }
+    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
+                                     UINT*) override
     {
         return DISP_E_MEMBERNOTFOUND;
     }
@@ -48,9 +52,9 @@ struct WrongArgument
 {
     const char* name;
     VARIANT value;
-    int error;                   // the number it gives
-    bool for_text = true;        // wrong for a text too
-    bool for_boolean = true;     // and for a Boolean, or a variant that is read as one
+    int error;               // the number it gives
+    bool for_text = true;    // wrong for a text too
+    bool for_boolean = true; // and for a Boolean, or a variant that is read as one
 };
 
 std::vector<WrongArgument> wrong_arguments()
@@ -96,12 +100,13 @@ void calls_late(IDispatch* object, const DescribedClass& described, const Descri
             EXCEPINFO exception{};
             UINT at_fault = 99;
             Variant result;
-            const HRESULT outcome = object->Invoke(method.id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &call,
-                                                   &result, &exception, &at_fault);
-            const std::string what = shown(described.name + L"." + method.name + L"(" +
-                                           method.parameters[wrong].name + L") ") + kind.name + ": " +
-                                     shown(outcome) + " " + shown(exception.scode);
-            expect(outcome == DISP_E_EXCEPTION && exception.scode == run_time_error(kind.error), what, __LINE__);
+            const HRESULT outcome = object->Invoke(method.id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
+                                                   &call, &result, &exception, &at_fault);
+            const std::string what =
+                shown(described.name + L"." + method.name + L"(" + method.parameters[wrong].name + L") ") +
+                kind.name + ": " + shown(outcome) + " " + shown(exception.scode);
+            expect(outcome == DISP_E_EXCEPTION && exception.scode == run_time_error(kind.error), what,
+                   __LINE__);
             SysFreeString(exception.bstrSource);
             SysFreeString(exception.bstrDescription);
         }
@@ -122,10 +127,11 @@ void calls_early(IDispatch* object, const DescribedClass& described, const Descr
             addresses.push_back(&values[i]);
         }
         Variant outcome;
-        const HRESULT called = DispCallFunc(object, method.offset, CC_STDCALL, VT_ERROR, static_cast<UINT>(pointers),
-                                            types.data(), addresses.data(), &outcome);
-        const std::string what = shown(described.name + L"." + method.name) + " con puntero nulo " + shown(null) +
-                                 ": " + shown(outcome.scode);
+        const HRESULT called =
+            DispCallFunc(object, method.offset, CC_STDCALL, VT_ERROR, static_cast<UINT>(pointers),
+                         types.data(), addresses.data(), &outcome);
+        const std::string what = shown(described.name + L"." + method.name) + " con puntero nulo " +
+                                 shown(null) + ": " + shown(outcome.scode);
         expect(called == S_OK && outcome.scode == E_POINTER, what, __LINE__);
     }
 }
@@ -139,7 +145,8 @@ int main()
     for (const DescribedClass& described : described_classes()) {
         const auto dispatch = create<IDispatch>((L"TOLVEX." + described.name).c_str());
         Owned<IDispatch> dual;
-        EXPECT_EQ(dispatch->QueryInterface(described.interface_id, reinterpret_cast<void**>(dual.out())), S_OK);
+        EXPECT_EQ(dispatch->QueryInterface(described.interface_id, reinterpret_cast<void**>(dual.out())),
+                  S_OK);
         for (const DescribedMethod& method : described.methods) {
             calls_late(dispatch.get(), described, method);
             calls_early(dual.get(), described, method);
