@@ -2,7 +2,8 @@
 # make test      sets everything up, builds both editions and runs every test
 # make windows   builds TOLVEX.dll for 64 and 32 bits into build/windows
 # make bench     measures how fast documents are issued
-.PHONY: all demo test windows bench clean
+# make bench-windows   the same from Windows hosts, beside the native edition
+.PHONY: all demo test windows bench bench-windows clean
 
 windows_bitnesses := x86_64 i686
 
@@ -22,11 +23,11 @@ windows:
 	    cmake --build build/windows/$$bits || exit 1; \
 	done
 
-test: windows
-	setup/native.sh
+test: all windows
 	cmake -S . -B build/sanitized -G Ninja -DTOLVEX_SANITIZE=ON
 	cmake --build build/sanitized
 	ctest --test-dir build/sanitized --output-on-failure --parallel 2
+	for bits in $(windows_bitnesses); do ctest --test-dir build/windows/$$bits --output-on-failure || exit 1; done
 
 bench:
 	setup/native.sh
@@ -34,6 +35,9 @@ bench:
 	cmake --build build/bench
 	build/bench/bench/issue_bench
 	build/bench/bench/two_stations
+
+bench-windows: all windows
+	bench/windows/run.sh
 
 clean:
 	rm -rf build demo

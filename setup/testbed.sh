@@ -9,8 +9,8 @@
 testbed=$build/testbed
 new=$testbed.new
 settings=$build/testbed-apt.conf
-packages_64=wine,wine64,unixodbc,libsqliteodbc,xvfb,xdotool,openbox,x11-utils,imagemagick,fonts-liberation,locales
-packages_32=wine32:i386,libodbc2:i386,libsqliteodbc:i386
+packages_64=wine,wine64,unixodbc,libsqliteodbc,tdsodbc,xvfb,xdotool,openbox,x11-utils,imagemagick,fonts-liberation,locales
+packages_32=wine32:i386,libodbc2:i386,libsqliteodbc:i386,tdsodbc:i386
 
 require_namespaces() {
     unshare --mount --pid --uts --fork true ||

@@ -119,7 +119,7 @@ build_once() {
 }
 
 install_packages make perl xz-utils patch dpkg-dev tcl ca-certificates \
-    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev
+    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev googletest
 mkdir -p "$windows"
 rm -rf "$work"
 build_once build_sqlite compile_sqlite
