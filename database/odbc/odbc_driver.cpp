@@ -87,9 +87,9 @@ private:
         return false;
     }
 
-    inline static const Text install_advice = u"No hay un controlador ODBC que llegue a SQL Server: instale "
-                                              u"«ODBC Driver 18 for SQL Server» (paquete "
-                                              u"msodbcsql18) o FreeTDS (paquete tdsodbc). ";
+    inline static const Text install_advice =
+        u"No está instalado el controlador ODBC que pide la conexión; para SQL Server instale «ODBC Driver 18 for SQL "
+        u"Server» (paquete msodbcsql18) o FreeTDS (paquete tdsodbc). ";
 };
 
 class OdbcDriver : public Driver
