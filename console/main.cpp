@@ -103,7 +103,9 @@ int main(int argc, char** argv)
     int result = 0;
 
     const auto add_command = [&](const char* name, const char* purpose) {
-        return app.add_subcommand(name, purpose)->group("Órdenes");
+        auto* command = app.add_subcommand(name, purpose)->group("Órdenes");
+        command->get_help_ptr()->group("Opciones"); // inherited before the options' group is
+        return command;
     };
     auto* demo_command = add_command("demo", "Prepara una empresa de prueba y emite documentos de verdad");
     demo_command->add_option("--carpeta", folder, "Carpeta de trabajo")->capture_default_str();

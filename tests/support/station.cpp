@@ -17,7 +17,10 @@ Station::Station(const Database& database, const std::function<void()>& prepare)
                                 embedded ? u"sqlite:" : database.server);
     ConfigFE().AbrirConexion();
     if (!embedded) prepare();
+    Connection& connection = shared_connection(session());
+    connection.begin_transaction(); // one flush instead of seven
     store_master_data();
+    connection.commit();
 }
 
 Station::~Station()
@@ -50,6 +53,7 @@ void Station::store_master_data()
 
 void Station::load_issuer()
 {
+    forget_error();
     ASSERT_TRUE(genera_docto.GetDatosEmpresa(1));
     ASSERT_TRUE(genera_docto.GetDatosSucursal(1, 1));
     ASSERT_TRUE(genera_docto.GetDatosCertificado(1));

@@ -1,0 +1,158 @@
+#include "issuing/original_string.hpp"
+
+#include "core/errors.hpp"
+#include "support/station.hpp"
+#include "support/tables.hpp"
+
+namespace tolvex::testing {
+namespace {
+
+// The staged sale of the station without its master data's flags: tests set those they are about.
+class OriginalString : public Station
+{
+protected:
+    OriginalString() { stage_document(); }
+
+    Text header(bool credit_note = false)
+    {
+        prepare_document_values(session(), document);
+        copy_issuer_address(session(), document);
+        return header_piece(session(), document, credit_note);
+    }
+
+    Text whole(const Text& rate = u"16.00")
+    {
+        prepare_document_values(session(), document);
+        copy_issuer_address(session(), document);
+        document.DocTasa = rate;
+        return original_string(session(), document);
+    }
+
+    DocumentValues document;
+};
+
+constexpr TextView issuer = u"|AES010101AAA|ABARROTES LA ESPERANZA|ALHÓNDIGA|15|CENTRO|GUANAJUATO|GTO|MÉXICO|36000";
+constexpr TextView receiver = u"|PEGM800101AB1|María Peña|Niños Héroes|120|Del Valle|Benito Juárez|Distrito Federal"
+                              u"|México|03100|";
+// The second line's price and amount end in half a cent, which goes to the even one.
+constexpr TextView concepts = u"5.00|KG|Café de altura, 1 kg|180.00|900.00|2.50|PZA|Pan|188.00|470.02|";
+
+TEST_F(OriginalString, of_a_sale_in_pesos)
+{
+    EXPECT_EQ(whole(), u"||3.0|2011-03-15T14:05:09|ingreso|PAGO EN UNA SOLA EXHIBICION|1370.00|1|MXN|1508.00" +
+                           Text(issuer) + Text(receiver) + Text(concepts) + u"IVA|16.00|208.00|208.00||");
+    EXPECT_EQ(document.line_count, 2);
+}
+
+TEST_F(OriginalString, of_a_credit_note_with_withholdings_in_another_currency)
+{
+    Receiver other;
+    other.moneda = u"pesos"; // not to the letter, so it is foreign
+    other.Paridad = 17.5;
+    other.ISRRet = 137.005;
+    stage(other);
+    document.es_nota_credito = true;
+    EXPECT_EQ(whole(u"11.00"),
+              u"||3.0|2011-03-15T14:05:09|egreso|PAGO EN UNA SOLA EXHIBICION|1370.00|17.5000|USD|1508.00" +
+                  Text(issuer) + Text(receiver) + Text(concepts) +
+                  u"ISR|137.01|IVA|0.00|IVA|11.00|208.00||");
+}
+
+TEST_F(OriginalString, flags_switch_header_fields_and_the_version_hides_the_series)
+{
+    session().gSerie = u"A";
+    const Text rest = u"|2011-03-15T14:05:09|ingreso|PAGO EN UNA SOLA EXHIBICION|1370.00|1|MXN|1508.00" + Text(issuer);
+    EXPECT_EQ(header(), u"|3.0" + rest);
+    session().gMostrarVersion = false;
+    EXPECT_EQ(header(), u"|A" + rest);
+    session().gMostrarSerie = false;
+    EXPECT_EQ(header(), rest);
+    session().gMostrarTipoDeComprobante = session().gMostrarFormadePago = false;
+    EXPECT_EQ(header(), u"|2011-03-15T14:05:09|1370.00|1|MXN|1508.00" + Text(issuer));
+    session().gMostrarSubtotal = session().gMostrarTotal = false;
+    EXPECT_EQ(header(), u"|2011-03-15T14:05:09|1|MXN" + Text(issuer));
+    session().gMostrarAnnoAprobacion = session().gMostrarCondicionesDePago = session().gMostrarDescuento = false;
+    EXPECT_EQ(header(), u"|2011-03-15T14:05:09|1|MXN" + Text(issuer)); // those switch nothing
+}
+
+TEST_F(OriginalString, the_rate_of_pesos_is_always_1)
+{
+    Receiver at_a_rate;
+    at_a_rate.Paridad = 17.5;
+    stage(at_a_rate);
+    EXPECT_NE(header().find(u"|1|MXN|"), Text::npos);
+}
+
+TEST_F(OriginalString, empty_address_values_leave_with_their_bars)
+{
+    Session& s = session();
+    s.gEmpColonia = s.gEmpPais = s.gEmpCodigoPostal = u"";
+    EXPECT_TRUE(header().ends_with(u"|AES010101AAA|ABARROTES LA ESPERANZA|ALHÓNDIGA|15|GUANAJUATO|GTO|"));
+    s.gEmpRfc = s.gEmpNombre = s.gEmpCalle = s.gEmpNumExterior = s.gEmpMunicipio = s.gEmpEstado = u"";
+    EXPECT_TRUE(header().ends_with(u"|1508.00||||"));
+
+    Receiver bare;
+    bare.Calle = bare.NumeroExt = bare.Colonia = bare.Municipio = bare.Estado = bare.Pais = bare.CodigoPos = u"";
+    bare.Rfc = bare.Nombre = u"";
+    stage(bare);
+    EXPECT_NE(whole().find(u"|||||||5.00|KG"), Text::npos); // issuer's 4 bars, the receiver's own and its two values
+}
+
+TEST_F(OriginalString, either_withholding_above_zero_changes_the_taxes)
+{
+    for (const auto& [iva, isr, taxes] :
+         {std::tuple{0.0, 0.0, u"|IVA|16.00|208.00|208.00||"},
+          {-5.0, -0.01, u"|IVA|16.00|208.00|208.00||"},
+          {0.0001, 0.0, u"|ISR|0.00|IVA|0.00|IVA|16.00|208.00||"},
+          {0.4, 0.0, u"|ISR|0.00|IVA|0.40|IVA|16.00|208.00||"},
+          {-1.0, 10.0, u"|ISR|10.00|IVA|-1.00|IVA|16.00|208.00||"}}) {
+        Receiver withheld;
+        withheld.IvaRet = iva;
+        withheld.ISRRet = isr;
+        stage(withheld);
+        EXPECT_TRUE(whole().ends_with(taxes)) << to_utf8(whole());
+    }
+}
+
+TEST_F(OriginalString, document_values_come_from_the_staged_texts)
+{
+    Receiver r;
+    r.Subtotal = u"100";
+    r.Descuento = u"10.005";
+    r.Impuesto = u"1,234.565";
+    r.FormaPago = 2;
+    stage(r);
+    header();
+    EXPECT_EQ(session().gSubtotalDD, u"89.995");
+    EXPECT_EQ(document.DocSubTotal, 100);
+    EXPECT_EQ(document.DocDescuento, 10.01);
+    EXPECT_EQ(document.DocSubTotalDD, 90);
+    EXPECT_EQ(document.DocImpuesto, 1234.57);
+    EXPECT_EQ(document.DocTotal, 1508);
+    EXPECT_EQ(document.DocFechaDate, Date::of(2011, 3, 15, 14, 5, 9));
+    EXPECT_EQ(document.DocCliente, u"000000");
+    EXPECT_EQ(document.DocCondicionPago, u"Credito");
+    EXPECT_EQ(document.DocFormaDePago, u"Credito");
+    EXPECT_EQ(document.EmiNoInterior, u"B");
+    EXPECT_EQ(document.EmiReferencia, u"");
+}
+
+TEST_F(OriginalString, a_total_that_is_no_number_gives_an_empty_header_and_keeps_what_was_set)
+{
+    Receiver r;
+    r.Descuento = u"diez";
+    stage(r);
+    EXPECT_EQ(header(), u"");
+    EXPECT_EQ(last_error(), type_mismatch().description());
+
+    Receiver late;
+    late.Total = u"abc"; // fails after the date and the subtotal are set
+    late.Subtotal = u"500";
+    stage(late);
+    EXPECT_EQ(header(), u"");
+    EXPECT_EQ(document.DocSubTotal, 500);
+    EXPECT_EQ(document.DocFechaDate, Date::of(2011, 3, 15, 14, 5, 9));
+}
+
+} // namespace
+} // namespace tolvex::testing
