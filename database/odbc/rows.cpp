@@ -132,8 +132,8 @@ Value read_bit(const Statement& statement, SQLUSMALLINT column)
     return bit ? Value(*bit != 0) : Value();
 }
 
-// Amounts come as decimal text: exact, whatever binary form the driver keeps them in. One that is too big for an amount
-// stays the text it is.
+// Amounts come as decimal text: exact, whatever binary form the driver keeps them in. One that is too big for
+// an amount stays the text it is.
 Value read_amount(const Statement& statement, SQLUSMALLINT column)
 {
     const Value text = read_text(statement, column);

@@ -69,7 +69,8 @@ TEST_F(SqlServer, every_type_of_column_reads_into_its_kind_of_value)
         {u"cast(-7.25 as money)", Currency(-7.25)},
         {u"cast(7.25 as smallmoney)", Currency(7.25)},
         {u"cast(0.0001 as decimal(19,4))", Currency::from_scaled(1)},
-        {u"cast(12345678901234567890123 as numeric(30,0))", u"12345678901234567890123"}, // too big for an amount
+        {u"cast(12345678901234567890123 as numeric(30,0))",
+         u"12345678901234567890123"}, // too big for an amount
         {u"cast(1.5 as float)", 1.5},
         {u"cast(1.5 as real)", 1.5},
         {u"cast(255 as tinyint)", 255},
@@ -93,9 +94,11 @@ TEST_F(SqlServer, a_batch_fails_with_any_of_its_statements)
     const Text duplicate = u" insert into FE_EMPRESAS(nEmpresa) values(1)";
     EXPECT_EQ(error_number([&] { execute(u"Select 1 as n" + duplicate); }), database_error);
     EXPECT_EQ(error_number([&] { answer(u"Select 1 as n" + duplicate); }), database_error);
-    EXPECT_EQ(answer(u"declare @n int set @n = 4 update FE_FOLIOS set nUltimoFolio=@n where nFolio=1 Select @n as n "
-                     u"Select 5 as n"),
-              Value(4));
+    EXPECT_EQ(
+        answer(
+            u"declare @n int set @n = 4 update FE_FOLIOS set nUltimoFolio=@n where nFolio=1 Select @n as n "
+            u"Select 5 as n"),
+        Value(4));
 }
 
 TEST_F(SqlServer, an_issued_document_is_stored_whole)
