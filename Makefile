@@ -38,6 +38,10 @@ bench:
 	build/bench/bench/two_stations
 
 bench-windows: all windows
+	for bits in $(windows_bitnesses); do \
+	    cmake -S . -B build/windows/$$bits -DTOLVEX_BENCH=ON && \
+	    cmake --build build/windows/$$bits --target calls_bench || exit 1; \
+	done
 	bench/windows/run.sh
 
 clean:
