@@ -53,7 +53,7 @@ ComPointer<IDispatch> create_shell()
     return shell;
 }
 
-int run_and_wait(const Text& command, WindowStyle style)
+int run_and_wait(const Text& path, WindowStyle style)
 {
     const ComPointer<IDispatch> shell = create_shell();
     wchar_t name[] = L"Run";
@@ -61,7 +61,7 @@ int run_and_wait(const Text& command, WindowStyle style)
     DISPID method = 0;
     check(shell->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &method), u"WScript.Shell.Run");
 
-    const AutomationText text(command);
+    const AutomationText text(u'"' + path + u'"'); // Run takes an unquoted path to end at its first blank
     VARIANT arguments[] = {variant(true), variant(static_cast<LONG>(style)), variant(text)}; // last one first
     DISPPARAMS parameters{arguments, nullptr, 3, 0};
     VARIANT result{};
@@ -106,6 +106,7 @@ int run_batch_file(TextView path, WindowStyle style)
 
 std::string batch_file_bytes(TextView text)
 {
+    if (GetOEMCP() == CP_UTF8) return to_utf8(text);
     const auto* start = reinterpret_cast<const wchar_t*>(text.data());
     const int length = static_cast<int>(text.size());
     BOOL unreadable = FALSE;

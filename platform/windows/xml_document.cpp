@@ -18,6 +18,18 @@ constexpr IID dom_document_interface = {
 
 IXMLDOMElement* element(void* node) { return static_cast<IXMLDOMElement*>(node); }
 
+constexpr char16_t instruction_target[] = u"xml", instruction_data[] = u"version='1.0' encoding='UTF-8'";
+
+// The versions of MSXML differ in the quotes of the instruction and in the line ends around the root element.
+std::string with_our_prolog(const std::string& saved)
+{
+    const auto root = saved.find('<', saved.find("?>"));
+    const auto end = saved.rfind('>');
+    if (root == std::string::npos) throw xml_error(u"MSXML guardó un documento vacío");
+    return "<?" + to_utf8(instruction_target) + " " + to_utf8(instruction_data) + "?>\n" +
+           saved.substr(root, end + 1 - root) + "\n";
+}
+
 VARIANT text_variant(const AutomationText& text)
 {
     VARIANT value{};
@@ -69,11 +81,11 @@ XmlDocument::XmlDocument() : native_(std::make_unique<Native>())
           u"Msxml2.DOMDocument");
     check(document->put_resolveExternals(VARIANT_TRUE), u"XML resolveExternals");
     ComPointer<IXMLDOMProcessingInstruction> instruction;
-    check(document->createProcessingInstruction(AutomationText(u"xml").get(),
-                                                AutomationText(u"version='1.0' encoding='UTF-8'").get(),
+    check(document->createProcessingInstruction(AutomationText(instruction_target).get(),
+                                                AutomationText(instruction_data).get(),
                                                 instruction.out()),
           u"XML createProcessingInstruction");
-    check(document->insertBefore(instruction.get(), VARIANT{}, nullptr), u"XML insertBefore");
+    check(document->appendChild(instruction.get(), nullptr), u"XML appendChild");
 }
 
 XmlDocument::~XmlDocument() = default;
@@ -90,6 +102,7 @@ void XmlDocument::save(TextView path) const
     NewFile file(path);
     const AutomationText target(files::native_path(file.path_beside()));
     check(native_->document->save(text_variant(target)), u"XML save");
+    files::write(file.path_beside(), with_our_prolog(files::read(file.path_beside())));
     file.put_in_place();
 }
 

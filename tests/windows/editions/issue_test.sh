@@ -39,11 +39,12 @@ prepare() {
     mkdir -p "$work/said" "$work/guiones"
     make_station "$work/nativa"
     for folder in "$windows" "$work/openssl_2011" "$work/nativa_2" "$work/nativa_sin_llave" "$work/sin_openssl" \
-        "$work/sin_llave"; do
+        "$work/sin_llave" "$work/con blanco"; do
         cp -r "$work/nativa" "$folder"
     done
     cp "$openssl" "$windows/openssl.exe"
     cp "$openssl" "$work/sin_llave/openssl.exe"
+    cp "$openssl" "$work/con blanco/openssl.exe"
     cp "$openssl" "$work/openssl_2011/openssl-actual.exe"
     cp "$openssl_2011" "$work/openssl_2011/openssl.exe"
     rm "$work/sin_llave/pkey.key.pem" "$work/nativa_sin_llave/pkey.key.pem"
@@ -127,6 +128,8 @@ check() {
     expect "sin llave, los mismos renglones" same_rows "$work/nativa_sin_llave" "$work/sin_llave"
     expect "sin carpeta" said sin_carpeta \
         "No se pudo emitir; revise que la carpeta tenga openssl.exe y pkey.key.pem: $(windows_path "$work/no_existe")" "código 1"
+    expect "carpeta con un blanco en su ruta" said con_blanco \
+        "No se pudo emitir; revise que la carpeta tenga openssl.exe y pkey.key.pem: $(windows_path "$work/con blanco")" "código 1"
     expect "sin base de datos" grep -q "No se pudo establecer conexión con la base de datos: ." "$work/said/sin_base"
     expect "sin openssl no se guarda nada" test "$("$tolvex" folio 1 --bd "$work/sin_openssl/tolvex.db")" = 4
     expect "la edición nativa sigue con la misma base" test "$("$tolvex" folio 1 --bd "$windows/tolvex.db")" = 9

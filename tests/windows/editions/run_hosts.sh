@@ -36,6 +36,7 @@ issue_documents documentos Facturación_Ñandú
 issue_documents openssl_2011 openssl_2011
 run_script sin_openssl "$(script factura.vbs)" "$(station sin_openssl)"
 run_script sin_llave "$(script factura.vbs)" "$(station sin_llave)"
+run_script con_blanco "$(script factura.vbs)" "$(station "con blanco")"
 run_script sin_carpeta "$(script factura.vbs)" "$(station no_existe)" "$(station sin_openssl)\\tolvex.db" \
     sqlite:
 run_script sin_base "$(script factura.vbs)" "$(station sin_openssl)" "$(station no_existe)\\tolvex.db" sqlite:

@@ -1,0 +1,26 @@
+// A service has no screen: what would be a message box there must not hold the call up.
+#include "checks.hpp"
+
+int main()
+{
+    const HWINSTA unseen = CreateWindowStationW(nullptr, 0, WINSTA_ALL_ACCESS, nullptr);
+    EXPECT(unseen != nullptr);
+    EXPECT(SetProcessWindowStation(unseen));
+
+    const Apartment apartment;
+    const auto connection = create<TOLVEX::_ConfigFE>(L"TOLVEX.ConfigFE");
+    const auto document = create<TOLVEX::_GeneraDocto>(L"TOLVEX.GeneraDocto");
+    Bstr none(L""), server(L"sqlite:"), database(L"servicio.db"), folio(L"1"), kind(L"ingreso");
+    VARIANT_BOOL done = VARIANT_FALSE, yes = VARIANT_TRUE;
+    SHORT rate = 16;
+    Variant empty;
+    connection->SetDatosConexion(&none, &none, &database, &server, &empty);
+    EXPECT_EQ(connection->AbrirConexion(&done), S_OK);
+
+    // There is no folio range: a message.
+    EXPECT_EQ(document->GeneraFacturaElectronica(&folio, &yes, &kind, &rate, &yes, &done), S_OK);
+    EXPECT_EQ(done, VARIANT_FALSE);
+    EXPECT(error_information().description.find(L"No se pudo obtener los datos de los folios digitales") == 0);
+    connection->CierraConexion(&done);
+    return end_of_checks();
+}
