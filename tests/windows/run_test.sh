@@ -1,9 +1,10 @@
 #!/bin/bash
-# run_test.sh 64|32 COMPONENT [--unregistered] TEST [ARGUMENT]…    one test of the Windows edition in the test bed
+# run_test.sh 64|32 COMPONENT [OPTION] TEST [ARGUMENT]…    one test of the Windows edition in the test bed
 #
 # Registers COMPONENT (a TOLVEX.dll) for as long as TEST runs, which is a Windows program, a script for a script host
 # (.vbs, .js: the assertions of scripts/grammar.* are put before it) or a shell script (.sh), which gets the bitness
-# and the component as well. A test passes when its last line says that all its checks held:
+# and the component as well; with --unregistered or --registered nothing is registered, because TEST does it itself or
+# it has been done. A test passes when its last line says that all its checks held:
 # a host that stops half-way prints no such line. Exit code 77: the test bed cannot run that bitness.
 set -euo pipefail
 
@@ -18,8 +19,8 @@ fi
 
 bits=$1 component=$2
 shift 2
-registered=yes
-if [ "$1" = --unregistered ]; then registered= && shift; fi
+registers=yes
+case $1 in --unregistered | --registered) registers= && shift ;; esac
 test=$1
 shift
 [ "$bits" = 64 ] && system='C:\windows\system32' || system='C:\windows\syswow64'
@@ -48,10 +49,10 @@ run() {
 }
 
 cd "$(dirname "$component")"
-[ -z "$registered" ] || register
+[ -z "$registers" ] || register
 status=0
 output=$(run "$@" | tr -d '\r') || status=$?
-[ -z "$registered" ] || register /u
+[ -z "$registers" ] || register /u
 echo "$output"
 [ "$status" = 0 ] || { echo "run_test: terminó con código $status" >&2 && exit "$status"; }
 [[ $output =~ FIN:\ [1-9][0-9]*\ comprobaciones,\ 0\ fallas$ ]] || { echo "run_test: falta la línea FIN sin fallas" >&2 && exit 1; }
