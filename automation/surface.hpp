@@ -38,7 +38,7 @@ struct Method
     std::vector<Parameter> parameters;
     VARTYPE result;   // VT_EMPTY: none; VT_VARIANT: a variant that is always Empty
     EntryPoint early; // what an early-bound host calls: every argument, and the result, by reference
-    HRESULT (*late)
+    HRESULT(*late)
     (Object& self, VARIANT* arguments, VARIANT& result); // the same from values of the exact types
 };
 

@@ -1,4 +1,5 @@
-// sql DATABASE FILE: runs the statements of a file on an embedded database and prints the rows, columns between "|".
+// sql DATABASE FILE: runs the statements of a file on an embedded database and prints the rows, columns
+// between "|".
 #include <sqlite3.h>
 
 #include <cstdio>
@@ -25,8 +26,9 @@ int wmain(int count, wchar_t** arguments)
     statements << file.rdbuf();
     sqlite3* database = nullptr;
     char* failure = nullptr;
-    const bool done = sqlite3_open16(arguments[1], &database) == SQLITE_OK &&
-                      sqlite3_exec(database, statements.str().c_str(), print_row, nullptr, &failure) == SQLITE_OK;
+    const bool done =
+        sqlite3_open16(arguments[1], &database) == SQLITE_OK &&
+        sqlite3_exec(database, statements.str().c_str(), print_row, nullptr, &failure) == SQLITE_OK;
     if (!done) std::fprintf(stderr, "sql: %s\n", failure ? failure : sqlite3_errmsg(database));
     sqlite3_close(database);
     return done ? 0 : 1;
