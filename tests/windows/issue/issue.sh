@@ -4,19 +4,8 @@
 # verified with the public key and the stored rows are looked at.
 set -euo pipefail
 
-bits=$1 sql=$3 openssl=$4 keys=$5 point=$6 grouping=$7
-here=$(dirname "$0")
-folder=$(mktemp -d)/Año
-mkdir "$folder"
-cp "$openssl" "$folder/"
-cp "$keys/llave.pem" "$folder/pkey.key.pem"
-
-windows() { "$here/../run_in_testbed.sh" "$bits" 60 "$@"; }
-windows_path() { echo "Z:${1//\//\\}"; }
-query() {
-    echo "$1" > "$folder/query.sql"
-    windows "$sql" "$(windows_path "$folder/facturas.db")" "$(windows_path "$folder/query.sql")" | tr -d '\r'
-}
+. "$(dirname "$0")/folder.sh"
+point=$6 grouping=$7
 
 set_locale() {
     local name
@@ -28,8 +17,7 @@ set_locale() {
 
 set_locale "$point" "$grouping"
 trap 'set_locale . ,' EXIT
-"$here/../run_test.sh" "$bits" "$2" --registered "$here/issue.vbs" "$(windows_path "$folder")" "$(windows_path "$sql")" \
-    "$(windows_path "$here/master_data.sql")" "$point"
+script "$here/issue.vbs" "$(windows_path "$folder")" "$point"
 
 # The stored original string holds one character per byte.
 query "Select cCadenaOriginal From FE_VENTAS_RESUMEN Where cDocumento='1';" | tr -d '\n' | iconv -f UTF-8 -t LATIN1 \

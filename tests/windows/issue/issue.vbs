@@ -1,24 +1,19 @@
-' issue.vbs FOLDER SQL MASTER_DATA POINT: a host issues, looks up, cancels and deletes documents in the documented
+' issue.vbs FOLDER POINT: a host issues, looks up, cancels and deletes documents in the documented
 ' order. POINT is the decimal point of the user's locale, in which numbers become texts and texts numbers.
 
-Dim carpeta, punto, shell, archivos, base
+Dim carpeta, punto, archivos
 carpeta = WScript.Arguments(0)
-punto = WScript.Arguments(3)
+punto = WScript.Arguments(1)
 Igual "punto decimal del usuario", CStr(1.5), "1" & punto & "5"
-base = carpeta & "\facturas.db"
-Set shell = WScript.CreateObject("WScript.Shell")
 Set archivos = WScript.CreateObject("Scripting.FileSystemObject")
 
 ' Two objects of a class share one session: one is given the data, the other opens.
 Dim fe, otra
 Set fe = CreateObject("TOLVEX.ConfigFE")
 Set otra = CreateObject("TOLVEX.ConfigFE")
-fe.SetDatosConexion "", "", base, "sqlite:"
+fe.SetDatosConexion "", "", carpeta & "\facturas.db", "sqlite:"
 Set fe = Nothing
 Igual "AbrirConexion", otra.AbrirConexion(), True
-Comprueba "la base se creó", archivos.FileExists(base)
-otra.CierraConexion
-Igual "datos maestros", shell.Run(WScript.Arguments(1) & " " & base & " " & WScript.Arguments(2), 0, True), CLng(0)
 Igual "AbrirConexion otra vez", otra.AbrirConexion(), True
 
 Dim cliente, docto, detalle, addenda
