@@ -91,19 +91,21 @@ void issue(int count, wchar_t** arguments)
     DATE date = now();
     CY none = amount(0), parity = amount(1);
     check(receiver->SetDatosClientes(
-        Bstr(L"PEGM800101AB1"), Bstr(L"María Peña Güemes"), Bstr(L"Avenida Niños Héroes"), Bstr(L"120"), Bstr(L"4 B"),
-        Bstr(L"Del Valle"), Bstr(L"Ciudad de México"), Bstr(L"Distrito Federal"), Bstr(L"Benito Juárez"),
-        Bstr(L"México"), Bstr(L"03100"), Bstr(L"200.00"), Bstr(L"0.00"), Bstr(L"32.00"), Bstr(L"232.00"), &one,
-        Bstr(L"1"), &date, folder, &none, &none, Bstr(L"PESOS"), &parity, Bstr(L""), Bstr(L""), Bstr(L""), &nothing));
+        Bstr(L"PEGM800101AB1"), Bstr(L"María Peña Güemes"), Bstr(L"Avenida Niños Héroes"), Bstr(L"120"),
+        Bstr(L"4 B"), Bstr(L"Del Valle"), Bstr(L"Ciudad de México"), Bstr(L"Distrito Federal"),
+        Bstr(L"Benito Juárez"), Bstr(L"México"), Bstr(L"03100"), Bstr(L"200.00"), Bstr(L"0.00"),
+        Bstr(L"32.00"), Bstr(L"232.00"), &one, Bstr(L"1"), &date, folder, &none, &none, Bstr(L"PESOS"),
+        &parity, Bstr(L""), Bstr(L""), Bstr(L""), &nothing));
 
     CY quantity = amount(20), price = amount(10), vat = amount(32), total = amount(200), percent = amount(16);
     check(lines->InicializaDetalleFactura(&nothing));
-    check(lines->SetDetalleDocto(Bstr(L"1"), Bstr(L"F"), Bstr(L"PAN-07"), Bstr(L"Pan"), &quantity, Bstr(L"PZA"), &price,
-                                 &vat, &total, &percent, &nothing));
+    check(lines->SetDetalleDocto(Bstr(L"1"), Bstr(L"F"), Bstr(L"PAN-07"), Bstr(L"Pan"), &quantity,
+                                 Bstr(L"PZA"), &price, &vat, &total, &percent, &nothing));
 
     Bstr folio(L"");
     VARIANT_BOOL take_folio = VARIANT_TRUE, with_addenda = VARIANT_TRUE;
-    check(document->GeneraFacturaElectronica(folio, &take_folio, Bstr(L"ingreso"), &rate, &with_addenda, &done));
+    check(document->GeneraFacturaElectronica(folio, &take_folio, Bstr(L"ingreso"), &rate, &with_addenda,
+                                             &done));
     if (!done) throw std::runtime_error("No se emitió la factura");
     std::printf("Factura %ls en %ls\\Facturas\n", folio.c_str(), arguments[3]);
     check(connection->CierraConexion(&done));
