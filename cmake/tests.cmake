@@ -10,3 +10,10 @@ target_compile_definitions(tolvex_tests PRIVATE TOLVEX_SOURCE_DIR="${PROJECT_SOU
                                                 TOLVEX_COMMAND="$<TARGET_FILE:tolvex_command>")
 add_dependencies(tolvex_tests tolvex_command)
 gtest_discover_tests(tolvex_tests DISCOVERY_TIMEOUT 60 PROPERTIES TIMEOUT 300)
+
+# A host outside this build: examples/nativo against the installed package.
+add_test(NAME ExampleHost.builds_against_the_installed_package_and_issues
+    COMMAND ${CMAKE_COMMAND} -DBUILD=${PROJECT_BINARY_DIR} -DSOURCE=${PROJECT_SOURCE_DIR}/examples/nativo
+            -DWORK=${PROJECT_BINARY_DIR}/example_host -DSANITIZE=${TOLVEX_SANITIZE}
+            -P ${PROJECT_SOURCE_DIR}/tests/example_host.cmake)
+set_tests_properties(ExampleHost.builds_against_the_installed_package_and_issues PROPERTIES TIMEOUT 300)
