@@ -2,7 +2,7 @@
 #include "console/commands.hpp"
 
 #include <CLI/CLI.hpp>
-#include <fmt/core.h>
+#include <cstdio>
 
 namespace {
 
@@ -84,6 +84,14 @@ std::string usage_message(const CLI::App*, const CLI::Error& error)
     return "tolvex: " + reason + "\nVea «tolvex --help» o «tolvex ORDEN --help».\n";
 }
 
+// Whether all that was printed reached standard output.
+bool written_out()
+{
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout)) return true;
+    say_error("no se pudo escribir el resultado en la salida estándar");
+    return false;
+}
+
 } // namespace
 
 int main(int argc, char** argv)
@@ -145,8 +153,8 @@ int main(int argc, char** argv)
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : wrong_usage;
     } catch (const std::exception& error) {
-        fmt::print(stderr, "tolvex: {}\n", error.what());
+        say_error(error.what());
         return 1;
     }
-    return result;
+    return written_out() ? result : 1;
 }

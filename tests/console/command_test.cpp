@@ -136,6 +136,31 @@ TEST_F(Command, documents_are_cancelled_and_deleted_by_their_key)
     EXPECT_EQ(tolvex({"folio", "9", "--bd", database}).exit_code, 1);
 }
 
+TEST_F(Command, a_full_disk_is_told_and_what_was_stored_stays_good)
+{
+    demo();
+    const std::string sale = sales(1), limited = "trap '' XFSZ; ulimit -f 8; exec \"$0\" emite " + sale + " --bd " + database;
+    const Outcome full = run_program({"sh", "-c", limited, TOLVEX_COMMAND}, path());
+    EXPECT_EQ(full.exit_code, 1);
+    EXPECT_THAT(full.errors, HasSubstr(database));
+    const Outcome issued = tolvex({"emite", sale, "--bd", database});
+    EXPECT_EQ(issued.exit_code, 0) << issued.errors;
+    EXPECT_THAT(issued.output, HasSubstr("A4.xml"));
+}
+
+TEST_F(Command, output_that_cannot_be_written_is_no_success)
+{
+    demo();
+    const auto in_shell = [&](const std::string& order) {
+        return run_program({"sh", "-c", "exec \"$0\" " + order, TOLVEX_COMMAND}, path());
+    };
+    const Outcome lost = in_shell("folio 1 --bd " + database + " >/dev/full");
+    EXPECT_EQ(lost.exit_code, 1);
+    EXPECT_THAT(lost.errors, HasSubstr("salida estándar"));
+    EXPECT_EQ(in_shell("folio 9 --bd " + database + " 2>/dev/full").exit_code, 1);
+    EXPECT_EQ(in_shell("folio 1 --bd no/hay.db 2>/dev/full").exit_code, 1);
+}
+
 TEST_F(Command, schema_of_the_embedded_database_is_complete)
 {
     const Outcome reached = tolvex({"conexion"});
