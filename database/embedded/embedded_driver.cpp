@@ -108,7 +108,6 @@ public:
             while (statement.step()) {
             }
         }
-        if (bound < parameters.size()) throw wrong_parameter_count();
         settle();
     }
 
@@ -170,15 +169,11 @@ public:
     }
 
 private:
-    static Error wrong_parameter_count()
-    {
-        return {database_error, u"El número de parámetros no es el de la instrucción SQL"};
-    }
-
     static void bind(Statement& statement, const std::vector<Value>& parameters, std::size_t& bound)
     {
         const std::size_t count = statement.parameter_count();
-        if (bound + count > parameters.size()) throw wrong_parameter_count();
+        if (bound + count > parameters.size())
+            throw Error(database_error, u"Faltan valores para los parámetros de la instrucción SQL");
         for (std::size_t i = 0; i < count; ++i) statement.bind(i, parameters[bound++]);
     }
 

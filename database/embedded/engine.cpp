@@ -60,14 +60,6 @@ Value date_value(const Text& stored)
     }
 }
 
-// Whole amounts are stored as whole numbers, so that they are exact.
-Value stored_amount(Currency amount)
-{
-    constexpr std::int64_t scale = 10'000;
-    if (amount.scaled() % scale == 0) return amount.scaled() / scale;
-    return amount.units();
-}
-
 struct Binder
 {
     sqlite3_stmt* statement;
@@ -77,7 +69,7 @@ struct Binder
     int operator()(bool bit) const { return sqlite3_bind_int(statement, index, bit); }
     int operator()(std::int64_t number) const { return sqlite3_bind_int64(statement, index, number); }
     int operator()(double number) const { return sqlite3_bind_double(statement, index, number); }
-    int operator()(Currency amount) const { return stored_amount(amount).visit(*this); }
+    int operator()(Currency amount) const { return (*this)(amount.units()); }
     int operator()(Date date) const { return (*this)(stored_date(date)); }
     int operator()(const Text& text) const
     {
@@ -145,7 +137,6 @@ Text Database::why(int code) const
     case SQLITE_CORRUPT:
         return u"el archivo está dañado; recupérelo de un respaldo";
     case SQLITE_BUSY:
-    case SQLITE_LOCKED:
         return u"otro programa está escribiendo en ella; espere a que termine y repita la operación";
     case SQLITE_READONLY:
         return u"el archivo o su carpeta son de sólo lectura; dé permiso de escritura en ellos";

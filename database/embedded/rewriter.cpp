@@ -87,12 +87,6 @@ bool opens_statement(const Token& token)
     return changes_rows(token) || token.is(u"select") || token.is(u"begin") || ends_transaction(token);
 }
 
-// "on delete", "for update": part of what stands before.
-bool continues_clause(const Token& previous)
-{
-    return previous.is(u"on") || previous.is(u"for") || previous.is(u"do");
-}
-
 // Statements that are over before any verb of another one.
 bool is_short(const Token& verb) { return verb.is(u"set") || verb.is(u"begin") || ends_transaction(verb); }
 
@@ -104,9 +98,8 @@ void divide_statements(Tokens& tokens)
     for (std::size_t i = 0; i < tokens.size(); ++i) {
         Token& token = tokens[i];
         const bool first = i == 0 || tokens[i - 1].is(u";");
-        const bool parted = (changes_rows(token) || ends_transaction(token)) && opens_statement(verb);
-        const bool next =
-            is_short(verb) ? opens_statement(token) : parted && !continues_clause(tokens[i - 1]);
+        const bool parts = changes_rows(token) || ends_transaction(token);
+        const bool next = is_short(verb) ? opens_statement(token) : parts && opens_statement(verb);
         if (first || next) {
             token.starts_statement = true;
             verb = token;

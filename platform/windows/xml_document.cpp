@@ -11,7 +11,10 @@ namespace tolvex {
 namespace {
 
 // Msxml2.DOMDocument of the Microsoft XML 3.0 type library.
-constexpr CLSID dom_document_class{0xF6D90F11, 0x9C73, 0x11D3, {0xB3, 0x2E, 0x00, 0xC0, 0x4F, 0x99, 0x0B, 0xB4}};
+constexpr CLSID dom_document_class{
+    0xF6D90F11, 0x9C73, 0x11D3, {0xB3, 0x2E, 0x00, 0xC0, 0x4F, 0x99, 0x0B, 0xB4}};
+constexpr IID dom_document_interface = {
+    0x2933BF95, 0x7B36, 0x11D2, {0xB2, 0x0E, 0x00, 0xC0, 0x4F, 0x98, 0x3E, 0x60}};
 
 IXMLDOMElement* element(void* node) { return static_cast<IXMLDOMElement*>(node); }
 
@@ -42,7 +45,8 @@ struct XmlDocument::Native
 void XmlElement::set_attribute(const Text& name, const Text& value)
 {
     const AutomationText content(allowed_xml_content(value));
-    check(element(node_)->setAttribute(AutomationText(name).get(), text_variant(content)), u"XML setAttribute");
+    check(element(node_)->setAttribute(AutomationText(name).get(), text_variant(content)),
+          u"XML setAttribute");
 }
 
 XmlElement XmlElement::append(const Text& name)
@@ -60,7 +64,7 @@ void XmlElement::set_text(const Text& text)
 XmlDocument::XmlDocument() : native_(std::make_unique<Native>())
 {
     auto& document = native_->document;
-    check(CoCreateInstance(dom_document_class, nullptr, CLSCTX_INPROC_SERVER, __uuidof(IXMLDOMDocument2),
+    check(CoCreateInstance(dom_document_class, nullptr, CLSCTX_INPROC_SERVER, dom_document_interface,
                            reinterpret_cast<void**>(document.out())),
           u"Msxml2.DOMDocument");
     check(document->put_resolveExternals(VARIANT_TRUE), u"XML resolveExternals");

@@ -9,6 +9,7 @@
 #include <csignal>
 #include <fstream>
 #include <gmock/gmock.h>
+#include <sstream>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -109,6 +110,41 @@ TEST_F(EmbeddedFile, a_file_that_does_not_exist_is_created_with_every_table)
     Connection again = open(file_);
     EXPECT_EQ(number(again, count_documents), 1);
     EXPECT_THAT(to_utf8(again.description()), AllOf(HasSubstr("SQLite 3."), HasSubstr("Año 2011.db")));
+}
+
+// Name and type of a column as the server's script declares it, "    nFolio int NULL,"; empty for other
+// lines.
+std::pair<std::string, std::string> declared_column(const std::string& line)
+{
+    std::istringstream words(line);
+    std::string name, word, type;
+    words >> name;
+    while (words >> word && word != "NULL" && word != "NULL," && word != "NOT" && word != "IDENTITY(1,")
+        type += word;
+    if (name == "nID") return {name, "INTEGER"};         // hands out the highest number plus one
+    if (type == "nvarchar(max)") return {name, "ntext"}; // the engine's types take numbers only
+    return {name, type};
+}
+
+TEST_F(EmbeddedFile, its_columns_are_those_of_the_server)
+{
+    Connection connection = open(file_);
+    std::ifstream script(TOLVEX_SOURCE_DIR "/schema/tables.sql");
+    const std::string create = "CREATE TABLE dbo.";
+    std::string table;
+    int columns = 0;
+    for (std::string line; std::getline(script, line);) {
+        if (const auto found = line.find(create); found != std::string::npos)
+            table = line.substr(found + create.size(), line.rfind(' ') - found - create.size());
+        const auto [name, type] = declared_column(line);
+        if (!line.starts_with("        ") || name == "CONSTRAINT" || name == "RAISERROR(N'La") continue;
+        const auto found = connection.query(u"select type from pragma_table_info('" + to_text(table) +
+                                            u"') where name='" + to_text(name) + u"'");
+        ASSERT_FALSE(found.eof()) << table << "." << name;
+        EXPECT_EQ(lower_case(found.value(0).text()), lower_case(to_text(type))) << table << "." << name;
+        ++columns;
+    }
+    EXPECT_GT(columns, 140);
 }
 
 TEST_F(EmbeddedFile, a_database_with_other_tables_is_left_as_it_is)
@@ -212,8 +248,8 @@ TEST_F(EmbeddedFile, a_full_disk_says_so_and_keeps_what_was_stored)
     connection.execute(u"PRAGMA max_page_count=60"); // as if the disk had no more room
     EXPECT_THAT(failure([&] {
                     for (;;)
-                        connection.execute(u"insert into fe_ctl_adendas(cValor) values('" + Text(3000, u'x') +
-                                           u"')");
+                        connection.execute(u"insert into FE_VENTAS_RESUMEN_DET(nIdFe,cProducto) values(1,'" +
+                                           Text(3000, u'x') + u"')");
                 }),
                 AllOf(HasSubstr("Año 2011.db"), HasSubstr("disco está lleno")));
     EXPECT_EQ(number(connection, count_documents), 1);
@@ -237,6 +273,7 @@ TEST_F(EmbeddedFile, a_burst_ends_durable_whatever_happens_in_it)
         {
             WriteBurst burst(connection);
             work();
+            burst.finish();
         }
         connection.roll_back();
         EXPECT_EQ(durable_level(connection), full);

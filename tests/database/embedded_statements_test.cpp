@@ -4,9 +4,16 @@
 #include "support/tables.hpp"
 #include "support/temporary_folder.hpp"
 
+#include <gmock/gmock.h>
+
 namespace tolvex {
 
 namespace {
+
+using namespace std::string_literals;
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+using ::testing::Not;
 
 class EmbeddedStatements : public ::testing::Test
 {
@@ -203,6 +210,33 @@ TEST_F(EmbeddedStatements, counters_and_cancellation_change_their_rows_alone)
         u"select nID,cStatus,dFechaCan from FE_VENTAS_RESUMEN", u"1|A|Null/2|C|2011-12-31 00:00:00");
 }
 
+TEST_F(EmbeddedStatements, a_date_written_by_somebody_else_shows_as_it_is)
+{
+    expect_after(u"update FE_VENTAS_RESUMEN set dFechaCan='ayer' where nID=1",
+                 u"select dFechaCan from FE_VENTAS_RESUMEN", u"ayer/Null");
+}
+
+TEST_F(EmbeddedStatements, searches_use_an_index)
+{
+    const Text document = u"cdocumento='A001'\r and nempresa= 1 and nsucursal= 1";
+    for (
+        const Text& sql : {
+            u"select isnull(max(nid),0) as nidfe from FE_VENTAS_RESUMEN(nolock)"s,
+            u"select * from FE_VENTAS_RESUMEN_DET d(nolock)\rWhere d.nIdFe = 1 order by nrenglon"s,
+            u"Update FE_ClienteFactura set cDatoAdicional1 = 'a' Where nidFE = 1"s,
+            u"update FE_VENTAS_RESUMEN set cstatus='C' where "s + document,
+            u"Delete from FE_VENTAS_RESUMEN_DET  where nIdFe in (Select nID from FE_VENTAS_RESUMEN  where "s +
+                document + u")",
+            u"select * from fe_ctl_adendas (nolock) where crfccte='X'  and npadre=0 order by npadre,nrama"s,
+            u"select * from fe_ctl_adendasDet (nolock) where crfccte='X'  and npadre=0 order by npadre,nrama"s,
+            u"Select * From FE_VENTAS_RESUMEN fe(Nolock) WHERE  fe.nEmpresa = 1 And year(fe.dFecha) = 2011"s,
+        }) {
+        const std::string plan = to_utf8(answer(u"explain query plan " + sql));
+        EXPECT_THAT(plan, AllOf(HasSubstr("SEARCH"), Not(HasSubstr("SCAN")), Not(HasSubstr("TEMP"))))
+            << to_utf8(sql);
+    }
+}
+
 TEST_F(EmbeddedStatements, a_deleted_document_takes_its_rows_with_it)
 {
     const Text filter = u"cdocumento='A001'\r and nempresa= 1 and nsucursal= 1";
@@ -231,10 +265,11 @@ TEST_F(EmbeddedStatements, expressions_mean_what_they_mean_in_tsql)
 {
     expect({
         {u"select 'a' + 'b'", u"ab"},
-        {u"select N'ñ'+[cRfc] from dbo.[FE_EMPRESAS] with (nolock, rowlock) where nEmpresa=2",
+        {u"select N'ñ'+[cRfc] from dbo.[FE_EMPRESAS] e with (nolock, rowlock) where nEmpresa=2",
          u"ñBBB020202BBB"},
         {u"select 1 + 2 * 3 - -4 + 5", u"16"},
         {u"select 10 - 2 + 3 - 1", u"10"},
+        {u"select 2 * +3 - +1, t.top + 'a' from (select 'x' as [top]) t", u"5|xa"},
         {u"select 'a' + null", u"Null"},
         {u"select '1' + 2", u"3"},
         {u"select 0.1 + 0.2", u"0.3"},
@@ -328,7 +363,7 @@ TEST_F(EmbeddedStatements, what_is_wrong_comes_back_in_the_engines_own_words)
         {u"select year('ayer')", u"Error: No coinciden los tipos"},
         {u"select top 1 nID from FE_VENTAS_RESUMEN union select 9",
          u"Error: LIMIT clause should come after UNION not before"},
-        {u"select @cIndFactura", u"Error: El número de parámetros no es el de la instrucción SQL"},
+        {u"select @cIndFactura", u"Error: Faltan valores para los parámetros de la instrucción SQL"},
         {Text(u"select 1\0drop", 13), u"Error: La instrucción SQL contiene un carácter nulo"},
         {u"", u""},
         {u"))((+ - case end , [ \"", u"Error: near \")\": syntax error"},

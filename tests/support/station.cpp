@@ -4,7 +4,7 @@
 
 namespace tolvex::testing {
 
-Station::Station()
+Station::Station(const Database& database, const std::function<void()>& prepare)
 {
     session() = Session();
     forget_error();
@@ -12,8 +12,11 @@ Station::Station()
         messages.push_back({text, title, style});
     });
     std::filesystem::copy(TOLVEX_SOURCE_DIR "/tests/datos/llave.pem", folder() / "pkey.key.pem");
-    ConfigFE().SetDatosConexion(u"", u"", database_path(), u"sqlite:");
+    const bool embedded = database.server.empty();
+    ConfigFE().SetDatosConexion(database.user, database.password, embedded ? database_path() : database.name,
+                                embedded ? u"sqlite:" : database.server);
     ConfigFE().AbrirConexion();
+    if (!embedded) prepare();
     Connection& connection = shared_connection(session());
     connection.begin_transaction(); // one flush instead of seven
     store_master_data();

@@ -11,6 +11,7 @@
 #include "support/text_io.hpp"
 #include "tolvex/tolvex.hpp"
 
+#include <functional>
 #include <gtest/gtest.h>
 
 namespace tolvex::testing {
@@ -45,10 +46,17 @@ inline void PrintTo(const Message& message, std::ostream* out)
     *out << to_utf8(message.title + u": " + message.text) << " (" << message.style << ')';
 }
 
+// Connection data as hosts give them; an empty server means an embedded database in the station's folder.
+struct Database
+{
+    Text user, password, name, server;
+};
+
 class Station : public ::testing::Test
 {
 protected:
-    Station();
+    // Opens the database, lets a server be prepared for the master data, and stores them.
+    explicit Station(const Database& database = {}, const std::function<void()>& prepare = [] {});
     ~Station() override;
 
     void load_issuer();

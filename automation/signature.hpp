@@ -1,0 +1,269 @@
+// From the signature of a C++ method to an automation method: the type of every parameter, and the two
+// functions that a host reaches it by.
+#pragma once
+
+#include "automation/failures.hpp"
+#include "automation/object.hpp"
+#include "automation/server.hpp"
+#include "automation/surface.hpp"
+#include "automation/variants.hpp"
+
+#include <functional>
+#include <tuple>
+
+namespace tolvex::automation {
+
+// --- how each C++ parameter travels ---
+
+// Raw is what the host points to; the argument converts to what the method takes.
+template <class Parameter>
+struct Argument;
+
+template <class Raw_, VARTYPE Type>
+struct Travels
+{
+    using Raw = Raw_;
+    static constexpr VARTYPE type = Type;
+    static constexpr bool written = false;
+};
+
+template <>
+struct Argument<const Text&> : Travels<BSTR, VT_BSTR>
+{
+    explicit Argument(BSTR raw) : text(text_of(raw)) {}
+    operator const Text&() const { return text; }
+    Text text;
+};
+
+// Gives the method's text back to the host, also when the method ends with an error.
+template <>
+struct Argument<Text&> : Travels<BSTR, VT_BSTR>
+{
+    static constexpr bool written = true;
+    explicit Argument(BSTR& raw) : text(text_of(raw)), raw(raw) {}
+    ~Argument() { SysReAllocStringLen(&raw, characters(text), length(text)); }
+    Argument(const Argument&) = delete;
+    Argument& operator=(const Argument&) = delete;
+    operator Text&() { return text; }
+    Text text;
+    BSTR& raw;
+};
+
+template <>
+struct Argument<std::int16_t> : Travels<SHORT, VT_I2>
+{
+    explicit Argument(SHORT raw) : value(raw) {}
+    operator std::int16_t() const { return value; }
+    std::int16_t value;
+};
+
+template <>
+struct Argument<std::int32_t> : Travels<LONG, VT_I4>
+{
+    explicit Argument(LONG raw) : value(raw) {}
+    operator std::int32_t() const { return value; }
+    std::int32_t value;
+};
+
+template <>
+struct Argument<bool> : Travels<VARIANT_BOOL, VT_BOOL>
+{
+    explicit Argument(VARIANT_BOOL raw) : value(raw != VARIANT_FALSE) {}
+    operator bool() const { return value; }
+    bool value;
+};
+
+template <>
+struct Argument<Currency> : Travels<CY, VT_CY>
+{
+    explicit Argument(CY raw) : value(Currency::from_scaled(raw.int64)) {}
+    operator Currency() const { return value; }
+    Currency value;
+};
+
+template <>
+struct Argument<Date> : Travels<DATE, VT_DATE>
+{
+    explicit Argument(DATE raw) : value{raw} {}
+    operator Date() const { return value; }
+    Date value;
+};
+
+template <>
+struct Argument<const VARIANT&> : Travels<VARIANT, VT_VARIANT>
+{
+    explicit Argument(const VARIANT& raw) : value(raw) {}
+    operator const VARIANT&() const { return value; }
+    const VARIANT& value;
+};
+
+// --- how each C++ result travels ---
+
+// The result of a method that gives a variant and never puts anything in it.
+struct Empty
+{};
+
+// `Out` is what a host passes to receive the result: one thing or nothing.
+template <class Value>
+struct Result;
+
+template <>
+struct Result<void>
+{
+    using Out = std::tuple<>;
+    static constexpr VARTYPE type = VT_EMPTY;
+    template <class Call>
+    static void give(Call call)
+    {
+        call();
+    }
+};
+
+template <>
+struct Result<Empty>
+{
+    using Out = std::tuple<VARIANT>;
+    static constexpr VARTYPE type = VT_VARIANT;
+    template <class Call>
+    static void give(Call call, VARIANT& out)
+    {
+        VariantInit(&out);
+        call();
+    }
+};
+
+template <>
+struct Result<bool>
+{
+    using Out = std::tuple<VARIANT_BOOL>;
+    static constexpr VARTYPE type = VT_BOOL;
+    template <class Call>
+    static void give(Call call, VARIANT_BOOL& out)
+    {
+        out = VARIANT_FALSE;
+        if (call()) out = VARIANT_TRUE;
+    }
+};
+
+template <>
+struct Result<Text>
+{
+    using Out = std::tuple<BSTR>;
+    static constexpr VARTYPE type = VT_BSTR;
+    template <class Call>
+    static void give(Call call, BSTR& out)
+    {
+        out = nullptr;
+        out = new_bstr(call());
+    }
+};
+
+// --- the signature ---
+
+// A member function, or a free function that takes the object first.
+template <class Function>
+struct Signature;
+
+template <class Object_, class Value_, class... Parameters_>
+struct Signature<Value_ (Object_::*)(Parameters_...)>
+{
+    using Implementation = Object_;
+    using Value = Value_;
+    using Parameters = std::tuple<Parameters_...>;
+};
+
+template <class Object_, class Value_, class... Parameters_>
+struct Signature<Value_ (*)(Object_&, Parameters_...)> : Signature<Value_ (Object_::*)(Parameters_...)>
+{};
+
+template <auto function, class Value, class Parameters, class Out>
+struct Entry;
+
+template <auto function, class Value, class... Parameters, class... Out>
+struct Entry<function, Value, std::tuple<Parameters...>, std::tuple<Out...>>
+{
+    static HRESULT STDMETHODCALLTYPE early(Object* self, typename Argument<Parameters>::Raw*... raw,
+                                           Out*... out)
+    {
+        if ((!raw || ...) || (!out || ...)) return E_POINTER;
+        server::session_in_use();
+        return guard(self->described, [&] {
+            using Implementation = typename Signature<decltype(function)>::Implementation;
+            auto& implementation = *static_cast<Implementation*>(self->implementation.get());
+            const auto call = [&] {
+                return std::invoke(function, implementation, Argument<Parameters>(*raw)...);
+            };
+            Result<Value>::give(call, *out...);
+        });
+    }
+
+    static HRESULT late(Object& self, VARIANT* arguments, VARIANT& result)
+    {
+        return late_with(self, arguments, result, std::index_sequence_for<Parameters...>());
+    }
+
+    template <std::size_t... i>
+    static HRESULT late_with(Object& self, [[maybe_unused]] VARIANT* arguments, VARIANT& result,
+                             std::index_sequence<i...>)
+    {
+        return early(&self, payload<typename Argument<Parameters>::Raw>(arguments[i])...,
+                     payload<Out>(result)...);
+    }
+};
+
+#ifdef TOLVEX_DESCRIBE_ONLY
+inline constexpr bool describe_only = true; // the program that writes the type library runs no method
+#else
+inline constexpr bool describe_only = false;
+#endif
+
+// --- the entries of the table ---
+
+template <class... Parameters>
+void add_types(std::vector<Parameter>& parameters, std::tuple<Parameters...>*)
+{
+    [[maybe_unused]] auto parameter = parameters.begin();
+    ((parameter->type = Argument<Parameters>::type, (parameter++)->written = Argument<Parameters>::written),
+     ...);
+}
+
+template <auto function, class Result_>
+Method entry(const wchar_t* name, std::vector<Parameter> parameters)
+{
+    using Parameters = typename Signature<decltype(function)>::Parameters;
+    add_types(parameters, static_cast<Parameters*>(nullptr));
+    Method made{name, std::move(parameters), Result<Result_>::type, nullptr, nullptr};
+    if constexpr (!describe_only) {
+        using Called = Entry<function, Result_, Parameters, typename Result<Result_>::Out>;
+        made.early = reinterpret_cast<EntryPoint>(&Called::early);
+        made.late = &Called::late;
+    }
+    return made;
+}
+
+template <auto function, class Result_ = typename Signature<decltype(function)>::Value, std::size_t count>
+Method method(const wchar_t* name, const Parameter (&parameters)[count])
+{
+    static_assert(count == std::tuple_size_v<typename Signature<decltype(function)>::Parameters>,
+                  "one name for every parameter of the method");
+    static_assert(count <= most_parameters);
+    return entry<function, Result_>(name, {parameters, parameters + count});
+}
+
+template <auto function, class Result_ = typename Signature<decltype(function)>::Value>
+Method method(const wchar_t* name)
+{
+    return entry<function, Result_>(name, {});
+}
+
+template <class Implementation>
+Class described(const wchar_t* name, const wchar_t* description, const CLSID& class_id,
+                const IID& interface_id, std::vector<Method> methods)
+{
+    Class entry{name, description, class_id, interface_id, nullptr, std::move(methods)};
+    if constexpr (!describe_only)
+        entry.create = [] { return std::shared_ptr<void>(std::make_shared<Implementation>()); };
+    return entry;
+}
+
+} // namespace tolvex::automation

@@ -1,0 +1,139 @@
+// What the ODBC driver does beyond the common contract, on Debian's driver for SQLite.
+#include "core/errors.hpp"
+#include "database/connection.hpp"
+#include "database/odbc/driver_choice.hpp"
+#include "support/tables.hpp"
+#include "support/temporary_folder.hpp"
+
+#include <gmock/gmock.h>
+
+namespace tolvex {
+
+namespace {
+
+using odbc::for_installed_driver;
+using ::testing::AllOf;
+using ::testing::HasSubstr;
+
+const Text login = u"uid=sa;pwd=a=b;driver={SQL Server};";
+
+TEST(OdbcDriverChoice, the_named_driver_stays_where_it_is_installed)
+{
+    const Text named = login + u"server=caja;database=ventas";
+    EXPECT_EQ(for_installed_driver(named, {u"FreeTDS", u"sql server"}), named);
+    const Text other = u"Driver={SQLite3}; database=/tmp/a.db";
+    EXPECT_EQ(for_installed_driver(other, {u"FreeTDS"}), other);
+}
+
+TEST(OdbcDriverChoice, the_vendors_newest_driver_comes_before_freetds)
+{
+    EXPECT_EQ(
+        for_installed_driver(login + u"server=caja,1500;database=ventas",
+                             {u"ODBC Driver 9 for SQL Server", u"FreeTDS", u"ODBC Driver 18 for SQL Server"}),
+        u"uid=sa;pwd=a=b;driver={ODBC Driver 18 for SQL Server};server=caja,1500;database=ventas"
+        u";TrustServerCertificate=yes");
+    EXPECT_EQ(for_installed_driver(login + u"server=caja;database=v;TrustServerCertificate=no",
+                                   {u"ODBC Driver 17 for SQL Server"}),
+              u"uid=sa;pwd=a=b;driver={ODBC Driver 17 for SQL "
+              u"Server};server=caja;database=v;TrustServerCertificate=no");
+}
+
+TEST(OdbcDriverChoice, freetds_is_told_host_port_protocol_and_characters)
+{
+    const Text told = u";TDS_Version=7.4;ClientCharset=UTF-8;TextSize=2147483647";
+    const auto mapped = [](const Text& server) {
+        return for_installed_driver(login + u"server=" + server + u";database=v", {u"FreeTDS"});
+    };
+    const Text start = u"uid=sa;pwd=a=b;driver={FreeTDS};server=";
+    testing::expect_all<Text, Text>(mapped, {{u"caja", start + u"caja;database=v;port=1433" + told},
+                                             {u"caja,1500", start + u"caja;database=v;port=1500" + told},
+                                             {u"caja\\EXPRESS", start + u"caja\\EXPRESS;database=v" + told}});
+    EXPECT_THAT(to_utf8(for_installed_driver(login, {})), HasSubstr("driver=libtdsodbc.so;"))
+        << "not registered, its library may still be there";
+}
+
+class OdbcConnection : public ::testing::Test
+{
+protected:
+    OdbcConnection()
+    {
+        connection_.connection_string = u"driver=libsqlite3odbc.so;database=" + folder_.file("odbc.db");
+        connection_.open();
+        connection_.execute(u"create table t (nClave int primary key, cLargo ntext)");
+    }
+
+    Text stored(const Text& text)
+    {
+        connection_.execute(u"delete from t");
+        auto row = connection_.open_updatable(u"Select * from t Where 1=0");
+        row.add_new();
+        row.set(u"cLargo", text);
+        row.update();
+        return connection_.query(u"Select cLargo from t")[u"cLargo"].text();
+    }
+
+    TemporaryFolder folder_;
+    Connection connection_;
+};
+
+// Texts are read in pieces of 4095 characters.
+TEST_F(OdbcConnection, long_texts_come_whole_wherever_a_piece_ends)
+{
+    for (std::size_t size : {4000, 4001, 4094, 4095, 4096, 8189, 8190, 8191, 12'285, 200'000}) {
+        Text text(size, u'x');
+        text.back() = u'z';
+        EXPECT_EQ(stored(text), text) << size;
+        for (std::size_t i = size % 2; i + 1 < size; i += 2) text.replace(i, 2, u"\U0001F4C4");
+        EXPECT_EQ(stored(text), text) << size << " with a pair of surrogates on every piece's end";
+    }
+}
+
+TEST_F(OdbcConnection, rows_are_walked_while_other_statements_run)
+{
+    for (int key : {1, 2, 3}) connection_.execute(u"insert into t(nClave) values(" + decimal(key) + u")");
+    int seen = 0;
+    for (Recordset rows = connection_.query(u"Select nClave from t order by nClave"); !rows.eof();
+         rows.move_next()) {
+        const Recordset inner = connection_.query(u"Select nClave from t order by nClave desc");
+        connection_.execute(u"delete from t where nClave=3");
+        EXPECT_EQ(rows[u"nClave"].int32(), ++seen);
+        EXPECT_FALSE(inner.eof());
+    }
+    EXPECT_EQ(seen, 3) << "the rows are those of the moment of the query";
+}
+
+TEST_F(OdbcConnection, a_failure_carries_the_drivers_state_number_and_words)
+{
+    try {
+        connection_.execute(u"insert into tabla_que_no_existe values(1)");
+        FAIL();
+    } catch (const Error& error) {
+        EXPECT_EQ(error.number(), database_error);
+        EXPECT_THAT(error.what(), AllOf(HasSubstr("[HY000]"), HasSubstr("no such table"), HasSubstr("(1)")));
+    }
+    EXPECT_EQ(testing::error_number([&] { connection_.query(u"delete from t"); }), 3704) << "no rows to read";
+}
+
+TEST_F(OdbcConnection, a_driver_that_is_not_installed_is_told_with_what_to_install)
+{
+    connection_.connection_string = u"driver={Ninguno};server=caja;database=v";
+    try {
+        connection_.open();
+        FAIL();
+    } catch (const Error& error) {
+        EXPECT_THAT(error.what(), AllOf(HasSubstr("tdsodbc"), HasSubstr("Ninguno")));
+    }
+}
+
+TEST_F(OdbcConnection, a_transaction_is_one_at_a_time)
+{
+    connection_.begin_transaction();
+    EXPECT_EQ(testing::error_number([&] { connection_.begin_transaction(); }), database_error);
+    connection_.roll_back();
+    connection_.begin_transaction();
+    connection_.commit();
+}
+
+} // namespace
+
+} // namespace tolvex

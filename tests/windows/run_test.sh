@@ -1,0 +1,57 @@
+#!/bin/bash
+# run_test.sh 64|32 COMPONENT [--unregistered] TEST [ARGUMENT]…    one test of the Windows edition in the test bed
+#
+# Registers COMPONENT (a TOLVEX.dll) for as long as TEST runs, which is a Windows program, a script for a script host
+# (.vbs, .js: the assertions of scripts/grammar.* are put before it) or a shell script (.sh), which gets the bitness
+# and the component as well. A test passes when its last line says that all its checks held:
+# a host that stops half-way prints no such line. Exit code 77: the test bed cannot run that bitness.
+set -euo pipefail
+
+here=$(dirname "$(readlink -f "$0")")
+runner=$here/run_in_testbed.sh
+seconds=${TOLVEX_TEST_SECONDS:-120}
+
+if [ -z "${TOLVEX_INSIDE_TESTBED-}" ]; then
+    "$runner" has "$1" || { echo "NO SE PROBÓ: el banco de pruebas no ejecuta $1 bits" >&2 && exit 77; }
+    exec "$runner" ${TOLVEX_TEST_DISPLAY:+--display} session "$((seconds + 30))" "$0" "$@"
+fi
+
+bits=$1 component=$2
+shift 2
+registered=yes
+if [ "$1" = --unregistered ]; then registered= && shift; fi
+test=$1
+shift
+[ "$bits" = 64 ] && system='C:\windows\system32' || system='C:\windows\syswow64'
+
+windows() { "$runner" "$bits" "$seconds" "$@"; }
+windows_path() { echo "Z:${1//\//\\}"; }
+
+# Output and sources of script hosts are in code pages.
+run_script() {
+    local extension=${1##*.} folder joined
+    folder=$(mktemp -d)
+    joined=$folder/${1##*/}
+    cat "$here/scripts/grammar.$extension" "$1" | iconv -f UTF-8 -t CP1252 > "$joined"
+    shift
+    windows "$system\\cscript.exe" //nologo "$(windows_path "$joined")" "$@" | iconv -f CP850 -t UTF-8
+}
+
+register() { windows "$system\\regsvr32.exe" /s "$@" "$(windows_path "$component")"; }
+
+run() {
+    case $test in
+        *.sh) "$test" "$bits" "$component" "$@" ;;
+        *.vbs | *.js) run_script "$test" "$@" ;;
+        *) windows "$test" "$@" ;;
+    esac
+}
+
+cd "$(dirname "$component")"
+[ -z "$registered" ] || register
+status=0
+output=$(run "$@" | tr -d '\r') || status=$?
+[ -z "$registered" ] || register /u
+echo "$output"
+[ "$status" = 0 ] || { echo "run_test: terminó con código $status" >&2 && exit "$status"; }
+[[ $output =~ FIN:\ [1-9][0-9]*\ comprobaciones,\ 0\ fallas$ ]] || { echo "run_test: falta la línea FIN sin fallas" >&2 && exit 1; }
