@@ -52,9 +52,10 @@ void load_issuer(tolvex::GeneraDocto& documents)
 void stage(const Sale& sale, const tolvex::Text& folder)
 {
     const double subtotal = sale.subtotal(), vat = subtotal * vat_percent / 100;
-    tolvex::Cliente().SetDatosClientes(sale.customer_rfc, sale.customer_name, u"", u"", u"", u"", u"", u"", u"", u"México",
-                                       u"", decimal_text(subtotal), u"0", decimal_text(vat), decimal_text(subtotal + vat),
-                                       1, u"1", tolvex::Date::of(2011, 3, 15, 14, 5, 9), folder);
+    tolvex::Cliente().SetDatosClientes(sale.customer_rfc, sale.customer_name, u"", u"", u"", u"", u"", u"",
+                                       u"", u"México", u"", decimal_text(subtotal), u"0", decimal_text(vat),
+                                       decimal_text(subtotal + vat), 1, u"1",
+                                       tolvex::Date::of(2011, 3, 15, 14, 5, 9), folder);
     tolvex::DetFacturas lines;
     lines.InicializaDetalleFactura();
     for (const Line& line : sale.lines) {
@@ -80,7 +81,8 @@ void issue(const Sale& sale, const tolvex::Text& folder)
     std::cout << "Factura " << tolvex::to_utf8(folio) << " emitida\n";
 
     tolvex::Text next;
-    if (documents.fgObtenFolioFactura(u"1", next)) std::cout << "Sigue el folio " << tolvex::to_utf8(next) << '\n';
+    if (documents.fgObtenFolioFactura(u"1", next))
+        std::cout << "Sigue el folio " << tolvex::to_utf8(next) << '\n';
     connection.CierraConexion();
 }
 
@@ -93,8 +95,10 @@ int main(int argc, char** argv)
         return 2;
     }
     try {
-        const Sale sale{u"XAXX010101000", u"Público en general",
-                        {{u"CAF-01", u"Café de altura, 1 kg", u"KG", 2, 180}, {u"PAN-07", u"Pan", u"PZA", 12, 12.5}}};
+        const Sale sale{
+            u"XAXX010101000",
+            u"Público en general",
+            {{u"CAF-01", u"Café de altura, 1 kg", u"KG", 2, 180}, {u"PAN-07", u"Pan", u"PZA", 12, 12.5}}};
         issue(sale, tolvex::to_text(argv[1]));
     } catch (const tolvex::Error& error) {
         std::cerr << "ejemplo_nativo: " << error.what() << '\n';

@@ -17,14 +17,16 @@ using ::testing::StartsWith;
 std::size_t occurrences(const std::string& text, const std::string& what)
 {
     std::size_t count = 0;
-    for (auto found = text.find(what); found != std::string::npos; found = text.find(what, found + 1)) ++count;
+    for (auto found = text.find(what); found != std::string::npos; found = text.find(what, found + 1))
+        ++count;
     return count;
 }
 
 class Command : public ::testing::Test
 {
 protected:
-    Outcome tolvex(std::vector<std::string> words, std::vector<std::pair<std::string, std::string>> variables = {})
+    Outcome tolvex(std::vector<std::string> words,
+                   std::vector<std::pair<std::string, std::string>> variables = {})
     {
         words.insert(words.begin(), TOLVEX_COMMAND);
         return run_program(words, folder_.path(), variables);
@@ -128,7 +130,8 @@ TEST_F(Command, documents_are_cancelled_and_deleted_by_their_key)
     EXPECT_EQ(on_demo({"cancela", "2", "--nota-de-credito"}).exit_code, 1); // no such credit note
     EXPECT_EQ(on_demo({"cancela", "2", "--fecha", "31/02/2011"}).exit_code, 1);
     EXPECT_EQ(on_demo({"borra", "3"}).exit_code, 0);
-    for (const Outcome& gone : {on_demo({"borra", "3"}), on_demo({"cancela", "3"}), on_demo({"borra", "O'Hara"})}) {
+    for (const Outcome& gone :
+         {on_demo({"borra", "3"}), on_demo({"cancela", "3"}), on_demo({"borra", "O'Hara"})}) {
         EXPECT_EQ(gone.exit_code, 1);
         EXPECT_THAT(gone.output, IsEmpty());
         EXPECT_THAT(gone.errors, StartsWith("tolvex: "));
@@ -139,7 +142,8 @@ TEST_F(Command, documents_are_cancelled_and_deleted_by_their_key)
 TEST_F(Command, a_full_disk_is_told_and_what_was_stored_stays_good)
 {
     demo();
-    const std::string sale = sales(1), limited = "trap '' XFSZ; ulimit -f 8; exec \"$0\" emite " + sale + " --bd " + database;
+    const std::string sale = sales(1),
+                      limited = "trap '' XFSZ; ulimit -f 8; exec \"$0\" emite " + sale + " --bd " + database;
     const Outcome full = run_program({"sh", "-c", limited, TOLVEX_COMMAND}, path());
     EXPECT_EQ(full.exit_code, 1);
     EXPECT_THAT(full.errors, HasSubstr(database));
@@ -176,8 +180,8 @@ TEST_F(Command, help_is_in_spanish)
         const Outcome help = *command ? tolvex({command, "--help"}) : tolvex({"--help"});
         EXPECT_EQ(help.exit_code, 0);
         EXPECT_THAT(help.output, HasSubstr("Uso: tolvex"));
-        for (const char* english : {"Usage", "Options", "OPTIONS", "Positionals", "REQUIRED", "TEXT ", "INT ", "Env:",
-                                    "SUBCOMMAND", "Subcommands", "Print", "help message"})
+        for (const char* english : {"Usage", "Options", "OPTIONS", "Positionals", "REQUIRED", "TEXT ", "INT ",
+                                    "Env:", "SUBCOMMAND", "Subcommands", "Print", "help message"})
             EXPECT_THAT(help.output, Not(HasSubstr(english))) << command;
     }
 }
@@ -185,15 +189,22 @@ TEST_F(Command, help_is_in_spanish)
 TEST_F(Command, a_badly_written_order_says_so_in_spanish_with_exit_code_2)
 {
     const std::vector<std::vector<std::string>> wrong = {
-        {},          {"imprime"}, {"emite"}, {"emite", "a", "b"}, {"cancela", "1", "--empresa", "1"},
-        {"cancela", "1", "--empresa", "uno", "--sucursal", "1"}, {"cancela", "1", "--empresa", "40000", "--sucursal", "1"},
-        {"folio", "1", "--otra"}, {"folio", "1", "--bd"}};
+        {},
+        {"imprime"},
+        {"emite"},
+        {"emite", "a", "b"},
+        {"cancela", "1", "--empresa", "1"},
+        {"cancela", "1", "--empresa", "uno", "--sucursal", "1"},
+        {"cancela", "1", "--empresa", "40000", "--sucursal", "1"},
+        {"folio", "1", "--otra"},
+        {"folio", "1", "--bd"}};
     for (const std::vector<std::string>& words : wrong) {
         const Outcome outcome = tolvex(words);
         EXPECT_EQ(outcome.exit_code, 2) << ::testing::PrintToString(words);
         EXPECT_THAT(outcome.output, IsEmpty());
         EXPECT_THAT(outcome.errors, StartsWith("tolvex: "));
-        for (const char* english : {"required", "Could not", "following", "subcommand", "Run with", "expected"})
+        for (const char* english :
+             {"required", "Could not", "following", "subcommand", "Run with", "expected"})
             EXPECT_THAT(outcome.errors, Not(HasSubstr(english)));
     }
 }

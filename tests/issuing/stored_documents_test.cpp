@@ -10,8 +10,10 @@ protected:
     StoredDocuments()
     {
         // 1: invoice 15, 2: credit note 15, 3: invoice 16, 4: invoice 15 of another branch.
-        for (const TextView row : {u"1,'15','F',1,1", u"2,'15','N',1,1", u"3,'16','F',1,1", u"4,'15','F',1,2"})
-            execute(u"Insert Into FE_VENTAS_RESUMEN(nID,cDocumento,cTipoDocumento,nEmpresa,nSucursal,cStatus) Values(" +
+        for (const TextView row :
+             {u"1,'15','F',1,1", u"2,'15','N',1,1", u"3,'16','F',1,1", u"4,'15','F',1,2"})
+            execute(u"Insert Into "
+                    u"FE_VENTAS_RESUMEN(nID,cDocumento,cTipoDocumento,nEmpresa,nSucursal,cStatus) Values(" +
                     Text(row) + u",'A')");
         execute(u"Insert Into FE_ClienteFactura(nidFE) Select nID From FE_VENTAS_RESUMEN");
         for (int line = 0; line < 2; ++line)
@@ -23,8 +25,8 @@ protected:
     {
         const Text column = table == u"FE_VENTAS_RESUMEN" ? u"nID" : u"nIdFe";
         Text list;
-        for (Recordset rows = shared_connection(session()).query(u"Select " + column + u" From " + table + u" Where " +
-                                                                 condition + u" Order By " + column);
+        for (Recordset rows = shared_connection(session()).query(
+                 u"Select " + column + u" From " + table + u" Where " + condition + u" Order By " + column);
              !rows.eof(); rows.move_next())
             list += (list.empty() ? u"" : u" ") + rows.value(0).text();
         return list;
