@@ -26,7 +26,9 @@ test: windows
 	setup/native.sh
 	cmake -S . -B build/sanitized -G Ninja -DTOLVEX_SANITIZE=ON
 	cmake --build build/sanitized
-	ctest --test-dir build/sanitized --output-on-failure --parallel 2
+	mkdir -p build/all_tests
+	echo 'subdirs(../sanitized $(windows_bitnesses:%=../windows/%))' > build/all_tests/CTestTestfile.cmake
+	ctest --test-dir build/all_tests --output-on-failure --parallel 2
 
 bench:
 	setup/native.sh

@@ -71,25 +71,23 @@ public:
 private:
     void connect(const Text& connection_string) const
     {
-        const SQLRETURN result = SQLDriverConnectW(get(), nullptr, wide(connection_string),
-                                                   static_cast<SQLSMALLINT>(connection_string.size()),
-                                                   nullptr, 0, nullptr, SQL_DRIVER_NOPROMPT);
+        const SQLRETURN result = SQLDriverConnectW(get(), nullptr, wide(connection_string), SQL_NTS, nullptr,
+                                                   0, nullptr, SQL_DRIVER_NOPROMPT);
         if (SQL_SUCCEEDED(result)) return;
         const Text reason = diagnostics(SQL_HANDLE_DBC, get());
         throw Error(database_error, is_missing_driver(reason) ? install_advice + reason : reason);
     }
 
-    // What the driver managers say when they find no driver, or no library for one.
+    // What the driver managers say when there is no library for a driver's name. IM002 is not among it: a
+    // string that a ";" in the password has broken gives that as well.
     static bool is_missing_driver(const Text& reason)
     {
-        for (TextView sign : {u"[IM002]", u"[IM003]", u"Can't open lib"})
-            if (reason.find(sign) != Text::npos) return true;
-        return false;
+        return reason.find(u"[IM003]") != Text::npos || reason.find(u"Can't open lib") != Text::npos;
     }
 
-    inline static const Text install_advice = u"No hay un controlador ODBC que llegue a SQL Server: instale "
-                                              u"«ODBC Driver 18 for SQL Server» (paquete "
-                                              u"msodbcsql18) o FreeTDS (paquete tdsodbc). ";
+    inline static const Text install_advice = u"No está instalado el controlador ODBC que pide la conexión; "
+                                              u"para SQL Server instale «ODBC Driver 18 for SQL "
+                                              u"Server» (paquete msodbcsql18) o FreeTDS (paquete tdsodbc). ";
 };
 
 class OdbcDriver : public Driver

@@ -132,11 +132,17 @@ Value read_bit(const Statement& statement, SQLUSMALLINT column)
     return bit ? Value(*bit != 0) : Value();
 }
 
-// Amounts come as decimal text: exact, whatever binary form the driver keeps them in.
+// Amounts come as decimal text: exact, whatever binary form the driver keeps them in. One that is too big for
+// an amount stays the text it is.
 Value read_amount(const Statement& statement, SQLUSMALLINT column)
 {
     const Value text = read_text(statement, column);
-    return text.is_null() ? text : Value(to_currency(text.text()));
+    if (text.is_null()) return text;
+    try {
+        return to_currency(text.text());
+    } catch (const Error&) {
+        return text;
+    }
 }
 
 // To the second, as hosts see dates: a fraction of a second is dropped.

@@ -63,6 +63,44 @@ TEST_F(SqlServer, amounts_in_words_are_those_of_the_table)
     EXPECT_TRUE(answer(u"Select Letra=dbo.fg_Numero2Letra(null,'PESOS')").is_null());
 }
 
+TEST_F(SqlServer, every_type_of_column_reads_into_its_kind_of_value)
+{
+    const std::pair<Text, Value> types[] = {
+        {u"cast(-7.25 as money)", Currency(-7.25)},
+        {u"cast(7.25 as smallmoney)", Currency(7.25)},
+        {u"cast(0.0001 as decimal(19,4))", Currency::from_scaled(1)},
+        {u"cast(12345678901234567890123 as numeric(30,0))",
+         u"12345678901234567890123"}, // too big for an amount
+        {u"cast(1.5 as float)", 1.5},
+        {u"cast(1.5 as real)", 1.5},
+        {u"cast(255 as tinyint)", 255},
+        {u"cast(-32768 as smallint)", -32'768},
+        {u"cast(5000000000 as bigint)", std::int64_t{5'000'000'000}},
+        {u"cast(1 as bit)", true},
+        {u"cast('2011-03-05T14:05:09.997' as datetime)", Date::of(2011, 3, 5, 14, 5, 9)},
+        {u"cast('2011-03-05' as date)", Date::of(2011, 3, 5)},
+        {u"cast('ñ' as varchar(9))", u"ñ"},
+        {u"cast(N'€' as nvarchar(max))", u"€"},
+        {u"cast('y' as text)", u"y"},
+        {u"cast('a' as char(3))", u"a  "},
+        {u"cast(null as money)", Value()},
+    };
+    for (const auto& [expression, value] : types)
+        EXPECT_EQ(answer(u"Select " + expression), value) << to_utf8(expression);
+}
+
+TEST_F(SqlServer, a_batch_fails_with_any_of_its_statements)
+{
+    const Text duplicate = u" insert into FE_EMPRESAS(nEmpresa) values(1)";
+    EXPECT_EQ(error_number([&] { execute(u"Select 1 as n" + duplicate); }), database_error);
+    EXPECT_EQ(error_number([&] { answer(u"Select 1 as n" + duplicate); }), database_error);
+    EXPECT_EQ(
+        answer(
+            u"declare @n int set @n = 4 update FE_FOLIOS set nUltimoFolio=@n where nFolio=1 Select @n as n "
+            u"Select 5 as n"),
+        Value(4));
+}
+
 TEST_F(SqlServer, an_issued_document_is_stored_whole)
 {
     stage_document();

@@ -19,8 +19,8 @@ Database named_server()
 void empty_tables()
 {
     for (const char16_t* table :
-         {u"FE_EMPRESAS", u"FE_SUCURSALES", u"FE_CERTIFICADOS", u"FE_FOLIOS", u"FE_VENTAS_RESUMEN", u"FE_ClienteFactura",
-          u"FE_VENTAS_RESUMEN_DET", u"fe_ctl_adendas", u"fe_ctl_adendasDet"})
+         {u"FE_EMPRESAS", u"FE_SUCURSALES", u"FE_CERTIFICADOS", u"FE_FOLIOS", u"FE_VENTAS_RESUMEN",
+          u"FE_ClienteFactura", u"FE_VENTAS_RESUMEN_DET", u"fe_ctl_adendas", u"fe_ctl_adendasDet"})
         shared_connection(session()).execute(u"Delete " + Text(table));
 }
 

@@ -40,6 +40,10 @@ has() { LC_ALL=C grep -qiE "$1" <<< "$registry"; }
 has_no() { ! has "$1"; }
 any='tolvex|5aa356af-ac30-496a-9d50-5c5336279fca'
 
+# The parents CLSID, Interface and TypeLib come with a user's first registration and belong to the system.
+regsvr32 "$bits" "$component" /n /i:user
+regsvr32 "$bits" "$component" /u /n /i:user
+
 look
 expect "nada registrado al empezar" has_no "$any"
 before=$(LC_ALL=C sort <<< "$registry")
