@@ -12,7 +12,7 @@ const std::string cliente =
     "CLIENTE|PEGM800101AB1|María Peña|Niños Héroes|120||Del Valle||Distrito Federal|Benito Juárez"
     "|México|03100|900|0|144|1044|1|1|2011-03-15 14:05:09|\n";
 const std::string detalle = "DETALLE|1|F|CAF-01|Café|5|KG|180|144|900|16\n";
-const std::string emite = "EMITE||1||| 0 \n";
+const std::string emite = "EMITE||1|Ingreso || 0 \n";
 const std::string document = cliente + detalle + emite;
 
 class FlatFile : public Station
@@ -48,7 +48,7 @@ TEST_F(FlatFile, issues_its_documents_one_after_the_other)
 {
     const std::string nota =
         "cliente|XAXX010101000|Público||||||||||10|0|1.6|11.6|2|2|2011-03-15T14:05:09||0.5|0.25"
-        "|USD|12.5|a|b|c\nDetalle|1|N|X|Y|1|PZA|10|1.6|10|16\nemite|ignorado|1|EGRESO|11|0\n";
+        "|USD|12.5|a|b|c\nDetalle|1|N|X|Y|1|PZA|10|1.6|10|16\nemite|ignorado|1| EGRESO |11|0\n";
     EXPECT_EQ(issue_file("# comentario\n\n   \n" + emisor + document + nota + document), u"A1,NC8,A2");
     EXPECT_TRUE(messages.empty());
     EXPECT_TRUE(exists("Facturas/A1.xml") && exists("Facturas/NC8.xml") && exists("Facturas/A2.xml"));
@@ -176,6 +176,12 @@ TEST_F(FlatFile, a_document_that_is_not_issued_stops_it_with_the_reason)
     std::filesystem::remove_all(folder() / "Facturas");
     write_file(folder() / "Facturas", "");
     expect_stop(emisor + document, u"", {u"4", u"Facturas"});
+}
+
+TEST_F(FlatFile, an_empty_seal_stops_it_after_the_document_that_has_it)
+{
+    write_file(folder() / "pkey.key.pem", "esto no es una llave");
+    expect_stop(emisor + document + document, u"A1", {u"Línea 4", u"sello vacío", u"pkey.key.pem"});
 }
 
 TEST_F(FlatFile, a_missing_range_is_told_once_by_the_issue_and_once_by_the_file)

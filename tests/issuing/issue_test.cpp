@@ -361,6 +361,17 @@ TEST_F(Issuing, a_key_that_does_not_serve_or_is_missing_leaves_an_empty_seal)
     EXPECT_NE(content("Facturas/A2.xml").find(" sello=\"\""), std::string::npos);
 }
 
+TEST_F(Issuing, a_blank_in_the_working_folder_breaks_the_seals_lines_and_is_told)
+{
+    Receiver r;
+    r.RutaDeArchivos = folder_text() + u"/mis ventas";
+    std::filesystem::create_directory(folder() / "mis ventas");
+    stage_document(r);
+    EXPECT_FALSE(issue());
+    EXPECT_NE(last_error().find(u"blancos"), Text::npos);
+    EXPECT_EQ(stored(), "0 0 0");
+}
+
 TEST_F(Issuing, a_missing_working_folder_stops_before_any_row)
 {
     Receiver r;
