@@ -20,3 +20,10 @@ gtest_discover_tests(tolvex_tests DISCOVERY_MODE PRE_TEST DISCOVERY_TIMEOUT 60 T
 add_test(NAME SqlServer_life_on_TOLVEX_PRUEBA_SQLSERVER COMMAND tolvex_tests --gtest_filter=SqlServer.*)
 set_tests_properties(SqlServer_life_on_TOLVEX_PRUEBA_SQLSERVER PROPERTIES
                      TIMEOUT 900 RESOURCE_LOCK server SKIP_REGULAR_EXPRESSION "not run: TOLVEX_PRUEBA_SQLSERVER names no")
+
+# A host outside this build: examples/nativo against the installed package.
+add_test(NAME ExampleHost.builds_against_the_installed_package_and_issues
+    COMMAND ${CMAKE_COMMAND} -DBUILD=${PROJECT_BINARY_DIR} -DSOURCE=${PROJECT_SOURCE_DIR}/examples/nativo
+            -DWORK=${PROJECT_BINARY_DIR}/example_host -DSANITIZE=${TOLVEX_SANITIZE}
+            -P ${PROJECT_SOURCE_DIR}/tests/example_host.cmake)
+set_tests_properties(ExampleHost.builds_against_the_installed_package_and_issues PROPERTIES TIMEOUT 300)

@@ -19,7 +19,7 @@ void print_line(const Text& text) { fmt::print("{}\n", to_utf8(text)); }
 
 int fail(const Text& reason)
 {
-    fmt::print(stderr, "tolvex: {}\n", to_utf8(reason));
+    say_error(to_utf8(reason));
     return 1;
 }
 
@@ -63,6 +63,8 @@ Text described(const DocumentKey& key)
 }
 
 } // namespace
+
+void say_error(const std::string& reason) noexcept { std::fprintf(stderr, "tolvex: %s\n", reason.c_str()); }
 
 void connect(const Place& place)
 {

@@ -30,6 +30,9 @@ int conexion(const Place& place);
 // On the embedded database in the folder, or on the server that the place names.
 int demo(const Place& place, const std::string& folder);
 
+// Says on standard error why a command failed; standard error itself may be full or gone.
+void say_error(const std::string& reason) noexcept;
+
 // Opens the shared connection. Throws Error with the driver's description.
 void connect(const Place& place);
 void disconnect();

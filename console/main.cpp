@@ -2,7 +2,7 @@
 #include "console/commands.hpp"
 
 #include <CLI/CLI.hpp>
-#include <fmt/core.h>
+#include <cstdio>
 
 namespace {
 
@@ -73,14 +73,23 @@ std::string named(const std::string& message, const std::string& before, const s
 // What is wrong with the command line, in Spanish.
 std::string usage_message(const CLI::App*, const CLI::Error& error)
 {
-    const std::string name = error.get_name(), message = error.what();
+    const auto kind = static_cast<CLI::ExitCodes>(error.get_exit_code());
+    const std::string message = error.what();
     std::string reason = message;
     if (message.starts_with("A subcommand")) reason = "falta la orden";
-    else if (name == "RequiredError") reason = "falta " + named(message, "", " is required");
-    else if (name == "ExtrasError") reason = "no se conoce o sobra: " + named(message, ": ", "");
-    else if (name == "ConversionError") reason = "no es un número válido: " + named(message, ": ", "");
-    else if (name == "ArgumentMismatch") reason = "falta el valor de " + named(message, "", ":");
+    else if (kind == CLI::ExitCodes::RequiredError) reason = "falta " + named(message, "", " is required");
+    else if (kind == CLI::ExitCodes::ExtrasError) reason = "no se conoce o sobra: " + named(message, ": ", "");
+    else if (kind == CLI::ExitCodes::ConversionError) reason = "no es un número válido: " + named(message, ": ", "");
+    else if (kind == CLI::ExitCodes::ArgumentMismatch) reason = "falta el valor de " + named(message, "", ":");
     return "tolvex: " + reason + "\nVea «tolvex --help» o «tolvex ORDEN --help».\n";
+}
+
+// Whether all that was printed reached standard output.
+bool written_out()
+{
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout)) return true;
+    say_error("no se pudo escribir el resultado en la salida estándar");
+    return false;
 }
 
 } // namespace
@@ -144,8 +153,8 @@ int main(int argc, char** argv)
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : wrong_usage;
     } catch (const std::exception& error) {
-        fmt::print(stderr, "tolvex: {}\n", error.what());
+        say_error(error.what());
         return 1;
     }
-    return result;
+    return written_out() ? result : 1;
 }

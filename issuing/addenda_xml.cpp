@@ -79,14 +79,18 @@ private:
     XmlElement add_node(XmlElement parent, const Node& node, const Text& staged);
     Recordset rows_of(const Text& table, std::int16_t nPadre);
 
-    // Keeps the numbers of the nodes from the root to the current one, to stop at a cycle.
+    // Keeps the numbers of the nodes from the root to the current one, to stop at a cycle or before the stack ends.
     class Descent
     {
+        static constexpr std::size_t deepest = 1000;
+
     public:
         Descent(std::vector<std::int16_t>& path, std::int16_t nRama) : path_(path)
         {
             if (std::find(path.begin(), path.end(), nRama) != path.end())
                 throw Error(5, u"La estructura de la addenda tiene un ciclo en el nodo " + decimal(nRama));
+            if (path.size() >= deepest)
+                throw Error(5, u"La estructura de la addenda tiene más de " + decimal(deepest) + u" niveles");
             path.push_back(nRama);
         }
         ~Descent() { path_.pop_back(); }

@@ -232,7 +232,7 @@ void FlatFile::issue(const Record& r)
     if (!has_receiver_) throw wrong(u"EMITE necesita antes un registro CLIENTE");
     IssueOptions options;
     options.CtrlFolioInterno = r.boolean(2, u"CtrlFolioInterno", options.CtrlFolioInterno);
-    options.vlTipoDocumento = r.text(3, options.vlTipoDocumento);
+    options.vlTipoDocumento = trim(r.text(3, options.vlTipoDocumento));
     if (!r.text(4).empty()) options.vlTasaDeIva = r.int16(4, u"vlTasaDeIva");
     options.vlGeneraAddenda = r.boolean(5, u"vlGeneraAddenda", options.vlGeneraAddenda);
 
@@ -243,6 +243,9 @@ void FlatFile::issue(const Record& r)
     has_receiver_ = false; // the next document begins with its own CLIENTE
     issued_.push_back({session_.gSerie, vlnFactura, document_.xml_path});
     if (events_.issued) events_.issued(issued_.back());
+    // Issuing does not notice a failing openssl; a file must not go on with documents that nobody accepts.
+    if (document_.sello.empty())
+        throw wrong(u"el documento se emitió con el sello vacío: revise openssl y pkey.key.pem en la carpeta de trabajo");
 }
 
 } // namespace

@@ -14,6 +14,14 @@ void append_byte(Text& bytes, unsigned byte)
     bytes += static_cast<char16_t>(byte);
 }
 
+Error no_seal(const Text& path)
+{
+    const Text advice = path.find(u' ') != Text::npos
+                            ? u"la ruta de la carpeta de trabajo no puede llevar blancos"
+                            : u"revise que openssl y pkey.key.pem estén en la carpeta de trabajo y que la llave sirva";
+    return {53, u"openssl no dejó el sello en " + files::native_path(path) + u": " + advice};
+}
+
 } // namespace
 
 Digest digest_for(Date date) { return year_of(date) > 2010 ? Digest::sha1 : Digest::md5; }
@@ -59,9 +67,7 @@ Text run_seal_batch(const Text& folder)
     // Deliberate: the exit code is not examined, so a seal left by an earlier failure is taken for this one's.
     run_batch_file(folder + u"\\SELLO.BAT");
     const Text result = folder + u"\\Sello.txt";
-    if (!files::exists(result))
-        throw Error(53, u"openssl no dejó el sello en " + files::native_path(result) +
-                            u": revise que openssl y pkey.key.pem estén en la carpeta de trabajo y que la llave sirva");
+    if (!files::exists(result)) throw no_seal(result);
     return last_line(result);
 }
 

@@ -10,17 +10,19 @@ using testing::expect_all;
 
 TEST(Text, utf8_is_read_and_written_exactly)
 {
-    for (const char* utf8 : {"", "A|B", "áÑü", "€ 5.00", "\U0001F600 fin"}) EXPECT_EQ(to_utf8(to_text(utf8)), utf8);
+    for (const char* utf8 : {"", "A|B", "áÑü", "€ 5.00", "\U0001F600 fin"})
+        EXPECT_EQ(to_utf8(to_text(utf8)), utf8);
     EXPECT_EQ(to_text("\U0001F600").size(), 2u);
 }
 
 TEST(Text, bytes_that_are_no_utf8_become_replacement_characters)
 {
-    expect_all<std::string, Text>(to_text, {{"\xF1", u"\uFFFD"},
-                                            {"a\xC3", u"a\uFFFD"},
-                                            {"\xC0\xAF", u"\uFFFD\uFFFD"},                   // overlong
-                                            {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},         // surrogate
-                                            {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"}}); // past U+10FFFF
+    expect_all<std::string, Text>(to_text,
+                                  {{"\xF1", u"\uFFFD"},
+                                   {"a\xC3", u"a\uFFFD"},
+                                   {"\xC0\xAF", u"\uFFFD\uFFFD"},                       // overlong
+                                   {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},             // surrogate
+                                   {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"}}); // past U+10FFFF
     EXPECT_EQ(to_utf8(Text(1, char16_t{0xD800})), "\xEF\xBF\xBD");
     EXPECT_EQ(to_utf8(Text{char16_t{0xDC00}, char16_t{0xD800}}), "\xEF\xBF\xBD\xEF\xBF\xBD");
 }

@@ -14,16 +14,17 @@ constexpr auto largest = std::numeric_limits<std::int64_t>::max();
 
 TEST(AmountAsText, is_the_shortest_decimal_form)
 {
-    expect_all<std::int64_t, Text>([](std::int64_t scaled) { return amount_as_text(Currency::from_scaled(scaled)); },
-                                   {{0, u"0"},
-                                    {10'000, u"1"},
-                                    {135'000, u"13.5"},
-                                    {1'000'000, u"100"},
-                                    {12'345'678, u"1234.5678"},
-                                    {-5, u"-0.0005"},
-                                    {-10'100, u"-1.01"},
-                                    {largest, u"922337203685477.5807"},
-                                    {std::numeric_limits<std::int64_t>::min(), u"-922337203685477.5808"}});
+    expect_all<std::int64_t, Text>(
+        [](std::int64_t scaled) { return amount_as_text(Currency::from_scaled(scaled)); },
+        {{0, u"0"},
+         {10'000, u"1"},
+         {135'000, u"13.5"},
+         {1'000'000, u"100"},
+         {12'345'678, u"1234.5678"},
+         {-5, u"-0.0005"},
+         {-10'100, u"-1.01"},
+         {largest, u"922337203685477.5807"},
+         {std::numeric_limits<std::int64_t>::min(), u"-922337203685477.5808"}});
 }
 
 TEST(NumberAsText, has_fifteen_digits_and_no_exponent)
@@ -39,8 +40,8 @@ TEST(NumberAsText, has_fifteen_digits_and_no_exponent)
 
 TEST(Format, rounds_the_decimal_form_half_away_from_zero)
 {
-    for (const Text pattern : {u"####0.00", u"#######0.00", u"########0.00", u"#########0.00", u"##########0.00",
-                               u"###########0.00", u"############0.00"})
+    for (const Text pattern : {u"####0.00", u"#######0.00", u"########0.00", u"#########0.00",
+                               u"##########0.00", u"###########0.00", u"############0.00"})
         expect_all<double, Text>([&](double number) { return format(number, pattern); },
                                  {{0, u"0.00"},
                                   {16, u"16.00"},
@@ -98,8 +99,8 @@ TEST(ToNumber, takes_whole_texts_only)
                                          {u"1E-2", 0.01},
                                          {u"1e-400", 0},
                                          {u"00123", 123}});
-    for (const Text text : {u"", u" ", u"abc", u"12a", u"1 2", u"1.2.3", u"--1", u"1e", u".", u"-", u"1,23", u"1234,567",
-                            u",1", u"0x10", u"١"})
+    for (const Text text : {u"", u" ", u"abc", u"12a", u"1 2", u"1.2.3", u"--1", u"1e", u".", u"-", u"1,23",
+                            u"1234,567", u",1", u"0x10", u"١"})
         EXPECT_EQ(error_number([&] { to_number(text); }), 13) << to_utf8(text);
     EXPECT_EQ(error_number([] { to_number(u"1e400"); }), 6);
 }
@@ -142,8 +143,9 @@ TEST(LeadingNumber, reads_as_far_as_it_can)
 
 TEST(WholeNumbers, round_to_even_and_overflow)
 {
-    expect_all<double, std::int16_t>(to_int16, {{0.5, 0}, {1.5, 2}, {2.5, 2}, {-0.5, 0}, {-1.5, -2}, {32767.4, 32767},
-                                                {-32768.5, -32768}});
+    expect_all<double, std::int16_t>(
+        to_int16,
+        {{0.5, 0}, {1.5, 2}, {2.5, 2}, {-0.5, 0}, {-1.5, -2}, {32767.4, 32767}, {-32768.5, -32768}});
     for (const double number : {32767.5, -32768.6, 1e300, std::numeric_limits<double>::quiet_NaN()})
         EXPECT_EQ(error_number([=] { to_int16(number); }), 6) << number;
     EXPECT_EQ(to_int32(2147483647.4), 2147483647);
@@ -154,8 +156,15 @@ TEST(WholeNumbers, round_to_even_and_overflow)
 TEST(RoundHalfEven, works_on_the_decimal_form)
 {
     const auto cents = [](double number) { return round_half_even(number, 2); };
-    expect_all<double, double>(cents, {{2.675, 2.68}, {2.665, 2.66}, {1.005, 1}, {1.015, 1.02}, {-0.125, -0.12},
-                                       {0.1250001, 0.13}, {12.5, 12.5}, {0.005, 0}, {0.015, 0.02}});
+    expect_all<double, double>(cents, {{2.675, 2.68},
+                                       {2.665, 2.66},
+                                       {1.005, 1},
+                                       {1.015, 1.02},
+                                       {-0.125, -0.12},
+                                       {0.1250001, 0.13},
+                                       {12.5, 12.5},
+                                       {0.005, 0},
+                                       {0.015, 0.02}});
     EXPECT_EQ(round_half_even(0.5, 0), 0);
     EXPECT_EQ(round_half_even(0.51, 0), 1);
     EXPECT_EQ(round_half_even(1.5, 0), 2);
@@ -192,7 +201,8 @@ TEST(Dates, the_last_half_second_belongs_to_the_next_day)
 
 TEST(Dates, outside_the_years_100_to_9999_are_an_overflow)
 {
-    for (const double days : {-657435.0, 2958466.0, 2958465.9999999, 1e18, std::numeric_limits<double>::quiet_NaN()})
+    for (const double days :
+         {-657435.0, 2958466.0, 2958465.9999999, 1e18, std::numeric_limits<double>::quiet_NaN()})
         EXPECT_EQ(error_number([=] { calendar(Date{days}); }), 6) << days;
 }
 
@@ -211,9 +221,10 @@ TEST(Dates, are_read_in_the_forms_that_people_use)
 
 TEST(Dates, that_do_not_exist_are_refused)
 {
-    for (const Text text : {u"", u"hoy", u"2011-02-29", u"2011-13-01", u"2011-00-01", u"2011-01-32", u"2011-03-15 24:00:00",
-                            u"2011-03-15 14:60:00", u"2011-03-15 14:05:60", u"2011-03-15 14", u"2011-03", u"2011-03-15x",
-                            u"2011-03-15 14:05:09 pm", u"99999-01-01", u"-2011-01-01", u"2011-257-01"})
+    for (const Text text :
+         {u"", u"hoy", u"2011-02-29", u"2011-13-01", u"2011-00-01", u"2011-01-32", u"2011-03-15 24:00:00",
+          u"2011-03-15 14:60:00", u"2011-03-15 14:05:60", u"2011-03-15 14", u"2011-03", u"2011-03-15x",
+          u"2011-03-15 14:05:09 pm", u"99999-01-01", u"-2011-01-01", u"2011-257-01"})
         EXPECT_EQ(error_number([&] { to_date(text); }), 13) << to_utf8(text);
     // Numbers that a byte would fold into a good month or day.
     EXPECT_EQ(error_number([] { Date::of(2011, 257, 1); }), 13);

@@ -12,8 +12,8 @@ protected:
     // A row "nRama,nPadre,'cNombre','cTipo','cValor'" of the staged receiver, whose RFC lost its "-".
     void add_row(const Text& table, const Text& row, const Text& receiver = u"PEGM800101AB1")
     {
-        execute(u"Insert Into " + table + u"(crfccte,nRama,nPadre,cNombre,cTipo,cValor) Values('" + receiver + u"'," +
-                row + u")");
+        execute(u"Insert Into " + table + u"(crfccte,nRama,nPadre,cNombre,cTipo,cValor) Values('" + receiver +
+                u"'," + row + u")");
     }
     void header_row(const Text& row) { add_row(u"fe_ctl_adendas", row); }
     void line_row(const Text& row) { add_row(u"fe_ctl_adendasDet", row); }
@@ -43,7 +43,8 @@ TEST_F(AddendaXml, follows_the_layout_and_repeats_its_line_part)
                            u"3,1,' canal ',Null,' 3 '", u"4,1,'Nota','E','sin nota'", u"5,1,'Vacia','E',Null",
                            u"6,1,'Det@lle','E','sin efecto'"})
         header_row(row);
-    for (const Text row : {u"7,6,'Partida','E',''", u"10,7,'Texto','E','primera'", u"8,7,'codigo','A','sin código'"})
+    for (const Text row :
+         {u"7,6,'Partida','E',''", u"10,7,'Texto','E','primera'", u"8,7,'codigo','A','sin código'"})
         line_row(row);
     add_row(u"fe_ctl_adendas", u"1,0,'Ajena','E',''", u"OTRO010101AAA");
 
@@ -84,12 +85,13 @@ TEST_F(AddendaXml, line_part_repeats_for_every_line_and_at_the_top_under_the_roo
 
 TEST_F(AddendaXml, attributes_set_twice_keep_the_later_value_and_pass_their_parent_on)
 {
-    for (const Text row : {u"1,0,'Raiz','E',''", u"2,1,'a','A','uno'", u"3,1,'b','A','<\"&'", u"4,1,'a','X','dos'",
-                           u"5,2,'Hija','E','del atributo'", u"6,2,'c','A','nieto'"})
+    for (const Text row : {u"1,0,'Raiz','E',''", u"2,1,'a','A','uno'", u"3,1,'b','A','<\"&'",
+                           u"4,1,'a','X','dos'", u"5,2,'Hija','E','del atributo'", u"6,2,'c','A','nieto'"})
         header_row(row);
     // Row 4 comes after the children of row 2.
-    EXPECT_EQ(addenda(), "<Addenda><Raiz a=\"dos\" c=\"nieto\" b=\"&lt;&quot;&amp;\"><Hija>del atributo</Hija></Raiz>"
-                         "</Addenda>");
+    EXPECT_EQ(addenda(),
+              "<Addenda><Raiz a=\"dos\" c=\"nieto\" b=\"&lt;&quot;&amp;\"><Hija>del atributo</Hija></Raiz>"
+              "</Addenda>");
 }
 
 TEST_F(AddendaXml, a_name_that_xml_refuses_saves_nothing)
@@ -126,12 +128,11 @@ TEST_F(AddendaXml, a_deep_layout_is_written_whole)
     constexpr int depth = 300;
     Connection& connection = shared_connection(session());
     connection.begin_transaction();
-    for (int i = 1; i <= depth; ++i)
-        header_row(decimal(i) + u"," + decimal(i - 1) + u",'n','E',''");
+    for (int i = 1; i <= depth; ++i) header_row(decimal(i) + u"," + decimal(i - 1) + u",'n','E',''");
     connection.commit();
     const std::string xml = addenda();
-    EXPECT_EQ(xml.size(), std::string("<Addenda></Addenda>").size() + (depth - 1) * std::string("<n></n>").size() +
-                              std::string("<n/>").size());
+    EXPECT_EQ(xml.size(), std::string("<Addenda></Addenda>").size() +
+                              (depth - 1) * std::string("<n></n>").size() + std::string("<n/>").size());
 }
 
 } // namespace

@@ -23,13 +23,12 @@ protected:
 std::string piece(const std::string& xml, const std::string& from, const std::string& to)
 {
     const auto start = xml.find(from), end = xml.find(to, start);
-    return start == std::string::npos || end == std::string::npos ? "" : xml.substr(start, end + to.size() - start);
+    return start == std::string::npos || end == std::string::npos
+               ? ""
+               : xml.substr(start, end + to.size() - start);
 }
 
-TEST_F(CfdiDocument, of_an_invoice_in_pesos)
-{
-    EXPECT_EQ(xml_of({}), golden("factura.xml"));
-}
+TEST_F(CfdiDocument, of_an_invoice_in_pesos) { EXPECT_EQ(xml_of({}), golden("factura.xml")); }
 
 TEST_F(CfdiDocument, of_a_credit_note_with_withholdings_in_another_currency)
 {
@@ -72,9 +71,9 @@ TEST_F(CfdiDocument, retentions_need_isr_above_zero_or_a_peso_of_iva)
         if (*written) {
             const std::string amounts = written;
             const auto iva_starts = amounts.find(" IVA ");
-            expected = "<cfdi:Retenciones><Retencion impuesto=\"ISR\" importe=\"" + amounts.substr(4, iva_starts - 4) +
-                       "\"/><Retencion impuesto=\"IVA\" importe=\"" + amounts.substr(iva_starts + 5) +
-                       "\"/></cfdi:Retenciones>";
+            expected = "<cfdi:Retenciones><Retencion impuesto=\"ISR\" importe=\"" +
+                       amounts.substr(4, iva_starts - 4) + "\"/><Retencion impuesto=\"IVA\" importe=\"" +
+                       amounts.substr(iva_starts + 5) + "\"/></cfdi:Retenciones>";
         }
         EXPECT_EQ(written_ones, expected) << iva << ' ' << isr;
     }
@@ -82,10 +81,12 @@ TEST_F(CfdiDocument, retentions_need_isr_above_zero_or_a_peso_of_iva)
 
 TEST_F(CfdiDocument, empty_addresses_lose_their_attributes_but_rfc_and_name_stay)
 {
-    execute(u"Update FE_EMPRESAS Set cNombre='', cRfc=Null, cCalle='', cNumExterior='', cLocalidad='', cMunicipio=''"
+    execute(u"Update FE_EMPRESAS Set cNombre='', cRfc=Null, cCalle='', cNumExterior='', cLocalidad='', "
+            u"cMunicipio=''"
             u", cEstado='', cPais='', cCodigoPostal=''");
     Receiver r;
-    r.Rfc = r.Nombre = r.Calle = r.NumeroExt = r.Colonia = r.Estado = r.Municipio = r.Pais = r.CodigoPos = u"|";
+    r.Rfc = r.Nombre = r.Calle = r.NumeroExt = r.Colonia = r.Estado = r.Municipio = r.Pais = r.CodigoPos =
+        u"|";
     EXPECT_EQ(piece(xml_of(r), "<cfdi:Emisor", "</cfdi:Receptor>"),
               "<cfdi:Emisor rfc=\"\" nombre=\"\"><cfdi:DomicilioFiscal/></cfdi:Emisor>"
               "<cfdi:Receptor rfc=\"\" nombre=\"\"><cfdi:Domicilio/></cfdi:Receptor>");
@@ -114,7 +115,8 @@ TEST_F(CfdiDocument, is_named_by_the_trimmed_series_and_the_numeric_folio)
 
 TEST_F(CfdiDocument, of_the_same_name_is_replaced_and_a_failed_one_leaves_it_whole)
 {
-    std::filesystem::create_directory(folder() / "FACTURAS"); // the folder that is there is taken as it is spelt
+    std::filesystem::create_directory(folder() /
+                                      "FACTURAS"); // the folder that is there is taken as it is spelt
     write_file(folder() / "FACTURAS/A123.xml", "viejo");
     stage_document();
     DetFacturas().SetDetalleDocto(u"", u"F", u"", u"control \u0001", 1, u"", 1, 0, 1, 16);

@@ -8,10 +8,11 @@ namespace {
 
 // The shortest good records; a document takes all four.
 const std::string emisor = "EMISOR|1|1\n";
-const std::string cliente = "CLIENTE|PEGM800101AB1|María Peña|Niños Héroes|120||Del Valle||Distrito Federal|Benito Juárez"
-                            "|México|03100|900|0|144|1044|1|1|2011-03-15 14:05:09|\n";
+const std::string cliente =
+    "CLIENTE|PEGM800101AB1|María Peña|Niños Héroes|120||Del Valle||Distrito Federal|Benito Juárez"
+    "|México|03100|900|0|144|1044|1|1|2011-03-15 14:05:09|\n";
 const std::string detalle = "DETALLE|1|F|CAF-01|Café|5|KG|180|144|900|16\n";
-const std::string emite = "EMITE||1||| 0 \n";
+const std::string emite = "EMITE||1|Ingreso || 0 \n";
 const std::string document = cliente + detalle + emite;
 
 class FlatFile : public Station
@@ -33,33 +34,45 @@ protected:
         EXPECT_EQ(messages[0].title, u"Facturación Electronica");
         EXPECT_EQ(last_error(), messages[0].text);
         for (const Text& text : texts)
-            EXPECT_NE(messages[0].text.find(text), Text::npos) << to_utf8(messages[0].text) << "\n lacks " << to_utf8(text);
+            EXPECT_NE(messages[0].text.find(text), Text::npos)
+                << to_utf8(messages[0].text) << "\n lacks " << to_utf8(text);
     }
 
-    Text stored(const Text& column) { return answer(u"Select " + column + u" From FE_VENTAS_RESUMEN Order By nID Desc").text(); }
+    Text stored(const Text& column)
+    {
+        return answer(u"Select " + column + u" From FE_VENTAS_RESUMEN Order By nID Desc").text();
+    }
 };
 
 TEST_F(FlatFile, issues_its_documents_one_after_the_other)
 {
-    const std::string nota = "cliente|XAXX010101000|Público||||||||||10|0|1.6|11.6|2|2|2011-03-15T14:05:09||0.5|0.25"
-                             "|USD|12.5|a|b|c\nDetalle|1|N|X|Y|1|PZA|10|1.6|10|16\nemite|ignorado|1|EGRESO|11|0\n";
+    const std::string nota =
+        "cliente|XAXX010101000|Público||||||||||10|0|1.6|11.6|2|2|2011-03-15T14:05:09||0.5|0.25"
+        "|USD|12.5|a|b|c\nDetalle|1|N|X|Y|1|PZA|10|1.6|10|16\nemite|ignorado|1| EGRESO |11|0\n";
     EXPECT_EQ(issue_file("# comentario\n\n   \n" + emisor + document + nota + document), u"A1,NC8,A2");
     EXPECT_TRUE(messages.empty());
     EXPECT_TRUE(exists("Facturas/A1.xml") && exists("Facturas/NC8.xml") && exists("Facturas/A2.xml"));
     EXPECT_EQ(count(u"FE_VENTAS_RESUMEN_DET", u"nIdFe=2"), 1); // each with its own lines only
     const Text condition = u" From FE_VENTAS_RESUMEN Where nID=2";
-    for (const auto& [column, value] : std::initializer_list<std::pair<Text, Text>>{
-             {u"cTipoDocumento", u"N"}, {u"cFormaDePago", u"Credito"}, {u"cMoneda", u"USD"}, {u"nParidad", u"12.5"},
-             {u"nIvaRetenido", u"0.5"}, {u"nIsrRetenido", u"0.25"}})
+    for (const auto& [column, value] :
+         std::initializer_list<std::pair<Text, Text>>{{u"cTipoDocumento", u"N"},
+                                                      {u"cFormaDePago", u"Credito"},
+                                                      {u"cMoneda", u"USD"},
+                                                      {u"nParidad", u"12.5"},
+                                                      {u"nIvaRetenido", u"0.5"},
+                                                      {u"nIsrRetenido", u"0.25"}})
         EXPECT_EQ(answer(u"Select " + column + condition).text(), value) << to_utf8(column);
-    EXPECT_EQ(answer(u"Select cDatoAdicional1+cDatoAdicional2+cDatoAdicional3 From FE_ClienteFactura Where nidFE=2").text(),
-              u"abc");
+    EXPECT_EQ(
+        answer(u"Select cDatoAdicional1+cDatoAdicional2+cDatoAdicional3 From FE_ClienteFactura Where nidFE=2")
+            .text(),
+        u"abc");
     EXPECT_NE(answer(u"Select cCadenaOriginal" + condition).text().find(u"IVA|11.00|1.60||"), Text::npos);
 }
 
 TEST_F(FlatFile, empty_and_missing_values_take_their_defaults)
 {
-    EXPECT_EQ(issue_file(emisor + cliente + detalle + "EMITE|A0077"), u"AA0077"); // no line end after the last record
+    EXPECT_EQ(issue_file(emisor + cliente + detalle + "EMITE|A0077"),
+              u"AA0077"); // no line end after the last record
     EXPECT_EQ(stored(u"cTipoDocumento"), u"F");
     EXPECT_EQ(stored(u"cMoneda"), u"PESOS");
     EXPECT_EQ(stored(u"nParidad"), u"1");
@@ -80,7 +93,8 @@ TEST_F(FlatFile, is_read_in_the_encodings_and_line_ends_that_windows_and_linux_w
     std::string windows_text = to_utf8(replace_all(to_text(unix_text), u"\n", u"\r\n"));
     EXPECT_EQ(issue_file(windows_text), u"A1");
     EXPECT_EQ(issue_file("\xEF\xBB\xBF" + windows_text), u"A2");
-    EXPECT_EQ(issue_file(bytes_of_text(to_text(unix_text))), u"A3"); // Latin letters have their Windows-1252 codes
+    EXPECT_EQ(issue_file(bytes_of_text(to_text(unix_text))),
+              u"A3"); // Latin letters have their Windows-1252 codes
     EXPECT_EQ(count(u"FE_ClienteFactura", u"cNombreCte='María Peña'"), 3);
     EXPECT_EQ(count(u"FE_ClienteFactura", u"cCodPostalCte='03100'"), 3);
 }
@@ -88,13 +102,18 @@ TEST_F(FlatFile, is_read_in_the_encodings_and_line_ends_that_windows_and_linux_w
 TEST_F(FlatFile, addenda_values_go_to_their_nodes)
 {
     for (const Text row : {u"1,0,'Pedido','E',''", u"2,1,'orden','A',''", u"3,1,'Det@lle','E',''"})
-        execute(u"Insert Into fe_ctl_adendas(crfccte,nRama,nPadre,cNombre,cTipo,cValor) Values('PEGM800101AB1'," + row + u")");
+        execute(
+            u"Insert Into fe_ctl_adendas(crfccte,nRama,nPadre,cNombre,cTipo,cValor) Values('PEGM800101AB1'," +
+            row + u")");
     execute(u"Insert Into fe_ctl_adendasDet(crfccte,nRama,nPadre,cNombre,cTipo,cValor) "
             u"Values('PEGM800101AB1',4,3,'Partida','E','-')");
-    EXPECT_EQ(issue_file(emisor + cliente + detalle + detalle + "ADDENDA|X|2|1|OC-1\nADDENDADET|2|X|4|3|dos\n"
-                         "ADDENDADET|1|X|4|3\nEMITE||1|||1\n" + cliente + detalle + "EMITE||1\n"),
+    EXPECT_EQ(issue_file(emisor + cliente + detalle + detalle +
+                         "ADDENDA|X|2|1|OC-1\nADDENDADET|2|X|4|3|dos\n"
+                         "ADDENDADET|1|X|4|3\nEMITE||1|||1\n" +
+                         cliente + detalle + "EMITE||1\n"),
               u"A1,A2");
-    EXPECT_NE(content("Facturas/A1.xml").find("<Addenda><Pedido orden=\"OC-1\"><Partida>-</Partida><Partida>dos</Partida>"),
+    EXPECT_NE(content("Facturas/A1.xml")
+                  .find("<Addenda><Pedido orden=\"OC-1\"><Partida>-</Partida><Partida>dos</Partida>"),
               std::string::npos);
     // CLIENTE emptied them.
     EXPECT_NE(content("Facturas/A2.xml").find("<Addenda><Pedido orden=\"\"><Partida>-</Partida></Pedido>"),
@@ -140,14 +159,16 @@ TEST_F(FlatFile, the_first_wrong_record_stops_it_with_its_line_and_reason)
 TEST_F(FlatFile, what_was_issued_before_the_stop_stays_and_the_result_tells_it)
 {
     expect_stop(emisor + document + document + "DETALLE|mal\n" + document, u"A1,A2", {u"8"});
-    expect_stop(emisor + document + emite, u"A3", {u"5", u"CLIENTE"}); // a document begins with its own CLIENTE
+    expect_stop(emisor + document + emite, u"A3",
+                {u"5", u"CLIENTE"}); // a document begins with its own CLIENTE
     EXPECT_EQ(count(u"FE_VENTAS_RESUMEN"), 3);
     EXPECT_EQ(answer(u"Select nUltimoFolio From FE_FOLIOS Where nFolio=1").int32(), 3);
 }
 
 TEST_F(FlatFile, a_document_that_is_not_issued_stops_it_with_the_reason)
 {
-    expect_stop(emisor + document + cliente + detalle + "EMITE|A1\n" + document, u"A1", {u"7", u"no se emitió"});
+    expect_stop(emisor + document + cliente + detalle + "EMITE|A1\n" + document, u"A1",
+                {u"7", u"no se emitió"});
     std::string quoted = document;
     quoted.replace(quoted.find("María"), 6, "O'Hara");
     expect_stop(emisor + quoted, u"", {u"4"});
@@ -155,6 +176,12 @@ TEST_F(FlatFile, a_document_that_is_not_issued_stops_it_with_the_reason)
     std::filesystem::remove_all(folder() / "Facturas");
     write_file(folder() / "Facturas", "");
     expect_stop(emisor + document, u"", {u"4", u"Facturas"});
+}
+
+TEST_F(FlatFile, an_empty_seal_stops_it_after_the_document_that_has_it)
+{
+    write_file(folder() / "pkey.key.pem", "esto no es una llave");
+    expect_stop(emisor + document + document, u"A1", {u"Línea 4", u"sello vacío", u"pkey.key.pem"});
 }
 
 TEST_F(FlatFile, a_missing_range_is_told_once_by_the_issue_and_once_by_the_file)
@@ -178,7 +205,8 @@ TEST_F(FlatFile, files_and_databases_that_are_not_there_are_told)
           {folder_text(), Text(u"ventas.txt"), folder_text() + u"/ventas.txt"}}) {
         write_file(folder() / "ventas.txt", emisor + document);
         messages.clear();
-        EXPECT_EQ(genera_docto.GeneraFacturaElectronicaDesdeArchivoPlano(folder_name, name, u"", u"", u"sqlite:", database),
+        EXPECT_EQ(genera_docto.GeneraFacturaElectronicaDesdeArchivoPlano(folder_name, name, u"", u"",
+                                                                         u"sqlite:", database),
                   u"");
         ASSERT_EQ(messages.size(), 1u);
         EXPECT_EQ(messages[0].title, u"Facturación Electronica");
@@ -205,9 +233,11 @@ TEST_F(FlatFile, the_hosts_own_connection_is_untouched_and_the_files_own_is_clos
 TEST_F(FlatFile, odd_bytes_are_refused_or_read_but_never_harm)
 {
     for (const std::string& bytes :
-         {std::string("\0\0\0", 3), std::string("|||||\n"), std::string("\r\r\r"), std::string("EMISOR|1|1\0|x\n", 15),
-          "EMISOR|" + std::string(100'000, '9') + "|1\n", emisor + std::string(1'000, '|'), std::string("\xEF\xBB\xBF"),
-          emisor + "CLIENTE|" + std::string(1'000'000, 'x') + "\n", emisor + cliente + "DETALLE|1|F|X|\0|1|P|1|1|1|1\n"})
+         {std::string("\0\0\0", 3), std::string("|||||\n"), std::string("\r\r\r"),
+          std::string("EMISOR|1|1\0|x\n", 15), "EMISOR|" + std::string(100'000, '9') + "|1\n",
+          emisor + std::string(1'000, '|'), std::string("\xEF\xBB\xBF"),
+          emisor + "CLIENTE|" + std::string(1'000'000, 'x') + "\n",
+          emisor + cliente + "DETALLE|1|F|X|\0|1|P|1|1|1|1\n"})
         EXPECT_EQ(issue_file(bytes), u"");
 }
 

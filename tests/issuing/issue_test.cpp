@@ -8,8 +8,10 @@ namespace {
 
 constexpr TextView original_of_the_sale =
     u"||3.0|2011-03-15T14:05:09|ingreso|PAGO EN UNA SOLA EXHIBICION|1370.00|1|MXN|1508.00|AES010101AAA"
-    u"|ABARROTES LA ESPERANZA|ALHÓNDIGA|15|CENTRO|GUANAJUATO|GTO|MÉXICO|36000|PEGM800101AB1|María Peña|Niños Héroes"
-    u"|120|Del Valle|Benito Juárez|Distrito Federal|México|03100|5.00|KG|Café de altura, 1 kg|180.00|900.00|2.50|PZA"
+    u"|ABARROTES LA ESPERANZA|ALHÓNDIGA|15|CENTRO|GUANAJUATO|GTO|MÉXICO|36000|PEGM800101AB1|María Peña|Niños "
+    u"Héroes"
+    u"|120|Del Valle|Benito Juárez|Distrito Federal|México|03100|5.00|KG|Café de altura, 1 "
+    u"kg|180.00|900.00|2.50|PZA"
     u"|Pan|188.00|470.02|IVA|16.00|208.00|208.00||";
 
 // A text as the system stores it: one character per byte of its UTF-8 form.
@@ -27,7 +29,8 @@ protected:
     // Every column of the one row, in the table's own order, so that none is forgotten.
     void expect_row(const Text& table, const Text& condition, std::initializer_list<Expected> expected)
     {
-        const Recordset row = shared_connection(session()).query(u"Select * From " + table + u" Where " + condition);
+        const Recordset row =
+            shared_connection(session()).query(u"Select * From " + table + u" Where " + condition);
         ASSERT_FALSE(row.eof());
         EXPECT_EQ(row.columns().size(), expected.size());
         for (const auto& [column, value] : expected) {
@@ -37,8 +40,14 @@ protected:
         }
     }
 
-    Text seal_of_last() { return answer(u"Select cSelloDigital From FE_VENTAS_RESUMEN Order By nID Desc").text(); }
-    Value counter(int range) { return answer(u"Select nUltimoFolio From FE_FOLIOS Where nFolio=" + decimal(range)); }
+    Text seal_of_last()
+    {
+        return answer(u"Select cSelloDigital From FE_VENTAS_RESUMEN Order By nID Desc").text();
+    }
+    Value counter(int range)
+    {
+        return answer(u"Select nUltimoFolio From FE_FOLIOS Where nFolio=" + decimal(range));
+    }
 
     // Documents, receivers and lines stored.
     std::string stored()
@@ -78,36 +87,87 @@ TEST_F(Issuing, an_invoice_stores_every_column_and_cleans_up)
     EXPECT_EQ(work_files(), "");
     EXPECT_TRUE(exists("Facturas/A123.xml"));
     EXPECT_TRUE(messages.empty());
-    const Text original = stored_bytes(replace_all(original_of_the_sale, u"María Peña", u"María|Peña|")), seal = seal_of_last();
+    const Text original = stored_bytes(replace_all(original_of_the_sale, u"María Peña", u"María|Peña|")),
+               seal = seal_of_last();
     EXPECT_EQ(seal.size(), 344u);
 
     expect_row(u"FE_VENTAS_RESUMEN", u"1=1",
-               {{u"nID", 1}, {u"cDocumento", u"A00123"}, {u"cTipoDocumento", u"F"}, {u"nEmpresa", 1},
-                {u"nSucursal", 1}, {u"cEfecto", u"I"}, {u"cCliente", u"000000"},
-                {u"dFecha", Date::of(2011, 3, 15, 14, 5, 9)}, {u"cSerieFolioFE", u"A"}, {u"cSerie", u"A"},
-                {u"nFolioFE", 123}, {u"cNumero_Aprobacion", u"2011"},
-                {u"cSerie_Certificado", u"20001000000100005867"}, {u"cSelloDigital", seal},
-                {u"cCadenaOriginal", original}, {u"cFormaDePago", u"Credito"}, {u"nSubTotalAD", 1370},
-                {u"nDescuento", 70}, {u"nSubTotalDD", 1300}, {u"nIva", 208}, {u"nTotal", 1508},
-                {u"nImporteConLetra", u"MIL QUINIENTOS OCHO PESOS 00/100 M.N."}, {u"cStatus", u"A"},
-                {u"dFechaCan", Value()}, {u"cMoneda", u"PESOS"}, {u"nParidad", 1}, {u"nIvaRetenido", 0},
+               {{u"nID", 1},
+                {u"cDocumento", u"A00123"},
+                {u"cTipoDocumento", u"F"},
+                {u"nEmpresa", 1},
+                {u"nSucursal", 1},
+                {u"cEfecto", u"I"},
+                {u"cCliente", u"000000"},
+                {u"dFecha", Date::of(2011, 3, 15, 14, 5, 9)},
+                {u"cSerieFolioFE", u"A"},
+                {u"cSerie", u"A"},
+                {u"nFolioFE", 123},
+                {u"cNumero_Aprobacion", u"2011"},
+                {u"cSerie_Certificado", u"20001000000100005867"},
+                {u"cSelloDigital", seal},
+                {u"cCadenaOriginal", original},
+                {u"cFormaDePago", u"Credito"},
+                {u"nSubTotalAD", 1370},
+                {u"nDescuento", 70},
+                {u"nSubTotalDD", 1300},
+                {u"nIva", 208},
+                {u"nTotal", 1508},
+                {u"nImporteConLetra", u"MIL QUINIENTOS OCHO PESOS 00/100 M.N."},
+                {u"cStatus", u"A"},
+                {u"dFechaCan", Value()},
+                {u"cMoneda", u"PESOS"},
+                {u"nParidad", 1},
+                {u"nIvaRetenido", 0},
                 {u"nIsrRetenido", 0}});
     expect_row(u"FE_ClienteFactura", u"1=1",
-               {{u"nidFE", 1}, {u"nFolioDocto", u"A00123"}, {u"cTipoDocumento", u"F"}, {u"cEmpresa", u"1"},
-                {u"cSucursal", u"1"}, {u"cEfecto", u"I"}, {u"dFecha", Date::of(2011, 3, 15, 14, 5, 9)},
-                {u"cSerieFolioFE", u"A"}, {u"cSerie", u"A"}, {u"cNumero_Aprobacion", u"2011"},
-                {u"cSerie_Certificado", u"20001000000100005867"}, {u"cSelloDigital", seal},
-                {u"cCadenaOriginal", original}, {u"cRfcCte", u"PEGM800101AB1"}, {u"cNombreCte", u"MaríaPeña"},
-                {u"cCalleCte", u"Niños Héroes"}, {u"cNumExteriorCte", u"120"}, {u"cNumInteriorCte", u"4 B"},
-                {u"cColoniaCte", u"Del Valle"}, {u"cLocalidadCte", u"Ciudad de México"},
-                {u"cEstaadoCte", u"Distrito Federal"}, {u"cMunicipioCte", u"Benito Juárez"}, {u"cPaisCte", u"México"},
-                {u"cCodPostalCte", u"03100"}, {u"nSubtotalDocto", 1370}, {u"nImporteDescto", 70},
-                {u"nSubtotalConDescto", 1300}, {u"nImporteIva", 208}, {u"nImporteTotal", 1508},
-                {u"cDatoAdicional1", u"caja 3"}, {u"cDatoAdicional2", u""}, {u"cDatoAdicional3", u"mostrador"}});
+               {{u"nidFE", 1},
+                {u"nFolioDocto", u"A00123"},
+                {u"cTipoDocumento", u"F"},
+                {u"cEmpresa", u"1"},
+                {u"cSucursal", u"1"},
+                {u"cEfecto", u"I"},
+                {u"dFecha", Date::of(2011, 3, 15, 14, 5, 9)},
+                {u"cSerieFolioFE", u"A"},
+                {u"cSerie", u"A"},
+                {u"cNumero_Aprobacion", u"2011"},
+                {u"cSerie_Certificado", u"20001000000100005867"},
+                {u"cSelloDigital", seal},
+                {u"cCadenaOriginal", original},
+                {u"cRfcCte", u"PEGM800101AB1"},
+                {u"cNombreCte", u"MaríaPeña"},
+                {u"cCalleCte", u"Niños Héroes"},
+                {u"cNumExteriorCte", u"120"},
+                {u"cNumInteriorCte", u"4 B"},
+                {u"cColoniaCte", u"Del Valle"},
+                {u"cLocalidadCte", u"Ciudad de México"},
+                {u"cEstaadoCte", u"Distrito Federal"},
+                {u"cMunicipioCte", u"Benito Juárez"},
+                {u"cPaisCte", u"México"},
+                {u"cCodPostalCte", u"03100"},
+                {u"nSubtotalDocto", 1370},
+                {u"nImporteDescto", 70},
+                {u"nSubtotalConDescto", 1300},
+                {u"nImporteIva", 208},
+                {u"nImporteTotal", 1508},
+                {u"cDatoAdicional1", u"caja 3"},
+                {u"cDatoAdicional2", u""},
+                {u"cDatoAdicional3", u"mostrador"}});
     expect_row(u"FE_VENTAS_RESUMEN_DET", u"nRenglon=2",
-               {{u"nIdFe", 1}, {u"nFolioDocto", u"A00123"}, {u"cTipoDocumento", u"F"}, {u"cProducto", u"Pan"},
-                {u"nCantidad", 2.5}, {u"cunidad", u"PZA"}, {u"nPrecio", 188.005}, {u"nIva", 64}, {u"nImporte", 470.015},
-                {u"nImpuesto", 16}, {u"nRenglon", 2}, {u"cArticulo", u"PAN-07"}, {u"nEmpresa", 1}, {u"nSucursal", 1}});
+               {{u"nIdFe", 1},
+                {u"nFolioDocto", u"A00123"},
+                {u"cTipoDocumento", u"F"},
+                {u"cProducto", u"Pan"},
+                {u"nCantidad", 2.5},
+                {u"cunidad", u"PZA"},
+                {u"nPrecio", 188.005},
+                {u"nIva", 64},
+                {u"nImporte", 470.015},
+                {u"nImpuesto", 16},
+                {u"nRenglon", 2},
+                {u"cArticulo", u"PAN-07"},
+                {u"nEmpresa", 1},
+                {u"nSucursal", 1}});
     EXPECT_EQ(answer(u"Select cProducto From FE_VENTAS_RESUMEN_DET Where nRenglon=1").text(),
               u" Café de altura, 1 kg ");
     EXPECT_TRUE(counter(1).is_null()); // a folio given by the host leaves the counter alone
@@ -124,15 +184,23 @@ TEST_F(Issuing, a_credit_note_is_one_in_the_header_row_alone)
     r.Total = u"1,508.005";
     stage_document(r);
     Text folio;
-    ASSERT_TRUE(genera_docto.GeneraFacturaElectronica(folio, true, u"Egreso", 11, false)) << to_utf8(last_error());
+    ASSERT_TRUE(genera_docto.GeneraFacturaElectronica(folio, true, u"Egreso", 11, false))
+        << to_utf8(last_error());
     EXPECT_EQ(folio, u"8");
     EXPECT_EQ(counter(2).int32(), 8);
     EXPECT_TRUE(counter(1).is_null());
-    for (const auto& [column, expected] : std::initializer_list<std::pair<Text, Text>>{
-             {u"cTipoDocumento", u"N"}, {u"cEfecto", u"E"}, {u"cDocumento", u"8"}, {u"cSerie", u"NC"},
-             {u"nTotal", u"1508.01"}, {u"cMoneda", u"DOLARES"}, {u"nParidad", u"12.735"},
-             {u"nIvaRetenido", u"146.6667"}, {u"nIsrRetenido", u"137"}})
-        EXPECT_EQ(answer(u"Select " + column + u" From FE_VENTAS_RESUMEN").text(), expected) << to_utf8(column);
+    for (const auto& [column, expected] :
+         std::initializer_list<std::pair<Text, Text>>{{u"cTipoDocumento", u"N"},
+                                                      {u"cEfecto", u"E"},
+                                                      {u"cDocumento", u"8"},
+                                                      {u"cSerie", u"NC"},
+                                                      {u"nTotal", u"1508.01"},
+                                                      {u"cMoneda", u"DOLARES"},
+                                                      {u"nParidad", u"12.735"},
+                                                      {u"nIvaRetenido", u"146.6667"},
+                                                      {u"nIsrRetenido", u"137"}})
+        EXPECT_EQ(answer(u"Select " + column + u" From FE_VENTAS_RESUMEN").text(), expected)
+            << to_utf8(column);
     EXPECT_EQ(answer(u"Select cTipoDocumento+cEfecto From FE_ClienteFactura").text(), u"FI");
     EXPECT_EQ(count(u"FE_VENTAS_RESUMEN_DET", u"cTipoDocumento='F'"), 2);
     EXPECT_TRUE(exists("Facturas/NC8.xml"));
@@ -144,11 +212,15 @@ TEST_F(Issuing, a_credit_note_is_one_in_the_header_row_alone)
 TEST_F(Issuing, the_kind_is_ingreso_in_any_letter_case_and_else_a_credit_note)
 {
     stage_document();
-    for (const auto& [kind, stored_kind] :
-         {std::pair{u"ingreso", u"F"}, {u"INGRESO", u"F"}, {u"iNgReSo", u"F"}, {u"ingreso ", u"N"}, {u"", u"N"},
-          {u"traslado", u"N"}}) {
+    for (const auto& [kind, stored_kind] : {std::pair{u"ingreso", u"F"},
+                                            {u"INGRESO", u"F"},
+                                            {u"iNgReSo", u"F"},
+                                            {u"ingreso ", u"N"},
+                                            {u"", u"N"},
+                                            {u"traslado", u"N"}}) {
         EXPECT_TRUE(issue(u"A01", kind));
-        EXPECT_EQ(answer(u"Select cTipoDocumento From FE_VENTAS_RESUMEN Order By nID Desc").text(), stored_kind);
+        EXPECT_EQ(answer(u"Select cTipoDocumento From FE_VENTAS_RESUMEN Order By nID Desc").text(),
+                  stored_kind);
     }
 }
 
@@ -156,7 +228,7 @@ TEST_F(Issuing, the_numeric_folio_starts_at_the_first_zero)
 {
     stage_document();
     for (const auto& [folio, number] :
-         {std::pair{u"A00123", 123}, {u"120", 0}, {u"7", 7}, {u"1002", 2}, {u" 15 ", 15}, {u"A0", 0}}) {
+         {std::pair{u"A00123", 123}, {u"120", 0}, {u"7", 7}, {u"10203", 203}, {u" 15 ", 15}, {u"A0", 0}}) {
         EXPECT_TRUE(issue(folio)) << to_utf8(folio);
         EXPECT_EQ(answer(u"Select nFolioFE From FE_VENTAS_RESUMEN Order By nID Desc").int32(), number)
             << to_utf8(folio);
@@ -212,9 +284,10 @@ TEST_F(Issuing, a_missing_folio_range_is_told_and_nothing_is_written)
     r.ClaveFolio = u"9";
     stage_document(r);
     EXPECT_FALSE(issue());
-    EXPECT_EQ(messages, (std::vector<Message>{{u"No se pudo obtener los datos de los folios digitales para la empresa "
-                                               u"No 1 y el Registro No. 9",
-                                               u"TOLVEX", 0}}));
+    EXPECT_EQ(messages,
+              (std::vector<Message>{{u"No se pudo obtener los datos de los folios digitales para la empresa "
+                                     u"No 1 y el Registro No. 9",
+                                     u"TOLVEX", 0}}));
     EXPECT_EQ(stored(), "0 0 0");
     EXPECT_EQ(work_files(), "");
 }
@@ -227,8 +300,8 @@ TEST_F(Issuing, a_used_up_range_is_told_and_nothing_is_written)
     Text folio = u"antes";
     EXPECT_FALSE(genera_docto.GeneraFacturaElectronica(folio, true));
     EXPECT_EQ(folio, u"0");
-    EXPECT_EQ(messages, (std::vector<Message>{
-                            {u"No se pudo obtener folio de factura, favor de verificar", u"Facturación Electronica", 64}}));
+    EXPECT_EQ(messages, (std::vector<Message>{{u"No se pudo obtener folio de factura, favor de verificar",
+                                               u"Facturación Electronica", 64}}));
     EXPECT_EQ(stored(), "0 0 0");
     EXPECT_EQ(counter(3).int32(), 5);
     EXPECT_TRUE(issue(u"A077")); // the host's own folio still goes
@@ -288,6 +361,17 @@ TEST_F(Issuing, a_key_that_does_not_serve_or_is_missing_leaves_an_empty_seal)
     EXPECT_NE(content("Facturas/A2.xml").find(" sello=\"\""), std::string::npos);
 }
 
+TEST_F(Issuing, a_blank_in_the_working_folder_breaks_the_seals_lines_and_is_told)
+{
+    Receiver r;
+    r.RutaDeArchivos = folder_text() + u"/mis ventas";
+    std::filesystem::create_directory(folder() / "mis ventas");
+    stage_document(r);
+    EXPECT_FALSE(issue());
+    EXPECT_NE(last_error().find(u"blancos"), Text::npos);
+    EXPECT_EQ(stored(), "0 0 0");
+}
+
 TEST_F(Issuing, a_missing_working_folder_stops_before_any_row)
 {
     Receiver r;
@@ -319,8 +403,10 @@ TEST_F(Issuing, a_folder_in_place_of_a_work_file_is_an_error)
 TEST_F(Issuing, a_work_file_that_cannot_be_removed_does_not_undo_the_document)
 {
     stage_document();
-    // Instead of openssl, a program that leaves a seal and no signature: fi_md5.txt is not there to be removed.
-    write_file(folder() / "openssl", "#!/bin/sh\nfor last; do :; done\ncase $1 in enc) echo SELLO > \"$last\";; esac\n");
+    // Instead of openssl, a program that leaves a seal and no signature: fi_md5.txt is not there to be
+    // removed.
+    write_file(folder() / "openssl",
+               "#!/bin/sh\nfor last; do :; done\ncase $1 in enc) echo SELLO > \"$last\";; esac\n");
     std::filesystem::permissions(folder() / "openssl", std::filesystem::perms::owner_all);
     EXPECT_TRUE(issue()) << to_utf8(last_error());
     EXPECT_EQ(seal_of_last(), u"SELLO");
@@ -384,7 +470,8 @@ TEST_F(Issuing, a_failure_while_storing_leaves_the_counter)
 
 TEST_F(Issuing, an_amount_that_is_no_number_stores_no_row)
 {
-    for (Text Receiver::* amount : {&Receiver::Subtotal, &Receiver::Descuento, &Receiver::Impuesto, &Receiver::Total}) {
+    for (Text Receiver::*amount :
+         {&Receiver::Subtotal, &Receiver::Descuento, &Receiver::Impuesto, &Receiver::Total}) {
         Receiver r;
         r.*amount = u"abc";
         stage_document(r);

@@ -17,7 +17,10 @@ protected:
         execute(u"Alter Table loose Rename To " + table);
     }
 
-    Value counter(int range) { return answer(u"Select nUltimoFolio From FE_FOLIOS Where nFolio=" + decimal(range)); }
+    Value counter(int range)
+    {
+        return answer(u"Select nUltimoFolio From FE_FOLIOS Where nFolio=" + decimal(range));
+    }
 };
 
 TEST_F(MasterData, company_texts_are_trimmed_and_null_is_empty)
@@ -27,12 +30,20 @@ TEST_F(MasterData, company_texts_are_trimmed_and_null_is_empty)
     ASSERT_TRUE(genera_docto.GetDatosEmpresa(1));
     const Session& s = session();
     EXPECT_EQ(s.gnEmpresa, 1);
-    for (const auto& [member, expected] : std::initializer_list<std::pair<Text, Text>>{
-             {s.gEmpNombre, u"ABARROTES LA ESPERANZA"}, {s.gEmpCalle, u"ALHÓNDIGA"}, {s.gEmpNumExterior, u"15"},
-             {s.gEmpNumInterior, u"B"}, {s.gEmpColonia, u"CENTRO"}, {s.gEmpLocalidad, u"MARFIL"},
-             {s.gEmpMunicipio, u"GUANAJUATO"}, {s.gEmpEstado, u"GTO"}, {s.gEmpPais, u"MÉXICO"},
-             {s.gEmpCodigoPostal, u"36000"}, {s.gEmpTelefono, u""}, {s.gEmpRfc, u"AES010101AAA"},
-             {s.gEmpCurp, u"CURP"}})
+    for (const auto& [member, expected] :
+         std::initializer_list<std::pair<Text, Text>>{{s.gEmpNombre, u"ABARROTES LA ESPERANZA"},
+                                                      {s.gEmpCalle, u"ALHÓNDIGA"},
+                                                      {s.gEmpNumExterior, u"15"},
+                                                      {s.gEmpNumInterior, u"B"},
+                                                      {s.gEmpColonia, u"CENTRO"},
+                                                      {s.gEmpLocalidad, u"MARFIL"},
+                                                      {s.gEmpMunicipio, u"GUANAJUATO"},
+                                                      {s.gEmpEstado, u"GTO"},
+                                                      {s.gEmpPais, u"MÉXICO"},
+                                                      {s.gEmpCodigoPostal, u"36000"},
+                                                      {s.gEmpTelefono, u""},
+                                                      {s.gEmpRfc, u"AES010101AAA"},
+                                                      {s.gEmpCurp, u"CURP"}})
         EXPECT_EQ(member, expected);
     EXPECT_TRUE(s.gMostrarVersion && s.gMostrarTotal && s.gMostrarxmlns && s.gMostrarxsischemaLocation);
     EXPECT_FALSE(s.gMostrarSerie);
@@ -58,7 +69,8 @@ TEST_F(MasterData, each_flag_comes_from_its_own_column)
         execute(u"Update FE_EMPRESAS Set " + Text(cleared) + u"=0");
         ASSERT_TRUE(genera_docto.GetDatosEmpresa(1));
         for (const auto& [column, member] : flags)
-            EXPECT_EQ(session().*member, column != cleared) << to_utf8(cleared) << " cleared, " << to_utf8(column);
+            EXPECT_EQ(session().*member, column != cleared)
+                << to_utf8(cleared) << " cleared, " << to_utf8(column);
         execute(u"Update FE_EMPRESAS Set " + Text(cleared) + u"=1");
     }
 }
@@ -88,7 +100,8 @@ TEST_F(MasterData, a_company_that_fails_half_way_is_true_and_half_loaded)
     EXPECT_TRUE(session().gMostrarCondicionesDePago);
     EXPECT_FALSE(session().gMostrarTotal);
 
-    execute(u"Alter Table FE_EMPRESAS Drop Column nMostrarxmlns"); // consulted by nobody, yet it must be there
+    execute(
+        u"Alter Table FE_EMPRESAS Drop Column nMostrarxmlns"); // consulted by nobody, yet it must be there
     execute(u"Update FE_EMPRESAS Set nMostrarSubtotal=1");
     EXPECT_TRUE(genera_docto.GetDatosEmpresa(1));
     EXPECT_NE(last_error().find(u"nMostrarxmlns"), Text::npos);
@@ -99,7 +112,8 @@ TEST_F(MasterData, a_company_that_fails_half_way_is_true_and_half_loaded)
 TEST_F(MasterData, the_certificate_number_of_a_branch_is_read_leniently)
 {
     loosen(u"FE_SUCURSALES");
-    for (const auto& [stored, expected] : {std::pair{u"Null", 0}, {u"'abc'", 0}, {u"' 12 x'", 12}, {u"'2.5'", 2}}) {
+    for (const auto& [stored, expected] :
+         {std::pair{u"Null", 0}, {u"'abc'", 0}, {u"' 12 x'", 12}, {u"'2.5'", 2}}) {
         execute(u"Update FE_SUCURSALES Set nCertificado=" + Text(stored));
         session().gnCertificado = 99;
         EXPECT_TRUE(genera_docto.GetDatosSucursal(1, 1));
@@ -138,7 +152,8 @@ TEST_F(MasterData, the_certificate_is_the_one_of_the_branch)
 TEST_F(MasterData, a_certificate_without_an_end_is_true_and_half_loaded)
 {
     load_issuer();
-    execute(u"Update FE_CERTIFICADOS Set cRuta_Certificado='otra', dVigencia_Cert_Hasta=Null, cCertificado='otro'");
+    execute(u"Update FE_CERTIFICADOS Set cRuta_Certificado='otra', dVigencia_Cert_Hasta=Null, "
+            u"cCertificado='otro'");
     EXPECT_TRUE(genera_docto.GetDatosCertificado(1));
     EXPECT_EQ(session().gRutaCertificado, u"otra");
     EXPECT_EQ(session().gVigenciaHasta, Date::of(2012, 10, 21));

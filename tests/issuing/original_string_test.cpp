@@ -31,16 +31,19 @@ protected:
     DocumentValues document;
 };
 
-constexpr TextView issuer = u"|AES010101AAA|ABARROTES LA ESPERANZA|ALHÓNDIGA|15|CENTRO|GUANAJUATO|GTO|MÉXICO|36000";
-constexpr TextView receiver = u"|PEGM800101AB1|María Peña|Niños Héroes|120|Del Valle|Benito Juárez|Distrito Federal"
-                              u"|México|03100|";
+constexpr TextView issuer =
+    u"|AES010101AAA|ABARROTES LA ESPERANZA|ALHÓNDIGA|15|CENTRO|GUANAJUATO|GTO|MÉXICO|36000";
+constexpr TextView receiver =
+    u"|PEGM800101AB1|María Peña|Niños Héroes|120|Del Valle|Benito Juárez|Distrito Federal"
+    u"|México|03100|";
 // The second line's price and amount end in half a cent, which goes to the even one.
 constexpr TextView concepts = u"5.00|KG|Café de altura, 1 kg|180.00|900.00|2.50|PZA|Pan|188.00|470.02|";
 
 TEST_F(OriginalString, of_a_sale_in_pesos)
 {
-    EXPECT_EQ(whole(), u"||3.0|2011-03-15T14:05:09|ingreso|PAGO EN UNA SOLA EXHIBICION|1370.00|1|MXN|1508.00" +
-                           Text(issuer) + Text(receiver) + Text(concepts) + u"IVA|16.00|208.00|208.00||");
+    EXPECT_EQ(whole(),
+              u"||3.0|2011-03-15T14:05:09|ingreso|PAGO EN UNA SOLA EXHIBICION|1370.00|1|MXN|1508.00" +
+                  Text(issuer) + Text(receiver) + Text(concepts) + u"IVA|16.00|208.00|208.00||");
     EXPECT_EQ(document.line_count, 2);
 }
 
@@ -54,14 +57,14 @@ TEST_F(OriginalString, of_a_credit_note_with_withholdings_in_another_currency)
     document.es_nota_credito = true;
     EXPECT_EQ(whole(u"11.00"),
               u"||3.0|2011-03-15T14:05:09|egreso|PAGO EN UNA SOLA EXHIBICION|1370.00|17.5000|USD|1508.00" +
-                  Text(issuer) + Text(receiver) + Text(concepts) +
-                  u"ISR|137.01|IVA|0.00|IVA|11.00|208.00||");
+                  Text(issuer) + Text(receiver) + Text(concepts) + u"ISR|137.01|IVA|0.00|IVA|11.00|208.00||");
 }
 
 TEST_F(OriginalString, flags_switch_header_fields_and_the_version_hides_the_series)
 {
     session().gSerie = u"A";
-    const Text rest = u"|2011-03-15T14:05:09|ingreso|PAGO EN UNA SOLA EXHIBICION|1370.00|1|MXN|1508.00" + Text(issuer);
+    const Text rest =
+        u"|2011-03-15T14:05:09|ingreso|PAGO EN UNA SOLA EXHIBICION|1370.00|1|MXN|1508.00" + Text(issuer);
     EXPECT_EQ(header(), u"|3.0" + rest);
     session().gMostrarVersion = false;
     EXPECT_EQ(header(), u"|A" + rest);
@@ -71,7 +74,8 @@ TEST_F(OriginalString, flags_switch_header_fields_and_the_version_hides_the_seri
     EXPECT_EQ(header(), u"|2011-03-15T14:05:09|1370.00|1|MXN|1508.00" + Text(issuer));
     session().gMostrarSubtotal = session().gMostrarTotal = false;
     EXPECT_EQ(header(), u"|2011-03-15T14:05:09|1|MXN" + Text(issuer));
-    session().gMostrarAnnoAprobacion = session().gMostrarCondicionesDePago = session().gMostrarDescuento = false;
+    session().gMostrarAnnoAprobacion = session().gMostrarCondicionesDePago = session().gMostrarDescuento =
+        false;
     EXPECT_EQ(header(), u"|2011-03-15T14:05:09|1|MXN" + Text(issuer)); // those switch nothing
 }
 
@@ -92,20 +96,21 @@ TEST_F(OriginalString, empty_address_values_leave_with_their_bars)
     EXPECT_TRUE(header().ends_with(u"|1508.00||||"));
 
     Receiver bare;
-    bare.Calle = bare.NumeroExt = bare.Colonia = bare.Municipio = bare.Estado = bare.Pais = bare.CodigoPos = u"";
+    bare.Calle = bare.NumeroExt = bare.Colonia = bare.Municipio = bare.Estado = bare.Pais = bare.CodigoPos =
+        u"";
     bare.Rfc = bare.Nombre = u"";
     stage(bare);
-    EXPECT_NE(whole().find(u"|||||||5.00|KG"), Text::npos); // issuer's 4 bars, the receiver's own and its two values
+    EXPECT_NE(whole().find(u"|||||||5.00|KG"),
+              Text::npos); // issuer's 4 bars, the receiver's own and its two values
 }
 
 TEST_F(OriginalString, either_withholding_above_zero_changes_the_taxes)
 {
-    for (const auto& [iva, isr, taxes] :
-         {std::tuple{0.0, 0.0, u"|IVA|16.00|208.00|208.00||"},
-          {-5.0, -0.01, u"|IVA|16.00|208.00|208.00||"},
-          {0.0001, 0.0, u"|ISR|0.00|IVA|0.00|IVA|16.00|208.00||"},
-          {0.4, 0.0, u"|ISR|0.00|IVA|0.40|IVA|16.00|208.00||"},
-          {-1.0, 10.0, u"|ISR|10.00|IVA|-1.00|IVA|16.00|208.00||"}}) {
+    for (const auto& [iva, isr, taxes] : {std::tuple{0.0, 0.0, u"|IVA|16.00|208.00|208.00||"},
+                                          {-5.0, -0.01, u"|IVA|16.00|208.00|208.00||"},
+                                          {0.0001, 0.0, u"|ISR|0.00|IVA|0.00|IVA|16.00|208.00||"},
+                                          {0.4, 0.0, u"|ISR|0.00|IVA|0.40|IVA|16.00|208.00||"},
+                                          {-1.0, 10.0, u"|ISR|10.00|IVA|-1.00|IVA|16.00|208.00||"}}) {
         Receiver withheld;
         withheld.IvaRet = iva;
         withheld.ISRRet = isr;

@@ -18,10 +18,10 @@ TEST(Utf8Characters, are_utf8_below_2048_and_the_systems_own_above)
                                              {u"\u0080", u"\u00C2\u0080"},
                                              {u"á", u"\u00C3\u00A1"},
                                              {u"\u07FF", u"\u00DF\u00BF"},
-                                             {u"\u0800", u"\u00EE\u00A0\u0080"},   // 2048\144 = 14; 14 or 234
-                                             {u"€", u"\u00FA\u0082\u00AC"},        // 8364\144 = 58; 58 or 234 is 250
+                                             {u"\u0800", u"\u00EE\u00A0\u0080"}, // 2048\144 = 14; 14 or 234
+                                             {u"€", u"\u00FA\u0082\u00AC"}, // 8364\144 = 58; 58 or 234 is 250
                                              {u"\u8FFF", u"\u00FF\u00BF\u00BF"}}); // 36863\144 = 255
-    EXPECT_EQ(error_number([] { utf8_characters(u"\u9000"); }), 5); // 256 is no byte
+    EXPECT_EQ(error_number([] { utf8_characters(u"\u9000"); }), 5);                // 256 is no byte
 }
 
 TEST(Digest, is_sha1_after_2010)
@@ -70,11 +70,13 @@ protected:
     {
         write_file(folder() / "sello.b64", to_utf8(seal));
         const std::string firma = folder() / "firma";
-        EXPECT_EQ(run_program({"openssl", "enc", "-base64", "-d", "-A", "-in", folder() / "sello.b64", "-out", firma})
+        EXPECT_EQ(run_program(
+                      {"openssl", "enc", "-base64", "-d", "-A", "-in", folder() / "sello.b64", "-out", firma})
                       .exit_code,
                   0);
-        return run_program({"openssl", "dgst", digest, "-verify", TOLVEX_SOURCE_DIR "/tests/datos/llave_publica.pem",
-                            "-signature", firma, folder() / "utf8.txt"})
+        return run_program({"openssl", "dgst", digest, "-verify",
+                            TOLVEX_SOURCE_DIR "/tests/datos/llave_publica.pem", "-signature", firma,
+                            folder() / "utf8.txt"})
                    .exit_code == 0;
     }
 };
@@ -84,14 +86,15 @@ TEST_F(Seal, batch_files_are_the_documented_lines)
     write_seal_batch(folder_text(), Digest::sha1);
     const std::string r = folder();
     EXPECT_EQ(content("sello.bat"), r + "\\openssl dgst -sha1 -sign " + r + "\\pkey.key.pem  -out " + r +
-                                        "\\fi_md5.txt " + r + "\\utf8.txt\r\n" + r + "\\openssl enc -base64  -in " + r +
-                                        "\\fi_md5.txt -out " + r + "\\sello.txt\r\n");
+                                        "\\fi_md5.txt " + r + "\\utf8.txt\r\n" + r +
+                                        "\\openssl enc -base64  -in " + r + "\\fi_md5.txt -out " + r +
+                                        "\\sello.txt\r\n");
     const Text trailing = folder_text() + u"\\";
     write_seal_batch(trailing, Digest::md5);
     const std::string t = r + "\\\\";
-    EXPECT_EQ(content("sello.bat"), t + "openssl dgst -md5 -sign " + t + "pkey.key.pem  -out " + t + "fi_md5.txt " + t +
-                                        "utf8.txt\r\n" + t + "openssl enc -base64 -in " + t + "fi_md5.txt -out " + t +
-                                        "sello.txt\r\n");
+    EXPECT_EQ(content("sello.bat"), t + "openssl dgst -md5 -sign " + t + "pkey.key.pem  -out " + t +
+                                        "fi_md5.txt " + t + "utf8.txt\r\n" + t + "openssl enc -base64 -in " +
+                                        t + "fi_md5.txt -out " + t + "sello.txt\r\n");
 }
 
 TEST_F(Seal, openssl_verifies_what_it_sealed)
@@ -106,7 +109,8 @@ TEST_F(Seal, openssl_verifies_what_it_sealed)
 
 TEST_F(Seal, the_folders_own_openssl_goes_first)
 {
-    write_file(folder() / "openssl", "#!/bin/sh\nfor last; do :; done\nprintf 'PROPIO\\r\\nSELLO' > \"$last\"\n");
+    write_file(folder() / "openssl",
+               "#!/bin/sh\nfor last; do :; done\nprintf 'PROPIO\\r\\nSELLO' > \"$last\"\n");
     std::filesystem::permissions(folder() / "openssl", std::filesystem::perms::owner_all);
     EXPECT_EQ(seal(u"||", Digest::sha1), u"SELLO");
 }

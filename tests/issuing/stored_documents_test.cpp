@@ -10,8 +10,10 @@ protected:
     StoredDocuments()
     {
         // 1: invoice 15, 2: credit note 15, 3: invoice 16, 4: invoice 15 of another branch.
-        for (const TextView row : {u"1,'15','F',1,1", u"2,'15','N',1,1", u"3,'16','F',1,1", u"4,'15','F',1,2"})
-            execute(u"Insert Into FE_VENTAS_RESUMEN(nID,cDocumento,cTipoDocumento,nEmpresa,nSucursal,cStatus) Values(" +
+        for (const TextView row :
+             {u"1,'15','F',1,1", u"2,'15','N',1,1", u"3,'16','F',1,1", u"4,'15','F',1,2"})
+            execute(u"Insert Into "
+                    u"FE_VENTAS_RESUMEN(nID,cDocumento,cTipoDocumento,nEmpresa,nSucursal,cStatus) Values(" +
                     Text(row) + u",'A')");
         execute(u"Insert Into FE_ClienteFactura(nidFE) Select nID From FE_VENTAS_RESUMEN");
         for (int line = 0; line < 2; ++line)
@@ -23,8 +25,8 @@ protected:
     {
         const Text column = table == u"FE_VENTAS_RESUMEN" ? u"nID" : u"nIdFe";
         Text list;
-        for (Recordset rows = shared_connection(session()).query(u"Select " + column + u" From " + table + u" Where " +
-                                                                 condition + u" Order By " + column);
+        for (Recordset rows = shared_connection(session()).query(
+                 u"Select " + column + u" From " + table + u" Where " + condition + u" Order By " + column);
              !rows.eof(); rows.move_next())
             list += (list.empty() ? u"" : u" ") + rows.value(0).text();
         return list;
@@ -38,6 +40,9 @@ TEST_F(StoredDocuments, cancelling_marks_the_one_kind_with_the_day_alone)
     EXPECT_EQ(answer(u"Select dFechaCan From FE_VENTAS_RESUMEN Where nID=1").date(), Date::of(2011, 12, 31));
     EXPECT_TRUE(genera_docto.CancelaFacturaElectronica(u"15", Date::of(2011, 12, 31), 1, 1, true));
     EXPECT_EQ(ids(u"FE_VENTAS_RESUMEN", u"cStatus='C'"), u"1 2");
+    EXPECT_TRUE(genera_docto.CancelaFacturaElectronica(u"15", Date::of(2011, 12, 31), 1, 2));
+    EXPECT_TRUE(genera_docto.CancelaFacturaElectronica(u"16", Date::of(2011, 12, 31), 2, 1));
+    EXPECT_EQ(ids(u"FE_VENTAS_RESUMEN", u"cStatus='C'"), u"1 2 4");
 }
 
 TEST_F(StoredDocuments, cancelling_what_does_not_exist_or_is_cancelled_is_true)
@@ -55,6 +60,9 @@ TEST_F(StoredDocuments, deleting_takes_both_kinds_with_their_receivers_and_lines
     EXPECT_EQ(ids(u"FE_ClienteFactura"), u"3 4");
     EXPECT_EQ(ids(u"FE_VENTAS_RESUMEN_DET"), u"3 3 4 4");
     EXPECT_TRUE(genera_docto.BorraFacturaElectronica(1, 1, u"15")); // nothing left
+    EXPECT_TRUE(genera_docto.BorraFacturaElectronica(2, 1, u"16"));
+    EXPECT_TRUE(genera_docto.BorraFacturaElectronica(1, 2, u"15"));
+    EXPECT_EQ(ids(u"FE_VENTAS_RESUMEN"), u"3");
 }
 
 TEST_F(StoredDocuments, a_statement_that_fails_is_false_and_keeps_what_ran_before_it)

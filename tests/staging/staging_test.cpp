@@ -29,20 +29,35 @@ TEST_F(Staging, every_receiver_value_goes_to_its_member_clipped_to_its_length)
     const auto longer_than = [](char16_t letter) { return Text(600, letter); };
     Cliente().SetDatosClientes(longer_than(u'a'), longer_than(u'b'), longer_than(u'c'), longer_than(u'd'),
                                longer_than(u'e'), longer_than(u'f'), longer_than(u'g'), longer_than(u'h'),
-                               longer_than(u'i'), longer_than(u'j'), longer_than(u'k'), u"abc", u" 10 ", u"1.6", u"",
-                               32767, longer_than(u'1'), Date::of(2011, 1, 5, 21, 7, 3), u"C:\\fe\\", 10.5, 0.0001,
-                               u"dolares", 12.735, u"uno", u"dos", u"tres");
+                               longer_than(u'i'), longer_than(u'j'), longer_than(u'k'), u"abc", u" 10 ",
+                               u"1.6", u"", 32767, longer_than(u'1'), Date::of(2011, 1, 5, 21, 7, 3),
+                               u"C:\\fe\\", 10.5, 0.0001, u"dolares", 12.735, u"uno", u"dos", u"tres");
     const Session& s = session();
-    const std::pair<const Text*, Text> clipped[] = {
-        {&s.gRfcCliente, Text(20, u'a')},    {&s.gNombreCliente, Text(500, u'b')}, {&s.gCalle, Text(500, u'c')},
-        {&s.gNumeroExt, Text(20, u'd')},     {&s.gNumeroInt, Text(20, u'e')},      {&s.gColonia, Text(70, u'f')},
-        {&s.gLocalidad, Text(70, u'g')},     {&s.gEstado, Text(70, u'h')},         {&s.gMunicipio, Text(70, u'i')},
-        {&s.gPais, Text(70, u'j')},          {&s.gCodigoPos, Text(20, u'k')},      {&s.gClaveFolio, Text(600, u'1')},
-        {&s.gSubtotal, u"abc"},              {&s.gDescuento, u" 10 "},             {&s.gImpuesto, u"1.6"},
-        {&s.gTotal, u""},                    {&s.gFechaHoraDocto, u"2011-01-05T21:07:03"},
-        {&s.gRutaDeArchivos, u"C:\\fe\\"},   {&s.gIvaRet, u"10.5"},                {&s.gISRRet, u"0.0001"},
-        {&s.gMoneda, u"dolares"},            {&s.gParidad, u"12.735"},             {&s.gDatoAdicional, u"uno"},
-        {&s.gDatoAdicional2, u"dos"},        {&s.gDatoAdicional3, u"tres"}};
+    const std::pair<const Text*, Text> clipped[] = {{&s.gRfcCliente, Text(20, u'a')},
+                                                    {&s.gNombreCliente, Text(500, u'b')},
+                                                    {&s.gCalle, Text(500, u'c')},
+                                                    {&s.gNumeroExt, Text(20, u'd')},
+                                                    {&s.gNumeroInt, Text(20, u'e')},
+                                                    {&s.gColonia, Text(70, u'f')},
+                                                    {&s.gLocalidad, Text(70, u'g')},
+                                                    {&s.gEstado, Text(70, u'h')},
+                                                    {&s.gMunicipio, Text(70, u'i')},
+                                                    {&s.gPais, Text(70, u'j')},
+                                                    {&s.gCodigoPos, Text(20, u'k')},
+                                                    {&s.gClaveFolio, Text(600, u'1')},
+                                                    {&s.gSubtotal, u"abc"},
+                                                    {&s.gDescuento, u" 10 "},
+                                                    {&s.gImpuesto, u"1.6"},
+                                                    {&s.gTotal, u""},
+                                                    {&s.gFechaHoraDocto, u"2011-01-05T21:07:03"},
+                                                    {&s.gRutaDeArchivos, u"C:\\fe\\"},
+                                                    {&s.gIvaRet, u"10.5"},
+                                                    {&s.gISRRet, u"0.0001"},
+                                                    {&s.gMoneda, u"dolares"},
+                                                    {&s.gParidad, u"12.735"},
+                                                    {&s.gDatoAdicional, u"uno"},
+                                                    {&s.gDatoAdicional2, u"dos"},
+                                                    {&s.gDatoAdicional3, u"tres"}};
     for (const auto& [member, expected] : clipped) EXPECT_EQ(*member, expected);
     EXPECT_EQ(s.gFormaPago, 32767);
 }
@@ -50,8 +65,8 @@ TEST_F(Staging, every_receiver_value_goes_to_its_member_clipped_to_its_length)
 TEST_F(Staging, omitted_receiver_values_overwrite_with_their_defaults)
 {
     session().gMoneda = session().gDatoAdicional = session().gNombreCliente = u"antes";
-    Cliente().SetDatosClientes(u" ab ", u"", u"", u"", u"", u"", u"", u"", u"", u"", u"", u"1", u"0", u"0", u"1", 2,
-                               u"1", Date::of(2011, 1, 5, 9, 7, 3), u"");
+    Cliente().SetDatosClientes(u" ab ", u"", u"", u"", u"", u"", u"", u"", u"", u"", u"", u"1", u"0", u"0",
+                               u"1", 2, u"1", Date::of(2011, 1, 5, 9, 7, 3), u"");
     EXPECT_EQ(session().gRfcCliente, u" ab "); // neither trimmed nor upper-cased
     EXPECT_EQ(session().gNombreCliente, u"");
     EXPECT_EQ(session().gFechaHoraDocto, u"2011-01-05T09:07:03");

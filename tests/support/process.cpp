@@ -40,7 +40,8 @@ Outcome run_program(const std::vector<std::string>& words, const std::string& fo
     }
     int status = 0;
     waitpid(process, &status, 0);
-    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), read_file(output), read_file(errors)};
+    return {WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status), read_file(output),
+            read_file(errors)};
 }
 
 } // namespace tolvex::testing

@@ -32,17 +32,20 @@ Station::~Station()
 
 void Station::store_master_data()
 {
-    execute(u"Insert Into FE_EMPRESAS(nEmpresa,cNombre,cCalle,cNumExterior,cNumInterior,cColonia,cLocalidad"
-            u",cMunicipio,cEstado,cPais,cCodigoPostal,cTelefono,cRfc,cCurp) Values(1,' ABARROTES LA ESPERANZA '"
-            u",'ALHÓNDIGA','15','B','CENTRO','MARFIL','GUANAJUATO','GTO','MÉXICO','36000',Null,'AES010101AAA','CURP')");
+    execute(
+        u"Insert Into FE_EMPRESAS(nEmpresa,cNombre,cCalle,cNumExterior,cNumInterior,cColonia,cLocalidad"
+        u",cMunicipio,cEstado,cPais,cCodigoPostal,cTelefono,cRfc,cCurp) Values(1,' ABARROTES LA ESPERANZA '"
+        u",'ALHÓNDIGA','15','B','CENTRO','MARFIL','GUANAJUATO','GTO','MÉXICO','36000',Null,'AES010101AAA','"
+        u"CURP')");
     execute(u"Insert Into FE_SUCURSALES(nEmpresa,nSucursal,nCertificado,nFolio,cNombre,cCalle,cRfc) "
             u"Values(1,1,1,1,'MATRIZ','ALHÓNDIGA','AES010101AAA')");
     execute(u"Insert Into FE_SUCURSALES(nEmpresa,nSucursal,cNombre) Values(1,2,'PLAZA')");
-    execute(u"Insert Into FE_CERTIFICADOS(nEmpresa,nCertificado,cRuta_Certificado,cRuta_LlavePrivada"
-            u",dVigencia_Cert_Desde,dVigencia_Cert_Hasta,cVigencia_Cert_Desde,cVigencia_Cert_Hasta"
-            u",cSerial_Certificado,cSerie_Certificado,cCertificado) Values(1,1,'C:\\sello.cer','C:\\sello.key'"
-            u",'2010-10-22 16:04:00','2012-10-21','22-10-2010','21-10-2012','3230','20001000000100005867'"
-            u",'MIIB CERT IFICADO==')");
+    execute(
+        u"Insert Into FE_CERTIFICADOS(nEmpresa,nCertificado,cRuta_Certificado,cRuta_LlavePrivada"
+        u",dVigencia_Cert_Desde,dVigencia_Cert_Hasta,cVigencia_Cert_Desde,cVigencia_Cert_Hasta"
+        u",cSerial_Certificado,cSerie_Certificado,cCertificado) Values(1,1,'C:\\sello.cer','C:\\sello.key'"
+        u",'2010-10-22 16:04:00','2012-10-21','22-10-2010','21-10-2012','3230','20001000000100005867'"
+        u",'MIIB CERT IFICADO==')");
     for (const TextView range : {u"1,1,1,1,'FACTURAS','FD','A','2011',2011,1,100,'USANDO','1',Null",
                                  u"2,1,1,1,'NOTAS','NC','NC','2012',2011,1,100,'USANDO','1',7",
                                  u"3,1,1,1,'FACTURAS','FD','B','2013',2011,1,5,'USANDO','1',5"})
@@ -63,17 +66,19 @@ void Station::load_issuer()
 void Station::stage(Receiver r)
 {
     if (r.RutaDeArchivos.empty()) r.RutaDeArchivos = folder_text();
-    Cliente().SetDatosClientes(r.Rfc, r.Nombre, r.Calle, r.NumeroExt, r.NumeroInt, r.Colonia, r.Localidad, r.Estado,
-                               r.Municipio, r.Pais, r.CodigoPos, r.Subtotal, r.Descuento, r.Impuesto, r.Total,
-                               r.FormaPago, r.ClaveFolio, r.FechaHoraDocto, r.RutaDeArchivos, r.IvaRet, r.ISRRet,
-                               r.moneda, r.Paridad, r.vlDatoAdicional, r.vlDatoAdicional_2, r.vlDatoAdicional_3);
+    Cliente().SetDatosClientes(r.Rfc, r.Nombre, r.Calle, r.NumeroExt, r.NumeroInt, r.Colonia, r.Localidad,
+                               r.Estado, r.Municipio, r.Pais, r.CodigoPos, r.Subtotal, r.Descuento,
+                               r.Impuesto, r.Total, r.FormaPago, r.ClaveFolio, r.FechaHoraDocto,
+                               r.RutaDeArchivos, r.IvaRet, r.ISRRet, r.moneda, r.Paridad, r.vlDatoAdicional,
+                               r.vlDatoAdicional_2, r.vlDatoAdicional_3);
 }
 
 void Station::stage_lines()
 {
     DetFacturas lines;
     lines.InicializaDetalleFactura();
-    lines.SetDetalleDocto(u"A00123", u"F", u"CAF-01", u" Café de altura, 1 kg ", 5, u" KG ", 180, 144, 900, 16);
+    lines.SetDetalleDocto(u"A00123", u"F", u"CAF-01", u" Café de altura, 1 kg ", 5, u" KG ", 180, 144, 900,
+                          16);
     lines.SetDetalleDocto(u"A00123", u"F", u"PAN-07", u"Pan", 2.5, u"PZA", 188.005, 64, 470.015, 16);
 }
 

@@ -1,8 +1,8 @@
-// A station that issues documents: a working folder with the key, an embedded database with master data, and the
-// shared session pointed at them.
+// A station that issues documents: a working folder with the key, an embedded database with master data, and
+// the shared session pointed at them.
 //
-// Company 1 with branches 1 (certificate 1, range 1) and 2 (no certificate, no range); ranges 1 ("A", 1 to 100, never
-// used), 2 ("NC", 1 to 100, last 7) and 3 ("B", used up).
+// Company 1 with branches 1 (certificate 1, range 1) and 2 (no certificate, no range); ranges 1 ("A", 1 to
+// 100, never used), 2 ("NC", 1 to 100, last 7) and 3 ("B", used up).
 #pragma once
 
 #include "session/session.hpp"
@@ -20,8 +20,8 @@ namespace tolvex::testing {
 struct Receiver
 {
     Text Rfc = u"PEGM-800101-AB1", Nombre = u"María Peña", Calle = u"Niños Héroes", NumeroExt = u"120",
-         NumeroInt = u"4 B", Colonia = u"Del Valle", Localidad = u"Ciudad de México", Estado = u"Distrito Federal",
-         Municipio = u"Benito Juárez", Pais = u"México", CodigoPos = u"03100";
+         NumeroInt = u"4 B", Colonia = u"Del Valle", Localidad = u"Ciudad de México",
+         Estado = u"Distrito Federal", Municipio = u"Benito Juárez", Pais = u"México", CodigoPos = u"03100";
     Text Subtotal = u"1370.00", Descuento = u"70", Impuesto = u"208.00", Total = u"1508.00";
     std::int16_t FormaPago = 1;
     Text ClaveFolio = u"1";
@@ -56,7 +56,8 @@ class Station : public ::testing::Test
 {
 protected:
     // Opens the database, lets a server be prepared for the master data, and stores them.
-    explicit Station(const Database& database = {}, const std::function<void()>& prepare = [] {});
+    explicit Station(
+        const Database& database = {}, const std::function<void()>& prepare = [] {});
     ~Station() override;
 
     void load_issuer();

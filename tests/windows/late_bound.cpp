@@ -165,6 +165,20 @@ void gives_texts_back_into_the_hosts_variables()
     EXPECT_EQ(typed, 7);
 }
 
+void leaves_the_description_of_a_trapped_error()
+{
+    const auto docto = create<IDispatch>(L"TOLVEX.GeneraDocto");
+    const DISPID id = ids(docto.get(), {L"BorraFacturaElectronica"})[0];
+    Variant one(SHORT{1}), folio(L"1");
+    const Answer answer = invoke(docto.get(), id, {folio, one, one});
+    EXPECT_EQ(answer.outcome, S_OK);
+    EXPECT_EQ(answer.result.vt, VT_BOOL);
+    EXPECT_EQ(answer.result.boolVal, VARIANT_FALSE);
+    const ErrorInformation trapped = error_information();
+    EXPECT_EQ(trapped.source, L"TOLVEX.GeneraDocto");
+    EXPECT(!trapped.description.empty());
+}
+
 void reads_references_of_every_type()
 {
     const auto addenda = create<IDispatch>(L"TOLVEX.Addenda");
@@ -207,6 +221,7 @@ int main()
     takes_named_arguments();
     tells_broken_calls();
     gives_texts_back_into_the_hosts_variables();
+    leaves_the_description_of_a_trapped_error();
     reads_references_of_every_type();
     return end_of_checks();
 }

@@ -77,7 +77,8 @@ issue_natively() {
     issue_invoice "$work/nativa" "$windows/Facturas/A5.xml" 'EMITE||1|ingreso|16|0'
     issue_documents "$work/nativa"
     issue_documents "$work/nativa_2"
-    issue_invoice "$work/nativa_sin_llave" "$work/sin_llave/Facturas/A4.xml" 'EMITE||1|ingreso|16|0'
+    # A flat file stops at a seal that stays empty; the document is there all the same.
+    issue_invoice "$work/nativa_sin_llave" "$work/sin_llave/Facturas/A4.xml" 'EMITE||1|ingreso|16|0' || true
 }
 
 # --- the checks ------------------------------------------------------------------------------------------------------

@@ -1,9 +1,9 @@
 # A working folder with openssl, a key and a database with master data, for the tests that issue documents:
-# sourced with the arguments 64|32 COMPONENT SQL OPENSSL KEYS.
+# sourced with the arguments 64|32 COMPONENT SQL OPENSSL KEYS. TOLVEX_TEST_FOLDER names another place for it.
 
 bits=$1 component=$2 sql=$3 openssl=$4 keys=$5
 here=$(dirname "$(readlink -f "${BASH_SOURCE[0]}")")
-folder=$(mktemp -d)/Año
+folder=${TOLVEX_TEST_FOLDER:-$(mktemp -d)/Año}
 
 windows() { "$here/../run_in_testbed.sh" "$bits" 60 "$@"; }
 windows_path() { echo "Z:${1//\//\\}"; }

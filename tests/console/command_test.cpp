@@ -1,0 +1,213 @@
+// The command as a user runs it.
+#include "support/files.hpp"
+#include "support/process.hpp"
+#include "support/temporary_folder.hpp"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tolvex::testing {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::StartsWith;
+
+std::size_t occurrences(const std::string& text, const std::string& what)
+{
+    std::size_t count = 0;
+    for (auto found = text.find(what); found != std::string::npos; found = text.find(what, found + 1))
+        ++count;
+    return count;
+}
+
+class Command : public ::testing::Test
+{
+protected:
+    Outcome tolvex(std::vector<std::string> words,
+                   std::vector<std::pair<std::string, std::string>> variables = {})
+    {
+        words.insert(words.begin(), TOLVEX_COMMAND);
+        return run_program(words, folder_.path(), variables);
+    }
+
+    void demo()
+    {
+        const Outcome made = tolvex({"demo"});
+        ASSERT_EQ(made.exit_code, 0) << made.errors;
+    }
+
+    // A file in the demonstration's folder with as many invoices as asked for, and what is given after them.
+    std::string sales(int documents, const std::string& end = "")
+    {
+        std::string file = "EMISOR|1|1\n";
+        for (int i = 0; i < documents; ++i)
+            file += "CLIENTE|XAXX010101000|Público||||||||||10|0|1.6|11.6|1|1|2011-03-15 14:05:09|\n"
+                    "DETALLE|1|F|X|Pan|1|PZA|10|1.6|10|16\nEMITE||1|||0\n";
+        write_file(path() / "demo/ventas.txt", file + end);
+        return "demo/ventas.txt";
+    }
+
+    const std::filesystem::path& path() const { return folder_.path(); }
+    const std::string database = "demo/tolvex.db";
+
+private:
+    TemporaryFolder folder_;
+};
+
+TEST_F(Command, demonstration_runs_again_and_again)
+{
+    for (int run = 1; run <= 2; ++run) {
+        const Outcome made = tolvex({"demo", "--carpeta", "prueba"});
+        EXPECT_EQ(made.exit_code, 0);
+        EXPECT_THAT(made.errors, IsEmpty());
+        EXPECT_EQ(occurrences(made.output, "Verified OK"), 4u) << made.output;
+    }
+    for (const char* name : {"A1", "A2", "A3", "NC1", "A4", "A5", "A6", "NC2"})
+        EXPECT_TRUE(exists(path() / "prueba/Facturas" / (std::string(name) + ".xml"))) << name;
+    EXPECT_EQ(tolvex({"folio", "1", "--bd", "prueba/tolvex.db"}).output, "7\n");
+}
+
+TEST_F(Command, demonstration_says_what_is_wrong_with_its_folder)
+{
+    const Outcome blank = tolvex({"demo", "--carpeta", "con blanco"});
+    EXPECT_EQ(blank.exit_code, 1);
+    EXPECT_THAT(blank.errors, StartsWith("tolvex: "));
+    EXPECT_EQ(tolvex({"demo", "--carpeta", "no/hay"}).exit_code, 1);
+}
+
+TEST_F(Command, emite_prints_the_path_of_every_document)
+{
+    demo();
+    const Outcome issued = tolvex({"emite", sales(2), "--bd", database});
+    EXPECT_EQ(issued.exit_code, 0) << issued.errors;
+    EXPECT_EQ(issued.output, (path() / "demo/Facturas/A4.xml").string() + "\n" +
+                                 (path() / "demo/Facturas/A5.xml").string() + "\n");
+    EXPECT_THAT(issued.errors, IsEmpty());
+    EXPECT_EQ(tolvex({"emite", sales(1), "--bd", database, "--raiz-extendida"}).exit_code, 0);
+    EXPECT_THAT(read_file(path() / "demo/Facturas/A6.xml"), HasSubstr(" folio=\"6\""));
+}
+
+TEST_F(Command, emite_says_where_it_stopped_and_what_it_issued)
+{
+    demo();
+    const Outcome stopped = tolvex({"emite", sales(1, "DETALLE|mal\n"), "--bd", database});
+    EXPECT_EQ(stopped.exit_code, 1);
+    EXPECT_THAT(stopped.output, HasSubstr("A4.xml\n"));
+    EXPECT_THAT(stopped.errors, HasSubstr("Línea 5"));
+    EXPECT_EQ(tolvex({"emite", sales(0), "--bd", database}).exit_code, 1);
+    const Outcome missing = tolvex({"emite", "no hay.txt", "--bd", database});
+    EXPECT_EQ(missing.exit_code, 1);
+    EXPECT_THAT(missing.output, IsEmpty());
+    EXPECT_THAT(missing.errors, HasSubstr("no hay.txt"));
+}
+
+TEST_F(Command, connection_comes_from_options_anywhere_or_the_environment)
+{
+    demo();
+    EXPECT_EQ(tolvex({"--bd", database, "folio", "1"}).output, "4\n");
+    EXPECT_EQ(tolvex({"folio", "1", "--servidor", "sqlite:", "--bd", database}).output, "4\n");
+    EXPECT_EQ(tolvex({"folio", "1"}, {{"TOLVEX_BD", database}}).output, "4\n");
+    EXPECT_EQ(tolvex({"folio", "1", "--bd", database}, {{"TOLVEX_BD", "otra.db"}}).output, "4\n");
+    EXPECT_FALSE(exists(path() / "otra.db"));
+    EXPECT_EQ(tolvex({"folio", "1"}).exit_code, 1); // a new, empty tolvex.db here
+    EXPECT_TRUE(exists(path() / "tolvex.db"));
+    const Outcome unreachable = tolvex({"folio", "1", "--bd", "no/hay.db"});
+    EXPECT_EQ(unreachable.exit_code, 1);
+    EXPECT_THAT(unreachable.errors, HasSubstr("no/hay.db"));
+}
+
+TEST_F(Command, documents_are_cancelled_and_deleted_by_their_key)
+{
+    demo();
+    const auto on_demo = [&](std::vector<std::string> words) {
+        words.insert(words.end(), {"--empresa", "1", "--sucursal", "1", "--bd", database});
+        return tolvex(words);
+    };
+    EXPECT_THAT(on_demo({"cancela", "2", "--fecha", "2011-12-31"}).output, HasSubstr("2011-12-31"));
+    EXPECT_EQ(on_demo({"cancela", "1", "--nota-de-credito"}).exit_code, 0);
+    EXPECT_EQ(on_demo({"cancela", "2", "--nota-de-credito"}).exit_code, 1); // no such credit note
+    EXPECT_EQ(on_demo({"cancela", "2", "--fecha", "31/02/2011"}).exit_code, 1);
+    EXPECT_EQ(on_demo({"borra", "3"}).exit_code, 0);
+    for (const Outcome& gone :
+         {on_demo({"borra", "3"}), on_demo({"cancela", "3"}), on_demo({"borra", "O'Hara"})}) {
+        EXPECT_EQ(gone.exit_code, 1);
+        EXPECT_THAT(gone.output, IsEmpty());
+        EXPECT_THAT(gone.errors, StartsWith("tolvex: "));
+    }
+    EXPECT_EQ(tolvex({"folio", "9", "--bd", database}).exit_code, 1);
+}
+
+TEST_F(Command, a_full_disk_is_told_and_what_was_stored_stays_good)
+{
+    demo();
+    const std::string sale = sales(1),
+                      limited = "trap '' XFSZ; ulimit -f 8; exec \"$0\" emite " + sale + " --bd " + database;
+    const Outcome full = run_program({"sh", "-c", limited, TOLVEX_COMMAND}, path());
+    EXPECT_EQ(full.exit_code, 1);
+    EXPECT_THAT(full.errors, HasSubstr(database));
+    const Outcome issued = tolvex({"emite", sale, "--bd", database});
+    EXPECT_EQ(issued.exit_code, 0) << issued.errors;
+    EXPECT_THAT(issued.output, HasSubstr("A4.xml"));
+}
+
+TEST_F(Command, output_that_cannot_be_written_is_no_success)
+{
+    demo();
+    const auto in_shell = [&](const std::string& order) {
+        return run_program({"sh", "-c", "exec \"$0\" " + order, TOLVEX_COMMAND}, path());
+    };
+    const Outcome lost = in_shell("folio 1 --bd " + database + " >/dev/full");
+    EXPECT_EQ(lost.exit_code, 1);
+    EXPECT_THAT(lost.errors, HasSubstr("salida estándar"));
+    EXPECT_EQ(in_shell("folio 9 --bd " + database + " 2>/dev/full").exit_code, 1);
+    EXPECT_EQ(in_shell("folio 1 --bd no/hay.db 2>/dev/full").exit_code, 1);
+}
+
+TEST_F(Command, schema_of_the_embedded_database_is_complete)
+{
+    const Outcome reached = tolvex({"conexion"});
+    EXPECT_EQ(reached.exit_code, 0) << reached.output << reached.errors;
+    EXPECT_THAT(reached.output, HasSubstr("SQLite"));
+    EXPECT_EQ(tolvex({"esquema", "--crea"}).exit_code, 0);
+    EXPECT_THAT(tolvex({"esquema"}).output, HasSubstr("cEstaadoCte"));
+}
+
+TEST_F(Command, help_is_in_spanish)
+{
+    for (const char* command : {"", "demo", "emite", "cancela", "borra", "folio", "esquema", "conexion"}) {
+        const Outcome help = *command ? tolvex({command, "--help"}) : tolvex({"--help"});
+        EXPECT_EQ(help.exit_code, 0);
+        EXPECT_THAT(help.output, HasSubstr("Uso: tolvex"));
+        for (const char* english : {"Usage", "Options", "OPTIONS", "Positionals", "REQUIRED", "TEXT ", "INT ",
+                                    "Env:", "SUBCOMMAND", "Subcommands", "Print", "help message"})
+            EXPECT_THAT(help.output, Not(HasSubstr(english))) << command;
+    }
+}
+
+TEST_F(Command, a_badly_written_order_says_so_in_spanish_with_exit_code_2)
+{
+    const std::vector<std::vector<std::string>> wrong = {
+        {},
+        {"imprime"},
+        {"emite"},
+        {"emite", "a", "b"},
+        {"cancela", "1", "--empresa", "1"},
+        {"cancela", "1", "--empresa", "uno", "--sucursal", "1"},
+        {"cancela", "1", "--empresa", "40000", "--sucursal", "1"},
+        {"folio", "1", "--otra"},
+        {"folio", "1", "--bd"}};
+    for (const std::vector<std::string>& words : wrong) {
+        const Outcome outcome = tolvex(words);
+        EXPECT_EQ(outcome.exit_code, 2) << ::testing::PrintToString(words);
+        EXPECT_THAT(outcome.output, IsEmpty());
+        EXPECT_THAT(outcome.errors, StartsWith("tolvex: "));
+        for (const char* english :
+             {"required", "Could not", "following", "subcommand", "Run with", "expected"})
+            EXPECT_THAT(outcome.errors, Not(HasSubstr(english)));
+    }
+}
+
+} // namespace
+} // namespace tolvex::testing

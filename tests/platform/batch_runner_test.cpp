@@ -1,0 +1,48 @@
+#include "platform/batch_runner.hpp"
+
+#include "support/files.hpp"
+#include "support/tables.hpp"
+#include "support/temporary_folder.hpp"
+
+namespace tolvex::testing {
+namespace {
+
+class BatchRunner : public ::testing::Test
+{
+protected:
+    int run(const std::string& lines)
+    {
+        write_file(folder_.path() / "orden.bat", lines);
+        return run_batch_file(folder_.path().u16string() + u"\\ORDEN.BAT", WindowStyle::hidden);
+    }
+
+    std::string r() const { return folder_.path(); }
+
+    TemporaryFolder folder_;
+};
+
+TEST_F(BatchRunner, runs_the_lines_in_order_with_their_words_and_redirections)
+{
+    EXPECT_EQ(run("printf \"uno dos\"> " + r() + "\\a.txt\r\n\r\nprintf %s%s x  \"\" >" + r() + "\\b.txt\n"), 0);
+    EXPECT_EQ(read_file(folder_.path() / "a.txt"), "uno dos");
+    EXPECT_EQ(read_file(folder_.path() / "b.txt"), "x");
+}
+
+TEST_F(BatchRunner, is_no_shell)
+{
+    run("printf $HOME;`id`|&*(x) > " + r() + "\\a.txt\r\n");
+    EXPECT_EQ(read_file(folder_.path() / "a.txt"), "$HOME;`id`|&*(x)");
+}
+
+TEST_F(BatchRunner, gives_the_last_exit_code_and_a_missing_program_stops_nothing)
+{
+    EXPECT_EQ(run("no_hay_tal_programa x\r\nfalse\r\n"), 1);
+    EXPECT_EQ(run("false\r\ntrue"), 0);
+    EXPECT_EQ(run("no_hay_tal_programa\r\n"), 127);
+    EXPECT_EQ(run(" \t\r\n> x\r\n\"\"\r\n"), 127);
+    EXPECT_EQ(run(""), 0);
+    EXPECT_EQ(error_number([&] { run_batch_file(folder_.file("otra.bat")); }), 53);
+}
+
+} // namespace
+} // namespace tolvex::testing
