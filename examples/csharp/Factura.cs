@@ -19,25 +19,27 @@ internal static class Factura
     [STAThread] // los objetos son de apartamento
     private static int Main(string[] argumentos)
     {
-        string Argumento(int posicion, string deOmision) =>
-            argumentos.Length > posicion ? argumentos[posicion] : deOmision;
-
-        string carpeta = Argumento(0, ".");
+        string carpeta = Argumento(argumentos, 0, ".");
         try
         {
-            AbreConexion(Argumento(1, carpeta + @"\tolvex.db"), Argumento(2, "sqlite:"), Argumento(3, ""),
-                         Argumento(4, ""));
+            AbreConexion(Argumento(argumentos, 1, carpeta + @"\tolvex.db"), Argumento(argumentos, 2, "sqlite:"),
+                         Argumento(argumentos, 3, ""), Argumento(argumentos, 4, ""));
             DaReceptor(carpeta);
             DaRenglones();
             Console.WriteLine("Folio: " + Emite());
             Console.WriteLine("Carpeta: " + carpeta + @"\Facturas");
             return 0;
         }
-        catch (Exception error) when (error is COMException || error is InvalidOperationException)
+        catch (Exception error)
         {
             Console.Error.WriteLine(error.Message);
             return 1;
         }
+    }
+
+    private static string Argumento(string[] argumentos, int posicion, string deOmision)
+    {
+        return argumentos.Length > posicion ? argumentos[posicion] : deOmision;
     }
 
     // Si el servidor no responde hay una COMException con el mensaje del controlador.
@@ -48,11 +50,11 @@ internal static class Factura
         conexion.AbrirConexion();
     }
 
-    // Todo argumento va por referencia; con dynamic se pasan valores y se omite lo opcional. Los totales son textos
-    // con punto decimal.
+    // El receptor, los totales y el encabezado. Los totales son textos con punto decimal. Todo argumento va por
+    // referencia, pero a una interfaz de COM se le pueden pasar valores y omitir lo opcional.
     private static void DaReceptor(string carpeta)
     {
-        dynamic cliente = new Cliente();
+        var cliente = new Cliente();
         cliente.SetDatosClientes("PEGM-800101-AB1", "María Peña Güemes", "Avenida Niños Héroes", "120", "4 B",
             "Del Valle", "Ciudad de México", "Distrito Federal", "Benito Juárez", "México", "03100",
             "1370.00", "0.00", "219.20", "1589.20", DeContado, RangoDeFolios, DateTime.Now, carpeta);
@@ -61,7 +63,7 @@ internal static class Factura
     // Folio, tipo, clave, producto, cantidad, unidad, precio, IVA, importe y tasa.
     private static void DaRenglones()
     {
-        dynamic renglones = new DetFacturas();
+        var renglones = new DetFacturas();
         renglones.InicializaDetalleFactura();
         renglones.SetDetalleDocto("1", "F", "CAF-01", "Café de altura, 1 kg", 5m, "KG", 180m, 144m, 900m, 16m);
         renglones.SetDetalleDocto("1", "F", "PAN-07", "Pan de muerto \"tradicional\"", 20m, "PZA", 12.5m, 40m, 250m, 16m);
