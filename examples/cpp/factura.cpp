@@ -2,8 +2,8 @@
 //
 //   factura CARPETA [BASE SERVIDOR [USUARIO CLAVE]]
 //
-// CARPETA es la carpeta de trabajo: ahí están openssl.exe y pkey.key.pem, y ahí aparece Facturas\*.xml. Sin más
-// argumentos usa la base de datos CARPETA\tolvex.db. TOLVEX.hpp viene junto con TOLVEX.dll. Compilación:
+// CARPETA es la carpeta de trabajo: ahí están openssl.exe y pkey.key.pem, y ahí aparece Facturas\*.xml. Sin
+// más argumentos usa la base de datos CARPETA\tolvex.db. TOLVEX.hpp viene junto con TOLVEX.dll. Compilación:
 //
 //   x86_64-w64-mingw32-g++ -municode -static factura.cpp -o factura.exe -lole32 -loleaut32
 //   cl /utf-8 /EHsc factura.cpp ole32.lib oleaut32.lib
@@ -19,7 +19,9 @@ namespace {
 class Texto
 {
 public:
-    Texto(const std::wstring& texto) : texto_(SysAllocStringLen(texto.data(), static_cast<UINT>(texto.size()))) {}
+    Texto(const std::wstring& texto)
+        : texto_(SysAllocStringLen(texto.data(), static_cast<UINT>(texto.size())))
+    {}
     Texto(const wchar_t* texto) : Texto(std::wstring(texto)) {}
     ~Texto() { SysFreeString(texto_); }
     Texto(const Texto&) = delete;
@@ -68,8 +70,8 @@ class Objeto
 public:
     Objeto()
     {
-        const HRESULT resultado = CoCreateInstance(__uuidof(Clase), nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interfaz),
-                                                   reinterpret_cast<void**>(&objeto_));
+        const HRESULT resultado = CoCreateInstance(__uuidof(Clase), nullptr, CLSCTX_INPROC_SERVER,
+                                                   __uuidof(Interfaz), reinterpret_cast<void**>(&objeto_));
         if (FAILED(resultado)) throw std::wstring(L"Registre el TOLVEX.dll de los bits de este programa");
     }
     ~Objeto() { objeto_->Release(); }
@@ -92,10 +94,12 @@ void abre(const Conexion& datos)
     VARIANT nada;
     VARIANT_BOOL abierta;
     conexion->SetDatosConexion(usuario.ref(), clave.ref(), base.ref(), servidor.ref(), &nada);
-    exige(SUCCEEDED(conexion->AbrirConexion(&abierta)), L"No se pudo establecer conexión con la base de datos");
+    exige(SUCCEEDED(conexion->AbrirConexion(&abierta)),
+          L"No se pudo establecer conexión con la base de datos");
 }
 
-// El receptor, los totales y el encabezado. Los totales son textos con punto decimal; lo opcional se da completo.
+// El receptor, los totales y el encabezado. Los totales son textos con punto decimal; lo opcional se da
+// completo.
 void da_receptor(const std::wstring& carpeta)
 {
     SYSTEMTIME ahora;
@@ -106,23 +110,25 @@ void da_receptor(const std::wstring& carpeta)
     Objeto<TOLVEX::Cliente, TOLVEX::_Cliente> cliente;
     VARIANT nada;
     const HRESULT resultado = cliente->SetDatosClientes(
-        Texto(L"PEGM-800101-AB1").ref(), Texto(L"María Peña Güemes").ref(), Texto(L"Avenida Niños Héroes").ref(),
-        Texto(L"120").ref(), Texto(L"4 B").ref(), Texto(L"Del Valle").ref(), Texto(L"Ciudad de México").ref(),
-        Texto(L"Distrito Federal").ref(), Texto(L"Benito Juárez").ref(), Texto(L"México").ref(), Texto(L"03100").ref(),
-        Texto(L"1370.00").ref(), Texto(L"0.00").ref(), Texto(L"219.20").ref(), Texto(L"1589.20").ref(),
-        ref(SHORT{1}), Texto(L"1").ref(), &fecha, Texto(carpeta).ref(), ref(importe(0)), ref(importe(0)),
+        Texto(L"PEGM-800101-AB1").ref(), Texto(L"María Peña Güemes").ref(),
+        Texto(L"Avenida Niños Héroes").ref(), Texto(L"120").ref(), Texto(L"4 B").ref(),
+        Texto(L"Del Valle").ref(), Texto(L"Ciudad de México").ref(), Texto(L"Distrito Federal").ref(),
+        Texto(L"Benito Juárez").ref(), Texto(L"México").ref(), Texto(L"03100").ref(), Texto(L"1370.00").ref(),
+        Texto(L"0.00").ref(), Texto(L"219.20").ref(), Texto(L"1589.20").ref(), ref(SHORT{1}),
+        Texto(L"1").ref(), &fecha, Texto(carpeta).ref(), ref(importe(0)), ref(importe(0)),
         Texto(L"PESOS").ref(), ref(importe(1)), Texto(L"").ref(), Texto(L"").ref(), Texto(L"").ref(), &nada);
     exige(SUCCEEDED(resultado), L"No se aceptaron los datos del receptor");
 }
 
-void da_renglon(const wchar_t* clave, const wchar_t* producto, double cantidad, const wchar_t* unidad, double precio,
-                double iva, double total)
+void da_renglon(const wchar_t* clave, const wchar_t* producto, double cantidad, const wchar_t* unidad,
+                double precio, double iva, double total)
 {
     Objeto<TOLVEX::DetFacturas, TOLVEX::_DetFacturas> renglones;
     VARIANT nada;
     const HRESULT resultado = renglones->SetDetalleDocto(
-        Texto(L"1").ref(), Texto(L"F").ref(), Texto(clave).ref(), Texto(producto).ref(), ref(importe(cantidad)),
-        Texto(unidad).ref(), ref(importe(precio)), ref(importe(iva)), ref(importe(total)), ref(importe(16)), &nada);
+        Texto(L"1").ref(), Texto(L"F").ref(), Texto(clave).ref(), Texto(producto).ref(),
+        ref(importe(cantidad)), Texto(unidad).ref(), ref(importe(precio)), ref(importe(iva)),
+        ref(importe(total)), ref(importe(16)), &nada);
     exige(SUCCEEDED(resultado), L"No se aceptó el renglón");
 }
 
@@ -168,7 +174,8 @@ int wmain(int cuantos, wchar_t** argumentos)
     std::setlocale(LC_ALL, ""); // los acentos de la consola
     CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED);
     try {
-        abre({argumento(2, carpeta + L"\\tolvex.db"), argumento(3, L"sqlite:"), argumento(4, L""), argumento(5, L"")});
+        abre({argumento(2, carpeta + L"\\tolvex.db"), argumento(3, L"sqlite:"), argumento(4, L""),
+              argumento(5, L"")});
         da_receptor(carpeta);
         da_renglones();
         std::wcout << L"Folio: " << emite() << std::endl;

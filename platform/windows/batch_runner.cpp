@@ -48,7 +48,8 @@ ComPointer<IDispatch> create_shell()
     CLSID id;
     check(CLSIDFromProgID(L"WScript.Shell", &id), u"WScript.Shell");
     ComPointer<IDispatch> shell;
-    check(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, reinterpret_cast<void**>(shell.out())),
+    check(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
+                           reinterpret_cast<void**>(shell.out())),
           u"WScript.Shell");
     return shell;
 }
@@ -65,7 +66,8 @@ int run_and_wait(const Text& path, WindowStyle style)
     VARIANT arguments[] = {variant(true), variant(static_cast<LONG>(style)), variant(text)}; // last one first
     DISPPARAMS parameters{arguments, nullptr, 3, 0};
     VARIANT result{};
-    check(shell->Invoke(method, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &result, nullptr, nullptr),
+    check(shell->Invoke(method, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &result, nullptr,
+                        nullptr),
           u"WScript.Shell.Run");
     return result.vt == VT_I4 ? result.lVal : 0;
 }
@@ -110,10 +112,11 @@ std::string batch_file_bytes(TextView text)
     const auto* start = reinterpret_cast<const wchar_t*>(text.data());
     const int length = static_cast<int>(text.size());
     BOOL unreadable = FALSE;
-    std::string bytes(WideCharToMultiByte(CP_OEMCP, WC_NO_BEST_FIT_CHARS, start, length, nullptr, 0, nullptr, nullptr),
-                      '\0');
-    WideCharToMultiByte(CP_OEMCP, WC_NO_BEST_FIT_CHARS, start, length, bytes.data(), static_cast<int>(bytes.size()),
-                        nullptr, &unreadable);
+    std::string bytes(
+        WideCharToMultiByte(CP_OEMCP, WC_NO_BEST_FIT_CHARS, start, length, nullptr, 0, nullptr, nullptr),
+        '\0');
+    WideCharToMultiByte(CP_OEMCP, WC_NO_BEST_FIT_CHARS, start, length, bytes.data(),
+                        static_cast<int>(bytes.size()), nullptr, &unreadable);
     if (unreadable) throw invalid_call();
     return bytes;
 }

@@ -17,9 +17,12 @@ bool somebody_sees_windows()
 WORD event_kind(MessageStyle style)
 {
     switch (style) {
-    case MessageStyle::critical: return EVENTLOG_ERROR_TYPE;
-    case MessageStyle::information: return EVENTLOG_INFORMATION_TYPE;
-    default: return EVENTLOG_WARNING_TYPE;
+    case MessageStyle::critical:
+        return EVENTLOG_ERROR_TYPE;
+    case MessageStyle::information:
+        return EVENTLOG_INFORMATION_TYPE;
+    default:
+        return EVENTLOG_WARNING_TYPE;
     }
 }
 
@@ -39,7 +42,8 @@ void write_to_event_log(const Text& text, const Text& title, MessageStyle style)
 void show_message_natively(const Text& text, const Text& title, MessageStyle style)
 {
     if (somebody_sees_windows())
-        MessageBoxW(GetActiveWindow(), wide(text), wide(title), MB_OK | MB_TASKMODAL | static_cast<UINT>(style));
+        MessageBoxW(GetActiveWindow(), wide(text), wide(title),
+                    MB_OK | MB_TASKMODAL | static_cast<UINT>(style));
     else
         write_to_event_log(text, title, style);
 }

@@ -82,8 +82,7 @@ XmlDocument::XmlDocument() : native_(std::make_unique<Native>())
     check(document->put_resolveExternals(VARIANT_TRUE), u"XML resolveExternals");
     ComPointer<IXMLDOMProcessingInstruction> instruction;
     check(document->createProcessingInstruction(AutomationText(instruction_target).get(),
-                                                AutomationText(instruction_data).get(),
-                                                instruction.out()),
+                                                AutomationText(instruction_data).get(), instruction.out()),
           u"XML createProcessingInstruction");
     check(document->appendChild(instruction.get(), nullptr), u"XML appendChild");
 }

@@ -20,7 +20,8 @@ int main()
     // There is no folio range: a message.
     EXPECT_EQ(document->GeneraFacturaElectronica(&folio, &yes, &kind, &rate, &yes, &done), S_OK);
     EXPECT_EQ(done, VARIANT_FALSE);
-    EXPECT(error_information().description.find(L"No se pudo obtener los datos de los folios digitales") == 0);
+    EXPECT(error_information().description.find(L"No se pudo obtener los datos de los folios digitales") ==
+           0);
     connection->CierraConexion(&done);
     return end_of_checks();
 }

@@ -1,5 +1,5 @@
-// openssl as it was in 2011: runs openssl-actual.exe beside it and ends the lines of the text that it encodes with
-// bare line feeds.
+// openssl as it was in 2011: runs openssl-actual.exe beside it and ends the lines of the text that it encodes
+// with bare line feeds.
 #include <windows.h>
 
 #include <cstdio>
@@ -20,7 +20,8 @@ DWORD run(std::wstring command)
     STARTUPINFOW start{};
     start.cb = sizeof start;
     PROCESS_INFORMATION process{};
-    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start, &process))
+    if (!CreateProcessW(nullptr, command.data(), nullptr, nullptr, TRUE, 0, nullptr, nullptr, &start,
+                        &process))
         return 1;
     WaitForSingleObject(process.hProcess, INFINITE);
     DWORD code = 1;

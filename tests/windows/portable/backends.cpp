@@ -1,5 +1,5 @@
-// The databases of the Windows edition: the embedded one, and what odbc32 reaches. In the test bed odbc32 hands over
-// to the host's driver manager, whose drivers take Unix paths.
+// The databases of the Windows edition: the embedded one, and what odbc32 reaches. In the test bed odbc32
+// hands over to the host's driver manager, whose drivers take Unix paths.
 #include "support/backends.hpp"
 
 #include "core/text.hpp"
