@@ -1,6 +1,6 @@
-// What issuing costs, by lines per document: the whole issue beside the bare two openssl runs of its seal, taken in
-// turns in one process, on an embedded database on disk with a 2048-bit key. Each size runs in a process of its own,
-// so that its peak memory is its own.
+// What issuing costs, by lines per document: the whole issue beside the bare two openssl runs of its seal,
+// taken in turns in one process, on an embedded database on disk with a 2048-bit key. Each size runs in a
+// process of its own, so that its peak memory is its own.
 #include "issuing/issue.hpp"
 #include "issuing/master_data.hpp"
 #include "platform/batch_runner.hpp"
@@ -43,13 +43,14 @@ double peak_mebibytes()
 void stage(int lines, const Text& folder)
 {
     Cliente().SetDatosClientes(u"PEGM800101AB1", u"María Peña Güemes", u"Avenida Niños Héroes", u"120", u"",
-                               u"Del Valle", u"", u"Distrito Federal", u"Benito Juárez", u"México", u"03100", u"1000.00",
-                               u"0.00", u"160.00", u"1160.00", 1, u"1", Date::of(2011, 3, 15, 14, 5, 9), folder);
+                               u"Del Valle", u"", u"Distrito Federal", u"Benito Juárez", u"México", u"03100",
+                               u"1000.00", u"0.00", u"160.00", u"1160.00", 1, u"1",
+                               Date::of(2011, 3, 15, 14, 5, 9), folder);
     DetFacturas detail;
     detail.InicializaDetalleFactura();
     for (int i = 0; i < lines; ++i)
-        detail.SetDetalleDocto(u"1", u"F", u"CAF-01", u"Café de altura tostado y molido, bolsa de 1 kg", 5, u"KG", 180.0,
-                               144.0, 900.0, 16);
+        detail.SetDetalleDocto(u"1", u"F", u"CAF-01", u"Café de altura tostado y molido, bolsa de 1 kg", 5,
+                               u"KG", 180.0, 144.0, 900.0, 16);
 }
 
 void check(bool succeeded, const char* step)
@@ -76,7 +77,8 @@ void measure(int lines, int rounds)
     connection.SetDatosConexion(u"", u"", folder + u"/tolvex.db", u"sqlite:");
     connection.AbrirConexion();
     GeneraDocto documents;
-    check(documents.GetDatosEmpresa(1) && documents.GetDatosSucursal(1, 1) && documents.GetDatosCertificado(1),
+    check(documents.GetDatosEmpresa(1) && documents.GetDatosSucursal(1, 1) &&
+              documents.GetDatosCertificado(1),
           "issuer");
 
     std::vector<double> whole, openssl, staging;
@@ -97,17 +99,19 @@ void measure(int lines, int rounds)
         openssl.push_back(milliseconds([&] { run_batch_file(bare + u"\\sello.bat"); }));
     }
     const double issue = median(whole), bare_cost = median(openssl);
-    fmt::print("{:>7} {:>9.1f} {:>12.2f} {:>12.2f} {:>8.2f} {:>14.2f} {:>12.2f} {:>9.1f}\n", lines, 1000 / issue, issue,
-               bare_cost, issue / bare_cost, (issue - bare_cost) * 1000 / lines, median(staging), peak_mebibytes());
+    fmt::print("{:>7} {:>9.1f} {:>12.2f} {:>12.2f} {:>8.2f} {:>14.2f} {:>12.2f} {:>9.1f}\n", lines,
+               1000 / issue, issue, bare_cost, issue / bare_cost, (issue - bare_cost) * 1000 / lines,
+               median(staging), peak_mebibytes());
 }
 
 void measure_all(const char* program)
 {
     std::filesystem::remove_all(BENCH_FOLDER);
-    check(std::system((std::string(TOLVEX_COMMAND) + " demo --carpeta " BENCH_FOLDER " > /dev/null").c_str()) == 0,
+    check(std::system(
+              (std::string(TOLVEX_COMMAND) + " demo --carpeta " BENCH_FOLDER " > /dev/null").c_str()) == 0,
           "tolvex demo");
-    fmt::print("{:>7} {:>9} {:>12} {:>12} {:>8} {:>14} {:>12} {:>9}\n", "lines", "doc/s", "issue ms", "openssl ms", "ratio",
-               "rest us/line", "staging ms", "peak MiB");
+    fmt::print("{:>7} {:>9} {:>12} {:>12} {:>8} {:>14} {:>12} {:>9}\n", "lines", "doc/s", "issue ms",
+               "openssl ms", "ratio", "rest us/line", "staging ms", "peak MiB");
     std::fflush(stdout);
     for (const auto& [lines, rounds] : {std::pair{10, 200}, {100, 100}, {1'000, 30}, {10'000, 7}})
         check(std::system(fmt::format("{} {} {}", program, lines, rounds).c_str()) == 0, "measure");

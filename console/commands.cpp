@@ -51,15 +51,16 @@ private:
 // How many documents have that key; `kind` "F" or "N", or empty for both.
 std::int64_t count_documents(const DocumentKey& key, const Text& kind)
 {
-    const Text sql = u"Select count(*) as n From FE_VENTAS_RESUMEN(nolock) Where cDocumento='" + to_text(key.folio) +
-                     u"' And nEmpresa=" + decimal(key.company) + u" And nSucursal=" + decimal(key.branch) +
-                     (kind.empty() ? Text() : u" And cTipoDocumento='" + kind + u"'");
+    const Text sql = u"Select count(*) as n From FE_VENTAS_RESUMEN(nolock) Where cDocumento='" +
+                     to_text(key.folio) + u"' And nEmpresa=" + decimal(key.company) + u" And nSucursal=" +
+                     decimal(key.branch) + (kind.empty() ? Text() : u" And cTipoDocumento='" + kind + u"'");
     return shared_connection(session()).query(sql)[u"n"].int32();
 }
 
 Text described(const DocumentKey& key)
 {
-    return to_text(key.folio) + u" de la empresa " + decimal(key.company) + u", sucursal " + decimal(key.branch);
+    return to_text(key.folio) + u" de la empresa " + decimal(key.company) + u", sucursal " +
+           decimal(key.branch);
 }
 
 } // namespace
@@ -99,9 +100,11 @@ int cancela(const Place& place, const DocumentKey& key, const std::string& date,
 {
     connect(place);
     const Text kind = credit_note ? u"nota de crédito " : u"factura ";
-    if (count_documents(key, credit_note ? u"N" : u"F") == 0) return fail(u"no existe la " + kind + described(key));
+    if (count_documents(key, credit_note ? u"N" : u"F") == 0)
+        return fail(u"no existe la " + kind + described(key));
     const Date day = date.empty() ? local_now() : to_date(to_text(date));
-    if (!GeneraDocto().CancelaFacturaElectronica(to_text(key.folio), day, key.company, key.branch, credit_note))
+    if (!GeneraDocto().CancelaFacturaElectronica(to_text(key.folio), day, key.company, key.branch,
+                                                 credit_note))
         return fail(u"no se pudo cancelar: " + last_error());
     print_line(u"Cancelada la " + kind + described(key) + u" con fecha " + format(day, u"yyyy-mm-dd"));
     return 0;

@@ -1,5 +1,5 @@
-// What the commands of the program do. Each prints its result on standard output and gives the process's exit code:
-// 0 on success, 1 when it failed and said why on standard error.
+// What the commands of the program do. Each prints its result on standard output and gives the process's exit
+// code: 0 on success, 1 when it failed and said why on standard error.
 #pragma once
 
 #include "tolvex/types.hpp"

@@ -1,5 +1,5 @@
-// The demonstration: a company of its own with a real key pair, four documents issued from flat files, their seals
-// verified with openssl.
+// The demonstration: a company of its own with a real key pair, four documents issued from flat files, their
+// seals verified with openssl.
 #include "console/commands.hpp"
 #include "console/demo_files.hpp"
 #include "core/errors.hpp"
@@ -92,7 +92,8 @@ void Demo::run()
 void Demo::make_folder()
 {
     if (folder_.find(u' ') != Text::npos)
-        throw Error(75, u"La carpeta no puede llevar blancos, pues las líneas de sello.bat no los admiten: " + folder_);
+        throw Error(75, u"La carpeta no puede llevar blancos, pues las líneas de sello.bat no los admiten: " +
+                            folder_);
     if (!files::folder_exists(folder_)) files::create_folder(folder_);
 }
 
@@ -101,9 +102,11 @@ void Demo::open_database()
 {
     connect(place_);
     create_schema(shared_connection(session()));
-    const Value rfc = fgValorCampo(session(), u"cRfc", u"Select cRfc From FE_EMPRESAS(nolock) Where nEmpresa=1");
+    const Value rfc =
+        fgValorCampo(session(), u"cRfc", u"Select cRfc From FE_EMPRESAS(nolock) Where nEmpresa=1");
     if (!rfc.is_null() && trim(rfc.text()) != company_rfc)
-        throw Error(5, u"La base de datos ya tiene una empresa 1 que no es la de la demostración: use otra base");
+        throw Error(
+            5, u"La base de datos ya tiene una empresa 1 que no es la de la demostración: use otra base");
 }
 
 // Runs openssl commands through the batch runner; throws when the last one fails.
@@ -125,13 +128,15 @@ void Demo::make_certificate()
     if (files::exists(path(u"pkey.key.pem")) && files::exists(path(u"certificado.cer"))) return;
     const Text plain_key = path(u"llave.tmp");
     openssl({u"genrsa -out " + plain_key + u" 2048",
-             u"req -x509 -new -sha1 -key " + plain_key + u" -set_serial 0x" + serial_in_hex(certificate_number) +
-                 u" -days 1460 -subj \"/C=MX/O=Abarrotes La Esperanza/CN=Abarrotes La Esperanza\" -outform DER -out " +
+             u"req -x509 -new -sha1 -key " + plain_key + u" -set_serial 0x" +
+                 serial_in_hex(certificate_number) +
+                 u" -days 1460 -subj \"/C=MX/O=Abarrotes La Esperanza/CN=Abarrotes La Esperanza\" -outform "
+                 u"DER -out " +
                  path(u"certificado.cer"),
              u"pkcs8 -topk8 -v1 PBE-SHA1-3DES -in " + plain_key + u" -outform DER -passout pass:" +
                  Text(key_password) + u" -out " + path(u"llave.key"),
-             u"pkcs8 -inform DER -in " + path(u"llave.key") + u" -passin pass:" + Text(key_password) + u" -out " +
-                 path(u"pkey.key.pem")});
+             u"pkcs8 -inform DER -in " + path(u"llave.key") + u" -passin pass:" + Text(key_password) +
+                 u" -out " + path(u"pkey.key.pem")});
     files::remove(plain_key);
     say(u"Llave y certificado " + Text(certificate_number) + u" hechos con openssl");
 }
@@ -140,31 +145,40 @@ void Demo::store_master_data()
 {
     openssl({u"x509 -inform DER -in " + path(u"certificado.cer") + u" -out " + path(u"certificado.pem")});
     const Text body = pem_body(to_text(files::read(path(u"certificado.pem"))));
-    const Text from = format(local_now(), u"yyyy-mm-dd"), until = format(Date{local_now().days + 1460}, u"yyyy-mm-dd");
+    const Text from = format(local_now(), u"yyyy-mm-dd"),
+               until = format(Date{local_now().days + 1460}, u"yyyy-mm-dd");
 
     execute(u"Delete FE_EMPRESAS Where nEmpresa=1");
-    execute(u"Insert Into FE_EMPRESAS(nEmpresa,cNombre,cCalle,cNumExterior,cNumInterior,cColonia,cLocalidad,cMunicipio"
-            u",cEstado,cPais,cCodigoPostal,cTelefono,cRfc,cCurp,nMostrarVersion,nMostrarSerie,nMostrarAnnoAprobacion"
-            u",nMostrarTipoDeComprobante,nMostrarFormadePago,nMostrarCondicionesDePago,nMostrarSubtotal"
-            u",nMostrarDescuento,nMostrarTotal,nMostrarNameSpacePosition,nMostrarxmlns,nMostrarxmlnsxsi"
-            u",nMostrarxsischemaLocation) Values(1,'ABARROTES LA ESPERANZA, S.A. DE C.V.','CALLE DE LA ALHÓNDIGA','15','',"
-            u"'CENTRO','GUANAJUATO','GUANAJUATO','GUANAJUATO','MÉXICO','36000','4737320000','AES010101AAA','',"
-            u"1,1,1,1,1,1,1,1,1,1,1,1,1)");
+    execute(
+        u"Insert Into "
+        u"FE_EMPRESAS(nEmpresa,cNombre,cCalle,cNumExterior,cNumInterior,cColonia,cLocalidad,cMunicipio"
+        u",cEstado,cPais,cCodigoPostal,cTelefono,cRfc,cCurp,nMostrarVersion,nMostrarSerie,"
+        u"nMostrarAnnoAprobacion"
+        u",nMostrarTipoDeComprobante,nMostrarFormadePago,nMostrarCondicionesDePago,nMostrarSubtotal"
+        u",nMostrarDescuento,nMostrarTotal,nMostrarNameSpacePosition,nMostrarxmlns,nMostrarxmlnsxsi"
+        u",nMostrarxsischemaLocation) Values(1,'ABARROTES LA ESPERANZA, S.A. DE C.V.','CALLE DE LA "
+        u"ALHÓNDIGA','15','',"
+        u"'CENTRO','GUANAJUATO','GUANAJUATO','GUANAJUATO','MÉXICO','36000','4737320000','AES010101AAA','',"
+        u"1,1,1,1,1,1,1,1,1,1,1,1,1)");
     execute(u"Delete FE_SUCURSALES Where nEmpresa=1 And nSucursal=1");
-    execute(u"Insert Into FE_SUCURSALES(nEmpresa,nSucursal,nCertificado,nFolio,cNombre,cCalle,cNumExterior,cColonia"
-            u",cLocalidad,cMunicipio,cEstado,cPais,cCodigoPostal,cRfc) Values(1,1,1,1,'MATRIZ','CALLE DE LA ALHÓNDIGA',"
+    execute(u"Insert Into "
+            u"FE_SUCURSALES(nEmpresa,nSucursal,nCertificado,nFolio,cNombre,cCalle,cNumExterior,cColonia"
+            u",cLocalidad,cMunicipio,cEstado,cPais,cCodigoPostal,cRfc) Values(1,1,1,1,'MATRIZ','CALLE DE LA "
+            u"ALHÓNDIGA',"
             u"'15','CENTRO','GUANAJUATO','GUANAJUATO','GUANAJUATO','MÉXICO','36000','AES010101AAA')");
     execute(u"Delete FE_CERTIFICADOS Where nEmpresa=1 And nCertificado=1");
-    execute(u"Insert Into FE_CERTIFICADOS(nEmpresa,nCertificado,cDescripcion,cRuta_Certificado,cRuta_LlavePrivada"
-            u",dVigencia_Cert_Desde,dVigencia_Cert_Hasta,cSerial_Certificado,cSerie_Certificado,cCertificado"
-            u",nDiasDeAviso,bVerificaVigencia,cRutaArchivoSelloDigital) Values(1,1,'SELLO DE LA MATRIZ','" +
-            path(u"certificado.cer") + u"','" + path(u"llave.key") + u"','" + from + u"','" + until + u"','serial=" +
-            serial_in_hex(certificate_number) + u"','" + Text(certificate_number) + u"','" + body + u"',15,1,'" +
-            folder_ + u"')");
+    execute(
+        u"Insert Into FE_CERTIFICADOS(nEmpresa,nCertificado,cDescripcion,cRuta_Certificado,cRuta_LlavePrivada"
+        u",dVigencia_Cert_Desde,dVigencia_Cert_Hasta,cSerial_Certificado,cSerie_Certificado,cCertificado"
+        u",nDiasDeAviso,bVerificaVigencia,cRutaArchivoSelloDigital) Values(1,1,'SELLO DE LA MATRIZ','" +
+        path(u"certificado.cer") + u"','" + path(u"llave.key") + u"','" + from + u"','" + until +
+        u"','serial=" + serial_in_hex(certificate_number) + u"','" + Text(certificate_number) + u"','" +
+        body + u"',15,1,'" + folder_ + u"')");
     // The ranges keep their counters from one demonstration to the next.
     for (const Text& range : {Text(u"1,1,1,1,'FACTURAS','FD','A','2011',2011"),
                               Text(u"2,1,1,1,'NOTAS DE CREDITO','NC','NC','2012',2011")})
-        if (fgValorCampo(session(), u"nFolio", u"Select nFolio From FE_FOLIOS(nolock) Where nFolio=" + range.substr(0, 1))
+        if (fgValorCampo(session(), u"nFolio",
+                         u"Select nFolio From FE_FOLIOS(nolock) Where nFolio=" + range.substr(0, 1))
                 .is_null())
             execute(u"Insert Into FE_FOLIOS(nFolio,nEmpresa,nSucursal,nCertificado,cDocumento,cFolio,cSerie"
                     u",cNumero_Aprobacion,nAnno,nDesde,nHasta,cStatus,cEsquema) Values(" +
@@ -177,10 +191,12 @@ void Demo::store_addenda_layout()
     execute(u"Delete fe_ctl_adendas Where crfccte='TIE010203ABC'");
     execute(u"Delete fe_ctl_adendasDet Where crfccte='TIE010203ABC'");
     for (const TextView row : {u"1,0,'Pedido','E',''", u"2,1,'ordenCompra','A',''", u"3,1,'Det@lle','E',''"})
-        execute(u"Insert Into fe_ctl_adendas(crfccte,nRama,nPadre,cNombre,cTipo,cValor) Values('TIE010203ABC'," +
-                Text(row) + u")");
+        execute(
+            u"Insert Into fe_ctl_adendas(crfccte,nRama,nPadre,cNombre,cTipo,cValor) Values('TIE010203ABC'," +
+            Text(row) + u")");
     for (const TextView row : {u"4,3,'Partida','E',''", u"5,4,'codigo','A','sin código'"})
-        execute(u"Insert Into fe_ctl_adendasDet(crfccte,nRama,nPadre,cNombre,cTipo,cValor) Values('TIE010203ABC'," +
+        execute(u"Insert Into fe_ctl_adendasDet(crfccte,nRama,nPadre,cNombre,cTipo,cValor) "
+                u"Values('TIE010203ABC'," +
                 Text(row) + u")");
 }
 
@@ -202,10 +218,10 @@ void Demo::issue(const DemoFile& file)
 // Checks the stored seal of the stored original string against the certificate, with openssl alone.
 void Demo::verify_seal(const IssuedDocument& document, const Text& kind)
 {
-    const Recordset row = shared_connection(session())
-                              .query(u"Select cCadenaOriginal,cSelloDigital,nImporteConLetra From FE_VENTAS_RESUMEN(nolock)"
-                                     u" Where cDocumento='" +
-                                     document.folio + u"' And cTipoDocumento='" + kind + u"' Order By nID Desc");
+    const Recordset row = shared_connection(session()).query(
+        u"Select cCadenaOriginal,cSelloDigital,nImporteConLetra From FE_VENTAS_RESUMEN(nolock)"
+        u" Where cDocumento='" +
+        document.folio + u"' And cTipoDocumento='" + kind + u"' Order By nID Desc");
     files::write(path(u"cadena.tmp"), bytes_of_text(row[u"cCadenaOriginal"].text()));
     files::write(path(u"sello.tmp"), bytes_of_text(row[u"cSelloDigital"].text()));
     openssl({u"x509 -in " + path(u"certificado.pem") + u" -noout -pubkey > " + path(u"publica.tmp"),
@@ -224,7 +240,8 @@ void Demo::look_up_and_cancel()
     GeneraDocto().fgObtenFolioFactura(u"1", next);
     say(u"\nSiguiente folio del rango 1: " + next);
     const IssuedDocument& first = issued_.front();
-    if (!GeneraDocto().CancelaFacturaElectronica(first.folio, local_now(), 1, 1)) throw Error(5, last_error());
+    if (!GeneraDocto().CancelaFacturaElectronica(first.folio, local_now(), 1, 1))
+        throw Error(5, last_error());
     say(u"Cancelada la factura " + first.series + first.folio);
 }
 

@@ -25,7 +25,8 @@ constexpr int wrong_usage = 2;
 
 void add_connection_options(CLI::App& app, Place& place)
 {
-    app.add_option("--servidor", place.server, "Servidor SQL Server (host o host,puerto), o sqlite: para un archivo")
+    app.add_option("--servidor", place.server,
+                   "Servidor SQL Server (host o host,puerto), o sqlite: para un archivo")
         ->envname("TOLVEX_SERVIDOR")
         ->default_str("sqlite:");
     app.add_option("--bd", place.database, "Base de datos; con sqlite:, la ruta del archivo")
@@ -76,11 +77,16 @@ std::string usage_message(const CLI::App*, const CLI::Error& error)
     const auto kind = static_cast<CLI::ExitCodes>(error.get_exit_code());
     const std::string message = error.what();
     std::string reason = message;
-    if (message.starts_with("A subcommand")) reason = "falta la orden";
-    else if (kind == CLI::ExitCodes::RequiredError) reason = "falta " + named(message, "", " is required");
-    else if (kind == CLI::ExitCodes::ExtrasError) reason = "no se conoce o sobra: " + named(message, ": ", "");
-    else if (kind == CLI::ExitCodes::ConversionError) reason = "no es un número válido: " + named(message, ": ", "");
-    else if (kind == CLI::ExitCodes::ArgumentMismatch) reason = "falta el valor de " + named(message, "", ":");
+    if (message.starts_with("A subcommand"))
+        reason = "falta la orden";
+    else if (kind == CLI::ExitCodes::RequiredError)
+        reason = "falta " + named(message, "", " is required");
+    else if (kind == CLI::ExitCodes::ExtrasError)
+        reason = "no se conoce o sobra: " + named(message, ": ", "");
+    else if (kind == CLI::ExitCodes::ConversionError)
+        reason = "no es un número válido: " + named(message, ": ", "");
+    else if (kind == CLI::ExitCodes::ArgumentMismatch)
+        reason = "falta el valor de " + named(message, "", ":");
     return "tolvex: " + reason + "\nVea «tolvex --help» o «tolvex ORDEN --help».\n";
 }
 
@@ -141,12 +147,14 @@ int main(int argc, char** argv)
     folio_command->add_option("CLAVE", range, "Número del rango de folios")->required();
     folio_command->callback([&] { result = folio(place, range); });
 
-    auto* esquema_command = add_command("esquema", "Escribe las instrucciones que crean las tablas en SQL Server");
+    auto* esquema_command =
+        add_command("esquema", "Escribe las instrucciones que crean las tablas en SQL Server");
     esquema_command->add_flag("--crea", create, "Las ejecuta: crea en la base de datos lo que falte");
     esquema_command->callback([&] { result = esquema(place, create); });
 
-    add_command("conexion", "Dice qué base de datos se alcanzó y si su esquema está completo")
-        ->callback([&] { result = conexion(place); });
+    add_command("conexion", "Dice qué base de datos se alcanzó y si su esquema está completo")->callback([&] {
+        result = conexion(place);
+    });
 
     try {
         app.parse(argc, argv);

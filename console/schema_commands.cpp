@@ -17,7 +17,8 @@ bool report_missing()
         fmt::print("Esquema: completo\n");
         return true;
     }
-    fmt::print("Esquema: falta o no se alcanza lo siguiente; las tablas se crean con «tolvex esquema --crea», lo demás lo dice docs/sql-server.md\n");
+    fmt::print("Esquema: falta o no se alcanza lo siguiente; las tablas se crean con «tolvex esquema "
+               "--crea», lo demás lo dice docs/sql-server.md\n");
     for (const Text& what : missing) fmt::print("  {}\n", to_utf8(what));
     return false;
 }

@@ -37,7 +37,8 @@ Decimal decimal_of(double number)
 {
     if (!std::isfinite(number)) throw overflow();
     char buffer[40];
-    const auto end = std::to_chars(buffer, std::end(buffer), std::abs(number), std::chars_format::scientific, 14).ptr;
+    const auto end =
+        std::to_chars(buffer, std::end(buffer), std::abs(number), std::chars_format::scientific, 14).ptr;
     const std::string_view form(buffer, end - buffer); // d.ddddddddddddddE±xx
     const auto exponent_mark = form.find('e');
     int exponent = 0;
@@ -57,7 +58,11 @@ Decimal decimal_of(Currency amount)
     return normalized({negative, digits, point});
 }
 
-enum class Tie { away_from_zero, to_even };
+enum class Tie
+{
+    away_from_zero,
+    to_even
+};
 
 // Whether the part of the digits from `kept` on rounds the part before it up.
 bool rounds_up(const std::string& digits, std::size_t kept, Tie tie)
@@ -116,7 +121,8 @@ Text shortest(const Decimal& number)
 
 double to_double(const Decimal& number)
 {
-    const std::string form = (number.negative ? "-0." : "0.") + number.digits + "e" + std::to_string(number.point);
+    const std::string form =
+        (number.negative ? "-0." : "0.") + number.digits + "e" + std::to_string(number.point);
     double value = 0;
     const auto result = std::from_chars(form.data(), form.data() + form.size(), value);
     if (result.ec == std::errc::result_out_of_range && number.point > 0) throw overflow();
@@ -126,9 +132,11 @@ double to_double(const Decimal& number)
 // Throws Error 6 unless the number, which has no digits after its point, fits 64 bits.
 std::int64_t to_int64(const Decimal& number)
 {
-    const std::string digits = (number.negative ? "-" : "") + (number.is_zero() ? "0" : integer_digits(number));
+    const std::string digits =
+        (number.negative ? "-" : "") + (number.is_zero() ? "0" : integer_digits(number));
     std::int64_t value = 0;
-    if (std::from_chars(digits.data(), digits.data() + digits.size(), value).ec != std::errc()) throw overflow();
+    if (std::from_chars(digits.data(), digits.data() + digits.size(), value).ec != std::errc())
+        throw overflow();
     return value;
 }
 
@@ -335,12 +343,18 @@ Text format(Date date, TextView pattern)
     for (std::size_t i = 0; i < lower.size();) {
         const char16_t field = lower[i];
         const std::size_t width = run_length(TextView(lower).substr(i));
-        if (field == u'y') result += padded(at.year, width);
-        else if (field == u'm') result += padded(is_hour_or_separator(before) ? at.minute : at.month, width);
-        else if (field == u'd') result += padded(at.day, width);
-        else if (field == u'h') result += padded(at.hour, width);
-        else if (field == u's') result += padded(at.second, width);
-        else result += pattern.substr(i, width);
+        if (field == u'y')
+            result += padded(at.year, width);
+        else if (field == u'm')
+            result += padded(is_hour_or_separator(before) ? at.minute : at.month, width);
+        else if (field == u'd')
+            result += padded(at.day, width);
+        else if (field == u'h')
+            result += padded(at.hour, width);
+        else if (field == u's')
+            result += padded(at.second, width);
+        else
+            result += pattern.substr(i, width);
         before = field;
         i += width;
     }
@@ -390,8 +404,12 @@ CalendarDate calendar(Date date)
     }
     if (whole > last_day) throw overflow();
     const std::chrono::year_month_day day(epoch + std::chrono::days(static_cast<int>(whole)));
-    return {static_cast<int>(day.year()), static_cast<int>(static_cast<unsigned>(day.month())),
-            static_cast<int>(static_cast<unsigned>(day.day())), seconds / 3600, seconds / 60 % 60, seconds % 60};
+    return {static_cast<int>(day.year()),
+            static_cast<int>(static_cast<unsigned>(day.month())),
+            static_cast<int>(static_cast<unsigned>(day.day())),
+            seconds / 3600,
+            seconds / 60 % 60,
+            seconds % 60};
 }
 
 int year_of(Date date) { return calendar(date).year; }
@@ -401,10 +419,12 @@ Date Date::of(int year, int month, int day, int hour, int minute, int second)
     const auto require = [](bool exists) {
         if (!exists) throw type_mismatch();
     };
-    // Calendar fields hold a byte: what does not fit one is refused before it is folded into a good month or day.
+    // Calendar fields hold a byte: what does not fit one is refused before it is folded into a good month or
+    // day.
     require(year >= 100 && year <= 9999 && month >= 1 && month <= 12 && day >= 1 && day <= 31);
     require(hour >= 0 && hour < 24 && minute >= 0 && minute < 60 && second >= 0 && second < 60);
-    const std::chrono::year_month_day date{std::chrono::year{year}, std::chrono::month(static_cast<unsigned>(month)),
+    const std::chrono::year_month_day date{std::chrono::year{year},
+                                           std::chrono::month(static_cast<unsigned>(month)),
                                            std::chrono::day(static_cast<unsigned>(day))};
     require(date.ok());
     const int days = (sys_days(date) - epoch).count();

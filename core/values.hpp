@@ -1,7 +1,7 @@
 // Values: the exact conversions of the system between text, numbers, amounts and dates.
 //
-// Numbers are read and rounded in their decimal form (15 significant digits for a double), so that 2.675 is what it
-// looks like. Display patterns round a tie away from zero; "rounded to n decimals" rounds it to even.
+// Numbers are read and rounded in their decimal form (15 significant digits for a double), so that 2.675 is
+// what it looks like. Display patterns round a tie away from zero; "rounded to n decimals" rounds it to even.
 #pragma once
 
 #include "core/text.hpp"
@@ -15,8 +15,8 @@ Text number_as_text(double number);
 // Plain decimal text of a whole number.
 Text decimal(std::int64_t number);
 
-// Number by a display pattern ("########0.00", "#,##0.00", "#######0.0000"). A pattern without "0" and "#" is a
-// literal and stands for itself.
+// Number by a display pattern ("########0.00", "#,##0.00", "#######0.0000"). A pattern without "0" and "#" is
+// a literal and stands for itself.
 Text format(double number, TextView pattern);
 Text format(Currency amount, TextView pattern);
 // The same for a text that holds a number; any other text comes back unchanged.
@@ -29,7 +29,8 @@ Text format(Date date, TextView pattern);
 double to_number(TextView text);
 // The same as an amount: exact, four decimals, ties to even. Error 6 when it does not fit.
 Currency to_currency(TextView text);
-// Leading numeric part, blanks skipped: " 12 abc" is 12, "abc" is 0. Error 6 beyond a double's range, else never.
+// Leading numeric part, blanks skipped: " 12 abc" is 12, "abc" is 0. Error 6 beyond a double's range, else
+// never.
 double leading_number(TextView text);
 
 // Nearest whole number, ties to even. Throws Error 6 out of range.

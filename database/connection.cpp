@@ -9,15 +9,20 @@ namespace tolvex {
 
 namespace {
 
-Error closed() { return {3709, u"La conexión con la base de datos está cerrada: llame antes a AbrirConexion"}; }
+Error closed()
+{
+    return {3709, u"La conexión con la base de datos está cerrada: llame antes a AbrirConexion"};
+}
 
 Error no_current_row() { return {3021, u"El conjunto de resultados no tiene un registro actual"}; }
 
 std::size_t position_of(const std::vector<Column>& columns, TextView name)
 {
-    const auto found = std::find_if(columns.begin(), columns.end(),
-                                    [&](const Column& column) { return equal_ignoring_case(column.name, name); });
-    if (found == columns.end()) throw Error(3265, u"No existe la columna " + Text(name) + u" en el resultado");
+    const auto found = std::find_if(columns.begin(), columns.end(), [&](const Column& column) {
+        return equal_ignoring_case(column.name, name);
+    });
+    if (found == columns.end())
+        throw Error(3265, u"No existe la columna " + Text(name) + u" en el resultado");
     return found - columns.begin();
 }
 
@@ -47,18 +52,24 @@ std::int64_t nearest_whole(double number)
     return static_cast<std::int64_t>(std::nearbyint(number));
 }
 
-// The value as the kind of the column that takes it, so that a bad one is refused when it is set and every driver
-// stores the same. Throws Error 13, or 6 for a number out of range.
+// The value as the kind of the column that takes it, so that a bad one is refused when it is set and every
+// driver stores the same. Throws Error 13, or 6 for a number out of range.
 Value as_kind(const Value& value, ColumnKind kind)
 {
     if (value.is_null()) return value;
     switch (kind) {
-    case ColumnKind::text: return value.text();
-    case ColumnKind::integer: return nearest_whole(value.number());
-    case ColumnKind::floating: return value.number();
-    case ColumnKind::money: return value.currency();
-    case ColumnKind::date: return value.date();
-    case ColumnKind::bit: return value.boolean();
+    case ColumnKind::text:
+        return value.text();
+    case ColumnKind::integer:
+        return nearest_whole(value.number());
+    case ColumnKind::floating:
+        return value.number();
+    case ColumnKind::money:
+        return value.currency();
+    case ColumnKind::date:
+        return value.date();
+    case ColumnKind::bit:
+        return value.boolean();
     }
     return value;
 }
@@ -116,8 +127,7 @@ Driver& Connection::driver()
 }
 
 UpdatableRecordset::UpdatableRecordset(Connection& connection, const Text& sql)
-    : connection_(connection), table_(text_after(sql, u" FROM ")),
-      condition_(text_after(sql, u" WHERE "))
+    : connection_(connection), table_(text_after(sql, u" FROM ")), condition_(text_after(sql, u" WHERE "))
 {
     const Recordset rows = connection.query(sql);
     columns_ = rows.columns();
@@ -155,14 +165,18 @@ void UpdatableRecordset::update()
         assignments.push_back(name + u"=?");
         values.push_back(value);
     }
-    const Text sql = adding_ ? u"Insert Into " + table_ + u"(" + joined(names) + u") Values(" + joined(marks) + u")"
-                             : u"Update " + table_ + u" Set " + joined(assignments) + u" Where " + condition_;
+    const Text sql =
+        adding_ ? u"Insert Into " + table_ + u"(" + joined(names) + u") Values(" + joined(marks) + u")"
+                : u"Update " + table_ + u" Set " + joined(assignments) + u" Where " + condition_;
     connection_.driver().execute(sql, values);
     changes_.clear();
     adding_ = false;
 }
 
-WriteBurst::WriteBurst(Connection& connection) : connection_(connection) { connection_.driver().defer_flush(); }
+WriteBurst::WriteBurst(Connection& connection) : connection_(connection)
+{
+    connection_.driver().defer_flush();
+}
 
 WriteBurst::~WriteBurst()
 {

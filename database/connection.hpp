@@ -17,8 +17,8 @@ public:
 
     bool eof() const { return !on_row_; }
     void move_next();
-    // Value of a column by its name, in any letter case. Throws Error 3265 when there is no such column, 3021 when
-    // there is no current row.
+    // Value of a column by its name, in any letter case. Throws Error 3265 when there is no such column, 3021
+    // when there is no current row.
     Value operator[](TextView column) const;
     Value value(std::size_t column) const;
     const std::vector<Column>& columns() const { return cursor_->columns(); }
@@ -74,9 +74,9 @@ public:
     bool eof() const { return !current_; }
     Value operator[](TextView column) const;
     void add_new();
-    // Sets a column of the new or the current row, anew if it was set before; the name must be a column of the
-    // statement (Error 3265). The value is converted to the column's kind: Error 13 when it cannot be, 6 when it does
-    // not fit.
+    // Sets a column of the new or the current row, anew if it was set before; the name must be a column of
+    // the statement (Error 3265). The value is converted to the column's kind: Error 13 when it cannot be, 6
+    // when it does not fit.
     void set(TextView column, const Value& value);
     // Sends the row. Throws Error with the driver's description; nothing is then stored.
     void update();
@@ -91,8 +91,8 @@ private:
     bool adding_ = false;
 };
 
-// While it lives, statements need not reach the disk one by one: finish() (or the end of the scope) makes all of them
-// durable at once. It is no transaction: each statement stands for itself, and others see it at once.
+// While it lives, statements need not reach the disk one by one: finish() (or the end of the scope) makes all
+// of them durable at once. It is no transaction: each statement stands for itself, and others see it at once.
 class WriteBurst
 {
 public:

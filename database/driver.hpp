@@ -9,7 +9,15 @@
 namespace tolvex {
 
 // The kinds of columns that callers tell apart (list views align and format by them).
-enum class ColumnKind { text, integer, floating, money, date, bit };
+enum class ColumnKind
+{
+    text,
+    integer,
+    floating,
+    money,
+    date,
+    bit
+};
 
 struct Column
 {
@@ -30,7 +38,8 @@ public:
     virtual Value value(std::size_t column) = 0;
 };
 
-// One open session with a database. Every failure throws Error(database_error) with the driver's own description.
+// One open session with a database. Every failure throws Error(database_error) with the driver's own
+// description.
 class Driver
 {
 public:

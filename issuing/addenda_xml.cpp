@@ -28,7 +28,10 @@ public:
     }
 
     // The value staged for a node, empty when there is none.
-    Text find(std::int32_t nRama, std::int32_t nPadre) const { return value_at(values_, {nRama, nPadre, header}); }
+    Text find(std::int32_t nRama, std::int32_t nPadre) const
+    {
+        return value_at(values_, {nRama, nPadre, header});
+    }
     Text find(std::int32_t nRama, std::int32_t nPadre, std::int32_t line) const
     {
         return value_at(line_values_, {nRama, nPadre, line});
@@ -60,8 +63,8 @@ struct Node
 Node read_node(const Recordset& row)
 {
     const auto text = [&](TextView column) { return trim(row[column].text()); };
-    return {to_int16(leading_number(text(u"nRama"))), to_int16(leading_number(text(u"nPadre"))), text(u"cNombre"),
-            text(u"CTipo"), text(u"cValor")};
+    return {to_int16(leading_number(text(u"nRama"))), to_int16(leading_number(text(u"nPadre"))),
+            text(u"cNombre"), text(u"CTipo"), text(u"cValor")};
 }
 
 // Walks the receiver's control rows depth first and adds what they describe.
@@ -79,7 +82,8 @@ private:
     XmlElement add_node(XmlElement parent, const Node& node, const Text& staged);
     Recordset rows_of(const Text& table, std::int16_t nPadre);
 
-    // Keeps the numbers of the nodes from the root to the current one, to stop at a cycle or before the stack ends.
+    // Keeps the numbers of the nodes from the root to the current one, to stop at a cycle or before the stack
+    // ends.
     class Descent
     {
         static constexpr std::size_t deepest = 1000;
@@ -109,8 +113,9 @@ private:
 
 Recordset AddendaWriter::rows_of(const Text& table, std::int16_t nPadre)
 {
-    return shared_connection(session_).query(u"select * from " + table + u" (nolock) where crfccte='" + receiver_ +
-                                             u"'  and npadre=" + decimal(nPadre) + u" order by npadre,nrama");
+    return shared_connection(session_).query(u"select * from " + table + u" (nolock) where crfccte='" +
+                                             receiver_ + u"'  and npadre=" + decimal(nPadre) +
+                                             u" order by npadre,nrama");
 }
 
 void AddendaWriter::add_nodes(XmlElement parent, std::int16_t nPadre)
@@ -125,8 +130,9 @@ void AddendaWriter::add_nodes(XmlElement parent, std::int16_t nPadre)
                 add_line_nodes(parent, node.nRama, line);
             continue;
         }
-        const XmlElement made = node.nPadre == 0 ? addenda_->append(node.cNombre)
-                                                 : add_node(parent, node, staged_.find(node.nRama, node.nPadre));
+        const XmlElement made = node.nPadre == 0
+                                    ? addenda_->append(node.cNombre)
+                                    : add_node(parent, node, staged_.find(node.nRama, node.nPadre));
         add_nodes(made, node.nRama);
     }
 }

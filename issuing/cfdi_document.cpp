@@ -152,7 +152,8 @@ void add_concepto(XmlElement& conceptos, const Recordset& line)
 void Writer::add_conceptos(XmlElement& comprobante) const
 {
     XmlElement conceptos = comprobante.append(u"cfdi:Conceptos");
-    const Text sql = u"select * from FE_VENTAS_RESUMEN_DET d(nolock)\rWhere d.nIdFe = " + nIdFe + u" order by nrenglon";
+    const Text sql =
+        u"select * from FE_VENTAS_RESUMEN_DET d(nolock)\rWhere d.nIdFe = " + nIdFe + u" order by nrenglon";
     for (Recordset lines = shared_connection(session).query(sql); !lines.eof(); lines.move_next())
         add_concepto(conceptos, lines);
 }

@@ -6,8 +6,8 @@
 
 namespace tolvex {
 
-// Builds and saves the document of the stored lines nIdFe; document.xml_path then names the file. False on any
-// error, which leaves an older file of that name as it was.
+// Builds and saves the document of the stored lines nIdFe; document.xml_path then names the file. False on
+// any error, which leaves an older file of that name as it was.
 bool write_comprobante(Session& session, DocumentValues& document, const Text& nIdFe, bool es_nota_credito,
                        bool genera_addenda);
 

@@ -14,7 +14,8 @@ struct DocumentValues
     Text DocCondicionPago;    // "Contado" or "Credito"
     Text DocFormaDePago;      // the same again, as stored
     Text DocCliente;
-    double DocSubTotal = 0, DocDescuento = 0, DocSubTotalDD = 0, DocImpuesto = 0, DocTotal = 0; // two decimals
+    double DocSubTotal = 0, DocDescuento = 0, DocSubTotalDD = 0, DocImpuesto = 0,
+           DocTotal = 0; // two decimals
     Text DocVersion, DocSerie, DocFolio, DocSerieCertificado;
     Text DocImpuestoNombre, DocTasa; // "IVA" and its rate, 16.00
     bool es_nota_credito = false;

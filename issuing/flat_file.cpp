@@ -22,8 +22,8 @@ class Record
 
     Error wrong_value(std::size_t i, const char16_t* value_name, const Text& expected) const
     {
-        return wrong(u"el valor " + decimal(i) + u" de " + name() + u" (" + value_name + u") no es " + expected +
-                     u": \"" + text(i) + u"\"");
+        return wrong(u"el valor " + decimal(i) + u" de " + name() + u" (" + value_name + u") no es " +
+                     expected + u": \"" + text(i) + u"\"");
     }
 
     template <class Convert>
@@ -57,14 +57,12 @@ public:
         throw wrong(name() + u" lleva " + expected + u" valores y trae " + decimal(count));
     }
 
-    Text text(std::size_t i, const Text& otherwise = u"") const
-    {
-        return has(i) ? fields_[i] : otherwise;
-    }
+    Text text(std::size_t i, const Text& otherwise = u"") const { return has(i) ? fields_[i] : otherwise; }
 
     std::int16_t int16(std::size_t i, const char16_t* value_name) const
     {
-        return converted(i, value_name, u"un número entero de -32768 a 32767", whole_number<std::int16_t, to_int16>);
+        return converted(i, value_name, u"un número entero de -32768 a 32767",
+                         whole_number<std::int16_t, to_int16>);
     }
 
     std::int32_t int32(std::size_t i, const char16_t* value_name) const
@@ -193,12 +191,13 @@ void FlatFile::load_issuer(const Record& record)
 void FlatFile::stage_receiver(const Record& r)
 {
     r.expect_values(19, 26);
-    Cliente().SetDatosClientes(
-        r.text(1), r.text(2), r.text(3), r.text(4), r.text(5), r.text(6), r.text(7), r.text(8), r.text(9),
-        r.text(10), r.text(11), r.amount_text(12, u"Subtotal"), r.amount_text(13, u"Descuento"),
-        r.amount_text(14, u"Impuesto"), r.amount_text(15, u"Total"), r.int16(16, u"FormaPago"), trim(r.text(17)),
-        r.date(18, u"FechaHoraDocto"), r.text(19, folder_), r.amount(20, u"IvaRet", 0), r.amount(21, u"ISRRet", 0),
-        r.text(22, u"PESOS"), r.amount(23, u"Paridad", 1), r.text(24), r.text(25), r.text(26));
+    Cliente().SetDatosClientes(r.text(1), r.text(2), r.text(3), r.text(4), r.text(5), r.text(6), r.text(7),
+                               r.text(8), r.text(9), r.text(10), r.text(11), r.amount_text(12, u"Subtotal"),
+                               r.amount_text(13, u"Descuento"), r.amount_text(14, u"Impuesto"),
+                               r.amount_text(15, u"Total"), r.int16(16, u"FormaPago"), trim(r.text(17)),
+                               r.date(18, u"FechaHoraDocto"), r.text(19, folder_), r.amount(20, u"IvaRet", 0),
+                               r.amount(21, u"ISRRet", 0), r.text(22, u"PESOS"), r.amount(23, u"Paridad", 1),
+                               r.text(24), r.text(25), r.text(26));
     DetFacturas().InicializaDetalleFactura();
     Addenda().InicializaAddenda();
     has_receiver_ = true;
@@ -207,9 +206,9 @@ void FlatFile::stage_receiver(const Record& r)
 void FlatFile::stage_line(const Record& r)
 {
     r.expect_values(10, 10);
-    DetFacturas().SetDetalleDocto(r.text(1), r.text(2), r.text(3), r.text(4), r.amount(5, u"Cantidad"), r.text(6),
-                                  r.amount(7, u"PrecioSinIva"), r.amount(8, u"Iva"), r.amount(9, u"Importe"),
-                                  r.amount(10, u"PorcIva"));
+    DetFacturas().SetDetalleDocto(r.text(1), r.text(2), r.text(3), r.text(4), r.amount(5, u"Cantidad"),
+                                  r.text(6), r.amount(7, u"PrecioSinIva"), r.amount(8, u"Iva"),
+                                  r.amount(9, u"Importe"), r.amount(10, u"PorcIva"));
 }
 
 void FlatFile::stage_addenda(const Record& r)
@@ -245,7 +244,8 @@ void FlatFile::issue(const Record& r)
     if (events_.issued) events_.issued(issued_.back());
     // Issuing does not notice a failing openssl; a file must not go on with documents that nobody accepts.
     if (document_.sello.empty())
-        throw wrong(u"el documento se emitió con el sello vacío: revise openssl y pkey.key.pem en la carpeta de trabajo");
+        throw wrong(u"el documento se emitió con el sello vacío: revise openssl y pkey.key.pem en la carpeta "
+                    u"de trabajo");
 }
 
 } // namespace
@@ -281,8 +281,9 @@ FlatFileResult issue_flat_file_records(Session& session, const Text& path, const
 Text issue_flat_file(Session& session, const Text& folder, const Text& name, const ConnectionData& data)
 {
     const std::shared_ptr<Connection> shared = session.gConexion;
-    const Text path = folder.empty() || folder.ends_with(u'\\') || folder.ends_with(u'/') ? folder + name
-                                                                                          : folder + u"\\" + name;
+    const Text path = folder.empty() || folder.ends_with(u'\\') || folder.ends_with(u'/')
+                          ? folder + name
+                          : folder + u"\\" + name;
     FlatFileResult result;
     try {
         session.gConexion = std::make_shared<Connection>();

@@ -34,11 +34,13 @@ struct FlatFileResult
     Text series_and_folios() const;
 };
 
-// Issues every document of the file over the shared connection, up to the first record or document that fails.
+// Issues every document of the file over the shared connection, up to the first record or document that
+// fails.
 FlatFileResult issue_flat_file_records(Session& session, const Text& path, const FlatFileEvents& events);
 
-// The same on a connection of its own, which is closed at the end while the shared one stays as it was; a failure is
-// shown in a message. Returns series_and_folios().
-Text issue_flat_file(Session& session, const Text& folder, const Text& name, const ConnectionData& connection);
+// The same on a connection of its own, which is closed at the end while the shared one stays as it was; a
+// failure is shown in a message. Returns series_and_folios().
+Text issue_flat_file(Session& session, const Text& folder, const Text& name,
+                     const ConnectionData& connection);
 
 } // namespace tolvex

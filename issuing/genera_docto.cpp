@@ -22,10 +22,14 @@ bool GeneraDocto::GetDatosCertificado(std::int16_t vlnEmpresa)
     return tolvex::GetDatosCertificado(session(), vlnEmpresa);
 }
 
-bool GeneraDocto::GetDatosEmpresa(std::int16_t vlnEmpresa) { return tolvex::GetDatosEmpresa(session(), vlnEmpresa); }
+bool GeneraDocto::GetDatosEmpresa(std::int16_t vlnEmpresa)
+{
+    return tolvex::GetDatosEmpresa(session(), vlnEmpresa);
+}
 
-bool GeneraDocto::GeneraFacturaElectronica(Text& vlnFactura, bool CtrlFolioInterno, const Text& vlTipoDocumento,
-                                           std::int16_t vlTasaDeIva, bool vlGeneraAddenda)
+bool GeneraDocto::GeneraFacturaElectronica(Text& vlnFactura, bool CtrlFolioInterno,
+                                           const Text& vlTipoDocumento, std::int16_t vlTasaDeIva,
+                                           bool vlGeneraAddenda)
 {
     return issue_document(session(), *document_, vlnFactura,
                           {CtrlFolioInterno, vlTipoDocumento, vlTasaDeIva, vlGeneraAddenda});
@@ -33,7 +37,8 @@ bool GeneraDocto::GeneraFacturaElectronica(Text& vlnFactura, bool CtrlFolioInter
 
 void GeneraDocto::Main() {}
 
-void GeneraDocto::ImprimeDocuento(const Text&, std::int16_t, std::int16_t, bool, const Text&, bool, std::int16_t)
+void GeneraDocto::ImprimeDocuento(const Text&, std::int16_t, std::int16_t, bool, const Text&, bool,
+                                  std::int16_t)
 {
     throw not_available(u"La impresión de documentos");
 }
@@ -43,8 +48,8 @@ void GeneraDocto::ImprimeDocuentoConVisor(const Text&, std::int16_t, std::int16_
     throw not_available(u"La vista previa de documentos");
 }
 
-bool GeneraDocto::CancelaFacturaElectronica(const Text& FolioDocto, Date FechaCancelacion, std::int16_t Empresa,
-                                            std::int16_t Sucursal, bool NotadeCredito)
+bool GeneraDocto::CancelaFacturaElectronica(const Text& FolioDocto, Date FechaCancelacion,
+                                            std::int16_t Empresa, std::int16_t Sucursal, bool NotadeCredito)
 {
     return tolvex::CancelaFacturaElectronica(session(), FolioDocto, FechaCancelacion, Empresa, Sucursal,
                                              NotadeCredito);
@@ -60,9 +65,11 @@ bool GeneraDocto::fgObtenFolioFactura(const Text& Caja, Text& FolioFactura)
     return tolvex::fgObtenFolioFactura(session(), Caja, FolioFactura);
 }
 
-Text GeneraDocto::GeneraFacturaElectronicaDesdeArchivoPlano(const Text& prtRutaArchivo, const Text& prtArchivo,
-                                                            const Text& prtUsuario, const Text& prtContraseña,
-                                                            const Text& prtServidor, const Text& prtBaseDeDatos)
+Text GeneraDocto::GeneraFacturaElectronicaDesdeArchivoPlano(const Text& prtRutaArchivo,
+                                                            const Text& prtArchivo, const Text& prtUsuario,
+                                                            const Text& prtContraseña,
+                                                            const Text& prtServidor,
+                                                            const Text& prtBaseDeDatos)
 {
     return issue_flat_file(session(), prtRutaArchivo, prtArchivo,
                            {prtUsuario, prtContraseña, prtServidor, prtBaseDeDatos});

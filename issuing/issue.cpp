@@ -57,7 +57,8 @@ bool Issue::run()
     prepare_document();
     seal();
     const Text identifier = store();
-    if (!write_comprobante(session_, document_, identifier, document_.es_nota_credito, options_.vlGeneraAddenda))
+    if (!write_comprobante(session_, document_, identifier, document_.es_nota_credito,
+                           options_.vlGeneraAddenda))
         return false;
     // The document is issued: work files that stay behind do not undo that.
     return trapping(true, [&] { return remove_seal_files(session_.gRutaDeArchivos), true; });
@@ -91,7 +92,8 @@ bool Issue::take_folio()
 void Issue::derive_folio_number()
 {
     const auto first_zero = vlnFactura_.find(u'0');
-    nFolioFE_ = std::floor(to_number(first_zero == Text::npos ? vlnFactura_ : vlnFactura_.substr(first_zero)));
+    nFolioFE_ =
+        std::floor(to_number(first_zero == Text::npos ? vlnFactura_ : vlnFactura_.substr(first_zero)));
 }
 
 void Issue::prepare_document()
@@ -154,7 +156,8 @@ void Issue::store_header_row()
     row.set(u"cEfecto", egreso ? u"E" : u"I");
     row.set(u"cCliente", document_.DocCliente);
     row.set(u"dFecha", document_.DocFechaDate);
-    row.set(u"cSerieFolioFE", trim(document_.DocSerie)); // Deliberate: the series alone, in spite of the name.
+    row.set(u"cSerieFolioFE",
+            trim(document_.DocSerie)); // Deliberate: the series alone, in spite of the name.
     row.set(u"cSerie", document_.DocSerie);
     row.set(u"nFolioFE", nFolioFE_);
     row.set(u"cNumero_Aprobacion", document_.DocNumeroAprobacion);
@@ -176,7 +179,8 @@ void Issue::store_header_row()
     row.update();
 }
 
-// Deliberate: the highest identifier after the insert, without a lock; another station's may be taken for ours.
+// Deliberate: the highest identifier after the insert, without a lock; another station's may be taken for
+// ours.
 Text Issue::read_identifier()
 {
     const Recordset rows =
@@ -207,16 +211,35 @@ void Issue::store_receiver(const Text& identifier)
         u",cColoniaCte,cLocalidadCte,cEstaadoCte,cMunicipioCte,cPaisCte,cCodPostalCte"
         u",nSubtotalDocto,nImporteDescto,nSubtotalConDescto,nImporteIva,nImporteTotal)"
         u"values(" +
-        comma_separated({identifier, quoted(vlnFactura_), u"'F'", quoted(decimal(session_.gnEmpresa)),
-                         quoted(decimal(session_.gnSucursal)), u"'I'", quoted(d.DocFecha),
-                         quoted(trim(d.DocSerie)), quoted(d.DocSerie), quoted(d.DocNumeroAprobacion),
-                         quoted(d.DocSerieCertificado), quoted(d.sello), quoted(d.original_string),
-                         without_bars(d.RecRfc), without_bars(d.RecNombre), without_bars(d.RecCalle),
-                         without_bars(d.RecNoExterior), without_bars(d.RecNoInterior), without_bars(d.RecColonia),
-                         without_bars(d.RecLocalidad), without_bars(d.RecEstado), without_bars(d.RecMunicipio),
-                         without_bars(d.RecPais), without_bars(d.RecCodigoPostal), number_as_text(d.DocSubTotal),
-                         number_as_text(d.DocDescuento), number_as_text(d.DocSubTotalDD),
-                         number_as_text(d.DocImpuesto), number_as_text(d.DocTotal)}) +
+        comma_separated({identifier,
+                         quoted(vlnFactura_),
+                         u"'F'",
+                         quoted(decimal(session_.gnEmpresa)),
+                         quoted(decimal(session_.gnSucursal)),
+                         u"'I'",
+                         quoted(d.DocFecha),
+                         quoted(trim(d.DocSerie)),
+                         quoted(d.DocSerie),
+                         quoted(d.DocNumeroAprobacion),
+                         quoted(d.DocSerieCertificado),
+                         quoted(d.sello),
+                         quoted(d.original_string),
+                         without_bars(d.RecRfc),
+                         without_bars(d.RecNombre),
+                         without_bars(d.RecCalle),
+                         without_bars(d.RecNoExterior),
+                         without_bars(d.RecNoInterior),
+                         without_bars(d.RecColonia),
+                         without_bars(d.RecLocalidad),
+                         without_bars(d.RecEstado),
+                         without_bars(d.RecMunicipio),
+                         without_bars(d.RecPais),
+                         without_bars(d.RecCodigoPostal),
+                         number_as_text(d.DocSubTotal),
+                         number_as_text(d.DocDescuento),
+                         number_as_text(d.DocSubTotalDD),
+                         number_as_text(d.DocImpuesto),
+                         number_as_text(d.DocTotal)}) +
         u")";
     connection().execute(sql);
     connection().execute(u"Update FE_ClienteFactura set cDatoAdicional1 = '" + session_.gDatoAdicional +
@@ -229,13 +252,14 @@ void Issue::store_lines(const Text& identifier)
     for (std::int32_t i = 1; i <= session_.gNumDetalle; ++i) {
         const auto& line = session_.gDetalle[i];
         // Deliberate: 'F' for credit notes too.
-        connection().execute(
-            u"insert into FE_VENTAS_RESUMEN_DET(nIdFe,nFolioDocto,cTipoDocumento ,cProducto ,nCantidad ,cunidad "
-            u",nPrecio ,nIva ,nImporte ,nImpuesto, nRenglon,cArticulo,nEmpresa,nSucursal)"
-            u"values(" +
-            identifier + u",'" + vlnFactura_ + u"','F','" + line[3] + u"'," + line[4] + u",'" + line[5] + u"'," +
-            line[6] + u"," + line[7] + u"," + line[8] + u"," + line[9] + u"," + decimal(i) + u",'" + line[11] +
-            u"'," + decimal(session_.gnEmpresa) + u"," + decimal(session_.gnSucursal) + u")");
+        connection().execute(u"insert into FE_VENTAS_RESUMEN_DET(nIdFe,nFolioDocto,cTipoDocumento ,cProducto "
+                             u",nCantidad ,cunidad "
+                             u",nPrecio ,nIva ,nImporte ,nImpuesto, nRenglon,cArticulo,nEmpresa,nSucursal)"
+                             u"values(" +
+                             identifier + u",'" + vlnFactura_ + u"','F','" + line[3] + u"'," + line[4] +
+                             u",'" + line[5] + u"'," + line[6] + u"," + line[7] + u"," + line[8] + u"," +
+                             line[9] + u"," + decimal(i) + u",'" + line[11] + u"'," +
+                             decimal(session_.gnEmpresa) + u"," + decimal(session_.gnSucursal) + u")");
     }
 }
 

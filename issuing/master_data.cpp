@@ -143,18 +143,21 @@ bool fgCargaDatosFolio(Session& session, const Text& folio_range)
 
 std::int16_t fgSiguienteFolio(Session& session, std::int16_t vlnEmpresa, std::int16_t vlnSucursal)
 {
-    const Text select = u"Select f.nUltimoFolio From FE_SUCURSALES s(nolock) \r"
-                        u"Inner Join  FE_FOLIOS f(Nolock) on (s.nEmpresa = f.nEmpresa And s.nFolio = f.nFolio) \r"
-                        u" Where s.nEmpresa = " +
-                        decimal(vlnEmpresa) + u" And s.nSucursal = " + decimal(vlnSucursal);
-    const Text update = u"Update FE_FOLIOS set nUltimoFolio = nUltimoFolio + 1 From FE_SUCURSALES s(nolock) \r"
-                        u" Where s.nEmpresa = FE_FOLIOS.nEmpresa And s.nFolio = FE_FOLIOS.nFolio And s.nEmpresa = " +
-                        decimal(vlnEmpresa) + u" And s.nSucursal = " + decimal(vlnSucursal);
+    const Text select =
+        u"Select f.nUltimoFolio From FE_SUCURSALES s(nolock) \r"
+        u"Inner Join  FE_FOLIOS f(Nolock) on (s.nEmpresa = f.nEmpresa And s.nFolio = f.nFolio) \r"
+        u" Where s.nEmpresa = " +
+        decimal(vlnEmpresa) + u" And s.nSucursal = " + decimal(vlnSucursal);
+    const Text update =
+        u"Update FE_FOLIOS set nUltimoFolio = nUltimoFolio + 1 From FE_SUCURSALES s(nolock) \r"
+        u" Where s.nEmpresa = FE_FOLIOS.nEmpresa And s.nFolio = FE_FOLIOS.nFolio And s.nEmpresa = " +
+        decimal(vlnEmpresa) + u" And s.nSucursal = " + decimal(vlnSucursal);
     const auto read_counter = [&]() -> std::int16_t {
         const Recordset rows = shared_connection(session).query(select);
         return rows.eof() ? 0 : to_int16(leading_number(text(rows, u"nUltimoFolio")) + 1);
     };
-    // Deliberate: read, then incremented by a second statement without a lock, so two stations can draw one number.
+    // Deliberate: read, then incremented by a second statement without a lock, so two stations can draw one
+    // number.
     return trapping(std::int16_t{0}, [&] {
         const std::int16_t folio = read_counter();
         shared_connection(session).execute(update);

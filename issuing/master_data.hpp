@@ -5,8 +5,8 @@
 
 namespace tolvex {
 
-// Each loads one row into its group of the session; false when there is no row, which leaves the group as it was.
-// An error half-way leaves the members before it updated; company and certificate then still give true.
+// Each loads one row into its group of the session; false when there is no row, which leaves the group as it
+// was. An error half-way leaves the members before it updated; company and certificate then still give true.
 bool GetDatosEmpresa(Session& session, std::int16_t vlnEmpresa);
 bool GetDatosSucursal(Session& session, std::int16_t vlnEmpresa, std::int16_t vlnSucursal);
 // The certificate number is the branch's, gnCertificado.

@@ -94,7 +94,8 @@ Text concepts_piece(const Session& session, DocumentValues& document)
     return piece;
 }
 
-// Deliberate: with a withholding the string carries no totals, and prints both withholdings even when one is zero.
+// Deliberate: with a withholding the string carries no totals, and prints both withholdings even when one is
+// zero.
 Text taxes_piece(const Session& session, const DocumentValues& document)
 {
     const Text iva = format(document.DocImpuesto, amount_pattern);
@@ -102,8 +103,8 @@ Text taxes_piece(const Session& session, const DocumentValues& document)
     const double isr_retained = to_number(session.gISRRet);
     const Text transferred = u"IVA|" + with_bar(document.DocTasa) + iva;
     if (iva_retained <= 0 && isr_retained <= 0) return transferred + u"|" + iva + u"||";
-    return u"ISR|" + format(isr_retained, amount_pattern) + u"|IVA|" + format(iva_retained, amount_pattern) + u"|" +
-           transferred + u"||";
+    return u"ISR|" + format(isr_retained, amount_pattern) + u"|IVA|" + format(iva_retained, amount_pattern) +
+           u"|" + transferred + u"||";
 }
 
 } // namespace

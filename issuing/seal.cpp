@@ -16,9 +16,10 @@ void append_byte(Text& bytes, unsigned byte)
 
 Error no_seal(const Text& path)
 {
-    const Text advice = path.find(u' ') != Text::npos
-                            ? u"la ruta de la carpeta de trabajo no puede llevar blancos"
-                            : u"revise que openssl y pkey.key.pem estén en la carpeta de trabajo y que la llave sirva";
+    const Text advice =
+        path.find(u' ') != Text::npos
+            ? u"la ruta de la carpeta de trabajo no puede llevar blancos"
+            : u"revise que openssl y pkey.key.pem estén en la carpeta de trabajo y que la llave sirva";
     return {53, u"openssl no dejó el sello en " + files::native_path(path) + u": " + advice};
 }
 
@@ -64,14 +65,18 @@ void write_original_string(const Text& folder, const Text& utf8)
 
 Text run_seal_batch(const Text& folder)
 {
-    // Deliberate: the exit code is not examined, so a seal left by an earlier failure is taken for this one's.
+    // Deliberate: the exit code is not examined, so a seal left by an earlier failure is taken for this
+    // one's.
     run_batch_file(folder + u"\\SELLO.BAT");
     const Text result = folder + u"\\Sello.txt";
     if (!files::exists(result)) throw no_seal(result);
     return last_line(result);
 }
 
-Text clean_seal(const Text& seal, const Text& base64_alphabet) { return keep_only(seal, base64_alphabet + u"="); }
+Text clean_seal(const Text& seal, const Text& base64_alphabet)
+{
+    return keep_only(seal, base64_alphabet + u"=");
+}
 
 void remove_seal_files(const Text& folder)
 {

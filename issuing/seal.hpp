@@ -5,7 +5,11 @@
 
 namespace tolvex {
 
-enum class Digest { md5, sha1 };
+enum class Digest
+{
+    md5,
+    sha1
+};
 
 // Documents dated after 2010 are sealed with SHA-1, older ones with MD5.
 Digest digest_for(Date date);
@@ -24,8 +28,8 @@ Text clean_seal(const Text& seal, const Text& base64_alphabet);
 // Removes the four work files.
 void remove_seal_files(const Text& folder);
 
-// Last line of a text file. A line ends at a carriage return, alone or with a line feed; a bare line feed is part
-// of the line. One character per byte. Throws Error 53, 57 or 75.
+// Last line of a text file. A line ends at a carriage return, alone or with a line feed; a bare line feed is
+// part of the line. One character per byte. Throws Error 53, 57 or 75.
 Text last_line(const Text& path);
 
 } // namespace tolvex

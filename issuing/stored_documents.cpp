@@ -10,14 +10,16 @@ bool CancelaFacturaElectronica(Session& session, const Text& FolioDocto, Date Fe
     return trapping(false, [&] {
         const Text kind = NotadeCredito ? u"' and ctipodocumento='N'" : u"' and ctipodocumento='F'";
         const Text sql = u"update FE_VENTAS_RESUMEN set cstatus='C', dFechaCan='" +
-                         format(FechaCancelacion, u"yyyy-mm-dd") + u"'   where cdocumento='" + FolioDocto + kind +
-                         u"\r and nempresa= " + decimal(Empresa) + u" and nsucursal= " + decimal(Sucursal);
+                         format(FechaCancelacion, u"yyyy-mm-dd") + u"'   where cdocumento='" + FolioDocto +
+                         kind + u"\r and nempresa= " + decimal(Empresa) + u" and nsucursal= " +
+                         decimal(Sucursal);
         shared_connection(session).execute(sql);
         return true;
     });
 }
 
-bool BorraFacturaElectronica(Session& session, std::int16_t Empresa, std::int16_t Sucursal, const Text& FolioDocto)
+bool BorraFacturaElectronica(Session& session, std::int16_t Empresa, std::int16_t Sucursal,
+                             const Text& FolioDocto)
 {
     const Text filter = u"cdocumento='" + FolioDocto + u"'\r and nempresa= " + decimal(Empresa) +
                         u" and nsucursal= " + decimal(Sucursal);
@@ -36,8 +38,9 @@ bool BorraFacturaElectronica(Session& session, std::int16_t Empresa, std::int16_
 bool fgObtenFolioFactura(Session& session, const Text& Caja, Text& FolioFactura)
 {
     FolioFactura = u"0";
-    const Text sql = u"Select isnull(nultimoFolio,0) as nultimofolio from FE_FOLIOS fe(Nolock) Where nfolio= '" + Caja +
-                     u"'\rand isnull(nultimoFolio,0)+1 <=nhasta";
+    const Text sql =
+        u"Select isnull(nultimoFolio,0) as nultimofolio from FE_FOLIOS fe(Nolock) Where nfolio= '" + Caja +
+        u"'\rand isnull(nultimoFolio,0)+1 <=nhasta";
     const Recordset rows = shared_connection(session).query(sql);
     if (rows.eof()) return false;
     FolioFactura = number_as_text(leading_number(u"0" + rows[u"nultimofolio"].text()) + 1);

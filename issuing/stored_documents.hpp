@@ -11,8 +11,8 @@ bool CancelaFacturaElectronica(Session& session, const Text& FolioDocto, Date Fe
 // Deletes the documents with that folio, whatever their kind, receiver and lines first.
 bool BorraFacturaElectronica(Session& session, std::int16_t Empresa, std::int16_t Sucursal,
                              const Text& FolioDocto);
-// Next folio of the range numbered Caja into FolioFactura; "0" and false when it is used up or missing. Reads the
-// counter without advancing it. Throws Error when the database fails.
+// Next folio of the range numbered Caja into FolioFactura; "0" and false when it is used up or missing. Reads
+// the counter without advancing it. Throws Error when the database fails.
 bool fgObtenFolioFactura(Session& session, const Text& Caja, Text& FolioFactura);
 
 } // namespace tolvex

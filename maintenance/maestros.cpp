@@ -18,7 +18,8 @@ void Maestros::MuestraCertificados(const Text&, const Text&, const Text&, const 
     throw not_available(u"El maestro de certificados");
 }
 
-void Maestros::GeneraReporteDeFoliosUtilizados(const Text&, const Text&, const Text&, const Text&, const Text&)
+void Maestros::GeneraReporteDeFoliosUtilizados(const Text&, const Text&, const Text&, const Text&,
+                                               const Text&)
 {
     throw not_available(u"El reporte de folios utilizados");
 }

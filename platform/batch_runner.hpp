@@ -5,13 +5,18 @@
 
 namespace tolvex {
 
-enum class WindowStyle { hidden = 0, normal = 1 };
+enum class WindowStyle
+{
+    hidden = 0,
+    normal = 1
+};
 
-// Runs the batch file to its end; the exit code of its last command. Throws Error 53 when there is no such file.
+// Runs the batch file to its end; the exit code of its last command. Throws Error 53 when there is no such
+// file.
 int run_batch_file(TextView path, WindowStyle style = WindowStyle::normal);
 
-// Text as the bytes that the host's command interpreter reads in a batch file. Throws Error 5 for a character that
-// it cannot read.
+// Text as the bytes that the host's command interpreter reads in a batch file. Throws Error 5 for a character
+// that it cannot read.
 std::string batch_file_bytes(TextView text);
 
 } // namespace tolvex

@@ -1,13 +1,13 @@
-// Files as the system uses them. Paths are the documented ones: joined with a backslash, names without regard to
-// case; each adapter turns them into its host's own.
+// Files as the system uses them. Paths are the documented ones: joined with a backslash, names without regard
+// to case; each adapter turns them into its host's own.
 #pragma once
 
 #include "core/text.hpp"
 
 namespace tolvex::files {
 
-// A documented path in the host's own spelling: its separator and, where the file system tells cases apart, the
-// existing spelling of every name.
+// A documented path in the host's own spelling: its separator and, where the file system tells cases apart,
+// the existing spelling of every name.
 Text native_path(TextView path);
 
 bool exists(TextView path);

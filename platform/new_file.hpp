@@ -1,4 +1,5 @@
-// A file that appears whole or not at all: written under a name beside its own, then renamed over an older one.
+// A file that appears whole or not at all: written under a name beside its own, then renamed over an older
+// one.
 #pragma once
 
 #include "core/errors.hpp"
@@ -13,7 +14,8 @@ public:
     NewFile(const NewFile&) = delete;
     ~NewFile()
     {
-        if (!in_place_ && files::exists(path_beside())) trapping(0, [&] { return files::remove(path_beside()), 0; });
+        if (!in_place_ && files::exists(path_beside()))
+            trapping(0, [&] { return files::remove(path_beside()), 0; });
     }
 
     // Where to write it.

@@ -1,5 +1,5 @@
-// An XML document built in memory and saved: the few DOM operations that the system needs. Names are used as they
-// stand ("cfdi:Emisor" is one name), attributes keep the order in which they were first set.
+// An XML document built in memory and saved: the few DOM operations that the system needs. Names are used as
+// they stand ("cfdi:Emisor" is one name), attributes keep the order in which they were first set.
 #pragma once
 
 #include "core/text.hpp"
@@ -38,8 +38,8 @@ public:
     XmlDocument& operator=(const XmlDocument&) = delete;
 
     XmlElement create_root(const Text& name);
-    // Writes the instruction, a line feed, the document in one line and a line feed, as UTF-8; replaces the file.
-    // Throws Error when the file cannot be written; an older file of that name is then left whole.
+    // Writes the instruction, a line feed, the document in one line and a line feed, as UTF-8; replaces the
+    // file. Throws Error when the file cannot be written; an older file of that name is then left whole.
     void save(TextView path) const;
 
 private:

@@ -4,7 +4,8 @@ namespace tolvex {
 
 Text connection_string(const Text& user, const Text& password, const Text& database, const Text& server)
 {
-    return u"uid=" + user + u";pwd=" + password + u";driver={SQL Server};server=" + server + u";database=" + database;
+    return u"uid=" + user + u";pwd=" + password + u";driver={SQL Server};server=" + server + u";database=" +
+           database;
 }
 
 Value fgValorCampo(Session& session, const Text& column, const Text& sql)

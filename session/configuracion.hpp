@@ -6,8 +6,8 @@
 
 namespace tolvex {
 
-// Connection string of a user, password, database and server. Deliberate: the values go in as they are, so a ";" in
-// one of them breaks the string.
+// Connection string of a user, password, database and server. Deliberate: the values go in as they are, so a
+// ";" in one of them breaks the string.
 Text connection_string(const Text& user, const Text& password, const Text& database, const Text& server);
 
 // Value of the named column of the query's first row; Null when there is no row.

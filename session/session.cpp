@@ -4,7 +4,8 @@ namespace tolvex {
 
 Session& session()
 {
-    // Never destroyed: a host may leave its connection open, and a driver must not be called while the process ends.
+    // Never destroyed: a host may leave its connection open, and a driver must not be called while the
+    // process ends.
     static Session& the_session = *new Session;
     return the_session;
 }

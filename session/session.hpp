@@ -7,8 +7,8 @@
 
 namespace tolvex {
 
-// Lines of texts numbered from 1, each with the same count of fields, also numbered from 1. Only the count says how
-// many lines are valid: an emptied table keeps nothing that a reader may see.
+// Lines of texts numbered from 1, each with the same count of fields, also numbered from 1. Only the count
+// says how many lines are valid: an emptied table keeps nothing that a reader may see.
 template <std::size_t Fields>
 using StagedRows = std::vector<std::array<Text, Fields + 1>>;
 
@@ -46,15 +46,15 @@ struct Session
     Text gStatusFolio, gEsquema;
 
     // Receiver and header of the staged document. Amounts are decimal texts.
-    Text gRfcCliente, gNombreCliente, gCalle, gNumeroExt, gNumeroInt, gColonia, gLocalidad, gEstado, gMunicipio,
-        gPais, gCodigoPos, gSubtotal, gDescuento, gImpuesto, gTotal;
+    Text gRfcCliente, gNombreCliente, gCalle, gNumeroExt, gNumeroInt, gColonia, gLocalidad, gEstado,
+        gMunicipio, gPais, gCodigoPos, gSubtotal, gDescuento, gImpuesto, gTotal;
     std::int16_t gFormaPago = 0;
     Text gClaveFolio, gFechaHoraDocto, gRutaDeArchivos, gIvaRet, gISRRet, gMoneda, gParidad, gDatoAdicional,
         gDatoAdicional2, gDatoAdicional3;
     Text gSubtotalDD; // subtotal after discount, set while issuing
 
-    // Line items: folio key clipped, kind, product, quantity, unit, price, VAT, amount, VAT percent, folio key whole,
-    // product code.
+    // Line items: folio key clipped, kind, product, quantity, unit, price, VAT, amount, VAT percent, folio
+    // key whole, product code.
     StagedRows<11> gDetalle;
     std::int32_t gNumDetalle = 0;
 

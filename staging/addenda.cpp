@@ -18,8 +18,8 @@ void Addenda::InicializaAddenda()
     empty_rows<5>(session().gAddendaDet, session().gNumAddendaDet);
 }
 
-void Addenda::SetAddendaDet(std::int32_t nRenglon, const Text& cRfcCte, std::int16_t nRama, std::int16_t nPadre,
-                            const Text& cValor)
+void Addenda::SetAddendaDet(std::int32_t nRenglon, const Text& cRfcCte, std::int16_t nRama,
+                            std::int16_t nPadre, const Text& cValor)
 {
     auto& row = add_row<5>(session().gAddendaDet, session().gNumAddendaDet);
     row[1] = cRfcCte;

@@ -2,8 +2,8 @@
 //
 // All instances share one session per process: connection, issuer, receiver, lines. Use them from one thread.
 // Order of calls: ConfigFE::SetDatosConexion, ConfigFE::AbrirConexion, Cliente::SetDatosClientes,
-// GeneraDocto::GetDatosEmpresa, GetDatosSucursal, GetDatosCertificado, DetFacturas::InicializaDetalleFactura and
-// SetDetalleDocto for every line, optionally Addenda, then GeneraDocto::GeneraFacturaElectronica.
+// GeneraDocto::GetDatosEmpresa, GetDatosSucursal, GetDatosCertificado, DetFacturas::InicializaDetalleFactura
+// and SetDetalleDocto for every line, optionally Addenda, then GeneraDocto::GeneraFacturaElectronica.
 #pragma once
 
 #include "tolvex/types.hpp"
@@ -21,9 +21,13 @@ TOLVEX_API Text last_error();
 using MessageHandler = std::function<void(const Text& text, const Text& title, int style)>;
 TOLVEX_API void set_message_handler(MessageHandler handler);
 
-// Attributes of the XML document's root element: the standard set, or one that also names folio and payment method
-// and declares the tax authority's complements.
-enum class RootLayout { standard, extended };
+// Attributes of the XML document's root element: the standard set, or one that also names folio and payment
+// method and declares the tax authority's complements.
+enum class RootLayout
+{
+    standard,
+    extended
+};
 // Layout of the documents issued from now on; standard at first.
 TOLVEX_API void set_root_layout(RootLayout layout);
 
@@ -31,8 +35,8 @@ TOLVEX_API void set_root_layout(RootLayout layout);
 class TOLVEX_API ConfigFE
 {
 public:
-    // Opens the shared connection with the data of SetDatosConexion, closing it first if it is open. Always true;
-    // throws Error with the driver's description when the database cannot be reached.
+    // Opens the shared connection with the data of SetDatosConexion, closing it first if it is open. Always
+    // true; throws Error with the driver's description when the database cannot be reached.
     bool AbrirConexion();
     // Stores user, password, database and server; "sqlite:" as server and a file path as database choose the
     // embedded database.
@@ -45,16 +49,18 @@ public:
 class TOLVEX_API Cliente
 {
 public:
-    // Replaces all 26 values. FormaPago 1 is cash, anything else credit; ClaveFolio is the key of the folio range;
-    // RutaDeArchivos the working folder with openssl and pkey.key.pem. Totals are decimal texts with "." as point.
+    // Replaces all 26 values. FormaPago 1 is cash, anything else credit; ClaveFolio is the key of the folio
+    // range; RutaDeArchivos the working folder with openssl and pkey.key.pem. Totals are decimal texts with
+    // "." as point.
     void SetDatosClientes(const Text& Rfc, const Text& Nombre, const Text& Calle, const Text& NumeroExt,
-                          const Text& NumeroInt, const Text& Colonia, const Text& Localidad, const Text& Estado,
-                          const Text& Municipio, const Text& Pais, const Text& CodigoPos, const Text& Subtotal,
-                          const Text& Descuento, const Text& Impuesto, const Text& Total, std::int16_t FormaPago,
-                          const Text& ClaveFolio, Date FechaHoraDocto, const Text& RutaDeArchivos,
-                          Currency IvaRet = 0, Currency ISRRet = 0, const Text& moneda = u"PESOS",
-                          Currency Paridad = 1, const Text& vlDatoAdicional = u"",
-                          const Text& vlDatoAdicional_2 = u"", const Text& vlDatoAdicional_3 = u"");
+                          const Text& NumeroInt, const Text& Colonia, const Text& Localidad,
+                          const Text& Estado, const Text& Municipio, const Text& Pais, const Text& CodigoPos,
+                          const Text& Subtotal, const Text& Descuento, const Text& Impuesto,
+                          const Text& Total, std::int16_t FormaPago, const Text& ClaveFolio,
+                          Date FechaHoraDocto, const Text& RutaDeArchivos, Currency IvaRet = 0,
+                          Currency ISRRet = 0, const Text& moneda = u"PESOS", Currency Paridad = 1,
+                          const Text& vlDatoAdicional = u"", const Text& vlDatoAdicional_2 = u"",
+                          const Text& vlDatoAdicional_3 = u"");
 };
 
 // Line items of the document being staged.
@@ -69,7 +75,8 @@ public:
     void InicializaDetalleFactura();
 };
 
-// Values for the receiver's own XML block, keyed by node (nRama), parent node (nPadre) and, for lines, line number.
+// Values for the receiver's own XML block, keyed by node (nRama), parent node (nPadre) and, for lines, line
+// number.
 class TOLVEX_API Addenda
 {
 public:
@@ -97,17 +104,18 @@ public:
     bool GetDatosCertificado(std::int16_t vlnEmpresa);
     // Loads the company. True also after an error half-way: see last_error().
     bool GetDatosEmpresa(std::int16_t vlnEmpresa);
-    // Issues the staged document: seal, database rows, XML file in RutaDeArchivos\Facturas. True only when every
-    // step succeeded. With CtrlFolioInterno the folio is taken from the range and written into vlnFactura.
-    // vlTipoDocumento "ingreso" (any case) is an invoice, anything else a credit note.
+    // Issues the staged document: seal, database rows, XML file in RutaDeArchivos\Facturas. True only when
+    // every step succeeded. With CtrlFolioInterno the folio is taken from the range and written into
+    // vlnFactura. vlTipoDocumento "ingreso" (any case) is an invoice, anything else a credit note.
     bool GeneraFacturaElectronica(Text& vlnFactura, bool CtrlFolioInterno = false,
                                   const Text& vlTipoDocumento = u"ingreso", std::int16_t vlTasaDeIva = 16,
                                   bool vlGeneraAddenda = true);
     // Does nothing.
     void Main();
     // Prints a document from a report layout, or exports it as PDF.
-    void ImprimeDocuento(const Text& FolioDocto, std::int16_t Empresa, std::int16_t Sucursal, bool NotadeCredito,
-                         const Text& vlArchivoReporte, bool GenerarPDF = false, std::int16_t vlNumeroDeCopias = 1);
+    void ImprimeDocuento(const Text& FolioDocto, std::int16_t Empresa, std::int16_t Sucursal,
+                         bool NotadeCredito, const Text& vlArchivoReporte, bool GenerarPDF = false,
+                         std::int16_t vlNumeroDeCopias = 1);
     // Shows a document in the viewer.
     void ImprimeDocuentoConVisor(const Text& FolioDocto, std::int16_t Empresa, std::int16_t Sucursal,
                                  bool NotadeCredito, const Text& vlArchivoReporte);
@@ -117,11 +125,11 @@ public:
                                    std::int16_t Sucursal, bool NotadeCredito = false);
     // Deletes a document with its receiver and lines; true when the statements ran.
     bool BorraFacturaElectronica(std::int16_t Empresa, std::int16_t Sucursal, const Text& FolioDocto);
-    // Next folio of the range Caja into FolioFactura ("0" and false when the range is used up or missing). Throws
-    // Error when the database fails.
+    // Next folio of the range Caja into FolioFactura ("0" and false when the range is used up or missing).
+    // Throws Error when the database fails.
     bool fgObtenFolioFactura(const Text& Caja, Text& FolioFactura);
-    // Issues the documents of a flat file (docs/archivo-plano.md) on a connection of its own; returns series and
-    // folio of each, joined by ",". Stops with a message at the first record or document that fails.
+    // Issues the documents of a flat file (docs/archivo-plano.md) on a connection of its own; returns series
+    // and folio of each, joined by ",". Stops with a message at the first record or document that fails.
     Text GeneraFacturaElectronicaDesdeArchivoPlano(const Text& prtRutaArchivo, const Text& prtArchivo,
                                                    const Text& prtUsuario, const Text& prtContraseña,
                                                    const Text& prtServidor, const Text& prtBaseDeDatos);
@@ -130,7 +138,8 @@ private:
     std::unique_ptr<DocumentValues> document_;
 };
 
-// Maintenance windows of the master data; each call opens a connection of its own that becomes the shared one.
+// Maintenance windows of the master data; each call opens a connection of its own that becomes the shared
+// one.
 class TOLVEX_API Maestros
 {
 public:

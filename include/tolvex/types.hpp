@@ -71,7 +71,8 @@ struct TOLVEX_API Date
 {
     double days = 0;
 
-    // From the calendar (proleptic Gregorian, years 100 to 9999). Throws Error 13 when there is no such moment.
+    // From the calendar (proleptic Gregorian, years 100 to 9999). Throws Error 13 when there is no such
+    // moment.
     static Date of(int year, int month, int day, int hour = 0, int minute = 0, int second = 0);
 
     friend bool operator==(Date, Date) = default;

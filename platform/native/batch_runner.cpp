@@ -74,7 +74,8 @@ int run(const BatchCommand& command, WindowStyle style)
     arguments.push_back(nullptr);
     pid_t process = 0;
     // As the command interpreter does, a program that cannot be started does not stop the lines after it.
-    if (posix_spawnp(&process, program_of(words.front()).c_str(), files.get(), nullptr, arguments.data(), environ) != 0)
+    if (posix_spawnp(&process, program_of(words.front()).c_str(), files.get(), nullptr, arguments.data(),
+                     environ) != 0)
         return command_not_found;
     return wait_for(process);
 }
@@ -84,7 +85,8 @@ int run(const BatchCommand& command, WindowStyle style)
 int run_batch_file(TextView path, WindowStyle style)
 {
     int exit_code = 0;
-    for (const BatchCommand& command : parse_batch(to_text(files::read(path)))) exit_code = run(command, style);
+    for (const BatchCommand& command : parse_batch(to_text(files::read(path))))
+        exit_code = run(command, style);
     return exit_code;
 }
 

@@ -17,16 +17,24 @@ namespace fs = std::filesystem;
 Text reason(int error)
 {
     switch (error) {
-    case ENOENT: return u"no existe la carpeta";
-    case ENOTDIR: return u"una parte de la ruta no es una carpeta";
-    case EISDIR: return u"es una carpeta";
+    case ENOENT:
+        return u"no existe la carpeta";
+    case ENOTDIR:
+        return u"una parte de la ruta no es una carpeta";
+    case EISDIR:
+        return u"es una carpeta";
     case EACCES:
-    case EPERM: return u"no hay permiso";
-    case EROFS: return u"el disco es de sólo lectura";
+    case EPERM:
+        return u"no hay permiso";
+    case EROFS:
+        return u"el disco es de sólo lectura";
     case ENOSPC:
-    case EDQUOT: return u"el disco está lleno";
-    case EFBIG: return u"el archivo es demasiado grande";
-    default: return to_text(std::strerror(error));
+    case EDQUOT:
+        return u"el disco está lleno";
+    case EFBIG:
+        return u"el archivo es demasiado grande";
+    default:
+        return to_text(std::strerror(error));
     }
 }
 
@@ -97,7 +105,8 @@ std::string read(TextView path)
     const File file = open(host, "rbe");
     std::string bytes;
     char buffer[65'536];
-    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file.get())) bytes.append(buffer, count);
+    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file.get()))
+        bytes.append(buffer, count);
     if (std::ferror(file.get())) throw device_error(to_text(host.string()), reason(errno));
     return bytes;
 }
@@ -107,7 +116,8 @@ void write(TextView path, std::string_view bytes)
     const fs::path host = host_path(path);
     File file = open(host, "wbe");
     const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
-    if (!written || std::fclose(file.release()) != 0) throw device_error(to_text(host.string()), reason(errno));
+    if (!written || std::fclose(file.release()) != 0)
+        throw device_error(to_text(host.string()), reason(errno));
 }
 
 void move_over(TextView from, TextView to)
@@ -128,6 +138,9 @@ void remove(TextView path)
     if (!removed) throw file_not_found(to_text(host.string()));
 }
 
-Text absolute_path(TextView path) { return to_text(fs::absolute(separated(path)).lexically_normal().string()); }
+Text absolute_path(TextView path)
+{
+    return to_text(fs::absolute(separated(path)).lexically_normal().string());
+}
 
 } // namespace tolvex::files

@@ -22,7 +22,8 @@ Pointer checked(Pointer made)
 std::string name_of(const Text& name)
 {
     const std::string utf8 = to_utf8(name);
-    if (name.empty() || xmlValidateName(bytes(utf8), 0) != 0) throw xml_error(u"\"" + name + u"\" no es un nombre válido");
+    if (name.empty() || xmlValidateName(bytes(utf8), 0) != 0)
+        throw xml_error(u"\"" + name + u"\" no es un nombre válido");
     return utf8;
 }
 

@@ -12,7 +12,8 @@ class File
 {
 public:
     File(const Text& path, DWORD access, DWORD disposition)
-        : handle_(CreateFileW(wide(path), access, FILE_SHARE_READ, nullptr, disposition, FILE_ATTRIBUTE_NORMAL, nullptr))
+        : handle_(CreateFileW(wide(path), access, FILE_SHARE_READ, nullptr, disposition,
+                              FILE_ATTRIBUTE_NORMAL, nullptr))
     {
         if (handle_ != INVALID_HANDLE_VALUE) return;
         const DWORD code = GetLastError();
@@ -79,7 +80,8 @@ void write(TextView path, std::string_view bytes)
 void move_over(TextView from, TextView to)
 {
     const Text target = native_path(to);
-    if (!MoveFileExW(wide(native_path(from)), wide(target), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
+    if (!MoveFileExW(wide(native_path(from)), wide(target),
+                     MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH))
         throw path_error(target, system_message(GetLastError()));
 }
 
@@ -96,7 +98,8 @@ Text absolute_path(TextView path)
 {
     const Text host = native_path(path);
     Text absolute(GetFullPathNameW(wide(host), 0, nullptr, nullptr), u'\0');
-    absolute.resize(GetFullPathNameW(wide(host), static_cast<DWORD>(absolute.size()), wide(absolute), nullptr));
+    absolute.resize(
+        GetFullPathNameW(wide(host), static_cast<DWORD>(absolute.size()), wide(absolute), nullptr));
     return absolute;
 }
 

@@ -5,8 +5,8 @@ namespace tolvex {
 Text system_message(DWORD code)
 {
     wchar_t buffer[512];
-    DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, code, 0, buffer,
-                                  std::size(buffer), nullptr);
+    DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, code,
+                                  0, buffer, std::size(buffer), nullptr);
     while (length > 0 && buffer[length - 1] <= L' ') --length;
     buffer[length] = L'\0';
     return length > 0 ? from_wide(buffer) : u"código " + to_text(std::to_string(code));
@@ -15,7 +15,8 @@ Text system_message(DWORD code)
 void check(HRESULT result, const char16_t* what)
 {
     if (SUCCEEDED(result)) return;
-    throw Error(static_cast<std::int32_t>(result), Text(what) + u": " + system_message(static_cast<DWORD>(result)));
+    throw Error(static_cast<std::int32_t>(result),
+                Text(what) + u": " + system_message(static_cast<DWORD>(result)));
 }
 
 } // namespace tolvex

@@ -3,8 +3,8 @@
 
 #include "core/errors.hpp"
 
-#include <windows.h>
 #include <objbase.h>
+#include <windows.h>
 
 namespace tolvex {
 
