@@ -7,6 +7,7 @@
 #include <string>
 #include <type_traits>
 #include <utility>
+#include <vector>
 
 inline int checks = 0, failures = 0;
 
@@ -34,11 +35,8 @@ template <class Number>
 requires std::is_arithmetic_v<Number> std::string shown(Number number)
 {
     char text[40];
-    if constexpr (std::is_floating_point_v<Number>)
-        std::snprintf(text, sizeof text, "%.15g", number);
-    else
-        std::snprintf(text, sizeof text, "%lld (%llX)", static_cast<long long>(number),
-                      static_cast<long long>(number));
+    std::snprintf(text, sizeof text, "%lld (%llX)", static_cast<long long>(number),
+                  static_cast<long long>(number));
     return text;
 }
 
@@ -87,7 +85,7 @@ class Bstr
 public:
     explicit Bstr(const wchar_t* text = nullptr) : text_(text ? SysAllocString(text) : nullptr) {}
     ~Bstr() { SysFreeString(text_); }
-    Bstr(const Bstr&) = delete;
+    Bstr(Bstr&& other) noexcept : text_(std::exchange(other.text_, nullptr)) {}
     BSTR* operator&() { return &text_; }
     std::wstring str() const { return std::wstring(text_ ? text_ : L"", SysStringLen(text_)); }
 
@@ -95,27 +93,30 @@ private:
     BSTR text_;
 };
 
+inline VARIANT of_type(int type, void* value)
+{
+    VARIANT made;
+    VariantInit(&made);
+    made.vt = static_cast<VARTYPE>(type);
+    made.byref = value;
+    return made;
+}
+
+inline VARIANT reference(int type, void* variable) { return of_type(VT_BYREF | type, variable); }
+
 struct Variant : VARIANT
 {
-    Variant() { VariantInit(this); }
-    explicit Variant(const wchar_t* text) : Variant()
-    {
-        vt = VT_BSTR;
-        bstrVal = SysAllocString(text);
-    }
-    explicit Variant(SHORT number) : Variant()
-    {
-        vt = VT_I2;
-        iVal = number;
-    }
-    explicit Variant(double number) : Variant()
-    {
-        vt = VT_R8;
-        dblVal = number;
-    }
+    Variant() : VARIANT(of_type(VT_EMPTY, nullptr)) {}
+    explicit Variant(const wchar_t* text) : VARIANT(of_type(VT_BSTR, SysAllocString(text))) {}
+    explicit Variant(SHORT number) : VARIANT(of_type(VT_I2, nullptr)) { iVal = number; }
+    explicit Variant(double number) : VARIANT(of_type(VT_R8, nullptr)) { dblVal = number; }
     ~Variant() { VariantClear(this); }
     Variant(Variant&& other) noexcept : VARIANT(other) { VariantInit(&other); }
     Variant& operator=(Variant&&) = delete;
+    std::wstring text() const
+    {
+        return vt == VT_BSTR ? std::wstring(bstrVal, SysStringLen(bstrVal)) : L"no es texto";
+    }
 };
 
 struct Apartment
@@ -138,27 +139,49 @@ Owned<Interface> create(const wchar_t* program_id)
     return made;
 }
 
+constexpr HRESULT run_time_error(int number) { return static_cast<HRESULT>(0x800A0000u + number); }
+
 // What GetErrorInfo says after a call.
 struct ErrorInformation
 {
     bool given = false;
-    std::wstring source, description;
+    Bstr source, description;
     GUID interface_id{};
 };
 
 inline ErrorInformation error_information()
 {
-    Owned<IErrorInfo> information;
     ErrorInformation found;
+    Owned<IErrorInfo> information;
     found.given = GetErrorInfo(0, information.out()) == S_OK;
     if (!found.given) return found;
-    Bstr source, description;
-    information->GetSource(&source);
-    information->GetDescription(&description);
+    information->GetSource(&found.source);
+    information->GetDescription(&found.description);
     information->GetGUID(&found.interface_id);
-    found.source = source.str();
-    found.description = description.str();
     return found;
 }
 
-constexpr HRESULT run_time_error(int number) { return static_cast<HRESULT>(0x800A0000u + number); }
+// A late-bound call and what comes of it.
+struct Answer
+{
+    HRESULT outcome = S_OK;
+    HRESULT code = S_OK; // of the exception record
+    UINT at_fault = 99;
+    Bstr source, description;
+    Variant result;
+};
+
+inline Answer invoke(IDispatch* object, DISPID id, std::vector<VARIANT> arguments_last_first,
+                     std::vector<DISPID> named = {})
+{
+    Answer answer;
+    DISPPARAMS call{arguments_last_first.data(), named.data(), static_cast<UINT>(arguments_last_first.size()),
+                    static_cast<UINT>(named.size())};
+    EXCEPINFO exception{};
+    answer.outcome = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &call, &answer.result,
+                                    &exception, &answer.at_fault);
+    answer.code = exception.scode;
+    *&answer.source = exception.bstrSource;
+    *&answer.description = exception.bstrDescription;
+    return answer;
+}

@@ -28,16 +28,6 @@ DWORD handles()
     return count;
 }
 
-void call_late(IDispatch* object, DISPID id, VARIANT* arguments, UINT count)
-{
-    DISPPARAMS call{arguments, nullptr, count, 0};
-    EXCEPINFO exception{};
-    Variant result;
-    object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &call, &result, &exception, nullptr);
-    SysFreeString(exception.bstrSource);
-    SysFreeString(exception.bstrDescription);
-}
-
 void one_round()
 {
     const auto addenda = create<TOLVEX::_Addenda>(L"TOLVEX.Addenda");
@@ -52,14 +42,10 @@ void one_round()
     docto->fgObtenFolioFactura(&rfc, &folio, &done);           // raises one
     SetErrorInfo(0, nullptr);
 
-    Variant text(L"texto"), wrong(L"abc"), variable(SHORT{5}), reference;
-    reference.vt = VT_BYREF | VT_VARIANT;
-    reference.pvarVal = &variable;
-    VARIANT refused[] = {wrong, wrong, text}, given_back[] = {reference, text}, taken[] = {text, text};
-    taken[0].vt = VT_EMPTY;
-    call_late(addenda.get(), 1, refused, 3);
-    call_late(docto.get(), 10, given_back, 2);
-    call_late(docto.get(), 10, taken, 2);
+    Variant text(L"texto"), wrong(L"abc"), variable(SHORT{5}), nothing;
+    invoke(addenda.get(), 1, {wrong, wrong, text});
+    invoke(docto.get(), 10, {reference(VT_VARIANT, &variable), text});
+    invoke(docto.get(), 10, {nothing, text});
 }
 
 void leaves_no_handle_and_no_byte()
