@@ -5,9 +5,11 @@
 
 #include <cstdio>
 #include <string>
-#include <type_traits>
 #include <utility>
 #include <vector>
+#include <wrl/client.h>
+
+using Microsoft::WRL::ComPtr;
 
 inline int checks = 0, failures = 0;
 
@@ -31,12 +33,10 @@ inline std::string shown(const std::wstring& text)
     return bytes.substr(0, static_cast<std::size_t>(length));
 }
 
-template <class Number>
-requires std::is_arithmetic_v<Number> std::string shown(Number number)
+inline std::string shown(long long number)
 {
     char text[40];
-    std::snprintf(text, sizeof text, "%lld (%llX)", static_cast<long long>(number),
-                  static_cast<long long>(number));
+    std::snprintf(text, sizeof text, "%lld (%llX)", number, number);
     return text;
 }
 
@@ -53,31 +53,6 @@ inline int end_of_checks()
     std::printf("FIN: %d comprobaciones, %d fallas\n", checks, failures);
     return failures == 0 ? 0 : 1;
 }
-
-// A reference that is released.
-template <class Interface>
-class Owned
-{
-public:
-    explicit Owned(Interface* interface_pointer = nullptr) : pointer_(interface_pointer) {}
-    Owned(Owned&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
-    Owned& operator=(Owned&& other) noexcept
-    {
-        std::swap(pointer_, other.pointer_);
-        return *this;
-    }
-    ~Owned()
-    {
-        if (pointer_) pointer_->Release();
-    }
-    Interface* operator->() const { return pointer_; }
-    Interface* get() const { return pointer_; }
-    Interface** out() { return &pointer_; }
-    explicit operator bool() const { return pointer_ != nullptr; }
-
-private:
-    Interface* pointer_;
-};
 
 // A text of the host.
 class Bstr
@@ -113,10 +88,7 @@ struct Variant : VARIANT
     ~Variant() { VariantClear(this); }
     Variant(Variant&& other) noexcept : VARIANT(other) { VariantInit(&other); }
     Variant& operator=(Variant&&) = delete;
-    std::wstring text() const
-    {
-        return vt == VT_BSTR ? std::wstring(bstrVal, SysStringLen(bstrVal)) : L"no es texto";
-    }
+    std::wstring text() const { return vt == VT_BSTR ? bstrVal : L"no es texto"; }
 };
 
 struct Apartment
@@ -126,14 +98,13 @@ struct Apartment
 };
 
 template <class Interface>
-Owned<Interface> create(const wchar_t* program_id)
+ComPtr<Interface> create(const wchar_t* program_id)
 {
-    Owned<Interface> made;
+    ComPtr<Interface> made;
     CLSID id{};
     HRESULT outcome = CLSIDFromProgID(program_id, &id);
     if (SUCCEEDED(outcome))
-        outcome = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interface),
-                                   reinterpret_cast<void**>(made.out()));
+        outcome = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&made));
     EXPECT_EQ(outcome, S_OK);
     if (!made) std::exit(end_of_checks());
     return made;
@@ -141,10 +112,9 @@ Owned<Interface> create(const wchar_t* program_id)
 
 constexpr HRESULT run_time_error(int number) { return static_cast<HRESULT>(0x800A0000u + number); }
 
-// What GetErrorInfo says after a call.
+// What GetErrorInfo says after a call; nothing when there was no error.
 struct ErrorInformation
 {
-    bool given = false;
     Bstr source, description;
     GUID interface_id{};
 };
@@ -152,9 +122,8 @@ struct ErrorInformation
 inline ErrorInformation error_information()
 {
     ErrorInformation found;
-    Owned<IErrorInfo> information;
-    found.given = GetErrorInfo(0, information.out()) == S_OK;
-    if (!found.given) return found;
+    ComPtr<IErrorInfo> information;
+    if (GetErrorInfo(0, &information) != S_OK) return found;
     information->GetSource(&found.source);
     information->GetDescription(&found.description);
     information->GetGUID(&found.interface_id);

@@ -8,24 +8,18 @@ using Ids = std::vector<DISPID>;
 void finds_names_in_any_case()
 {
     const auto docto = create<IDispatch>(L"TOLVEX.GeneraDocto");
-    struct
-    {
-        std::vector<const wchar_t*> names;
-        HRESULT outcome;
-        Ids ids;
-    } cases[] = {
-        {{L"GENERAFACTURAELECTRONICA", L"VLNFACTURA", L"vlGeneraAddenda"}, S_OK, {4, 0, 4}},
-        {{L"GeneraFacturaElectronicaDesdeArchivoPlano", L"prtContraseña", L"PRTCONTRASEÑA"},
-         S_OK,
-         {11, 3, 3}},
-        {{L"Main", L"ajeno"}, DISP_E_UNKNOWNNAME, {5, DISPID_UNKNOWN}},
-        {{L"ajeno"}, DISP_E_UNKNOWNNAME, {DISPID_UNKNOWN}},
+    std::pair<std::vector<const wchar_t*>, Ids> cases[] = {
+        {{L"GENERAFACTURAELECTRONICA", L"VLNFACTURA", L"vlGeneraAddenda"}, {4, 0, 4}},
+        {{L"GeneraFacturaElectronicaDesdeArchivoPlano", L"prtContraseña", L"PRTCONTRASEÑA"}, {11, 3, 3}},
+        {{L"Main", L"ajeno"}, {5, DISPID_UNKNOWN}},
+        {{L"ajeno"}, {DISPID_UNKNOWN}},
     };
-    for (auto& [names, outcome, ids] : cases) {
+    for (auto& [names, ids] : cases) {
         Ids found(names.size(), -2);
-        EXPECT_EQ(docto->GetIDsOfNames(IID_NULL, const_cast<LPOLESTR*>(names.data()),
-                                       static_cast<UINT>(names.size()), LOCALE_USER_DEFAULT, found.data()),
-                  outcome);
+        const HRESULT outcome =
+            docto->GetIDsOfNames(IID_NULL, const_cast<LPOLESTR*>(names.data()),
+                                 static_cast<UINT>(names.size()), LOCALE_USER_DEFAULT, found.data());
+        EXPECT_EQ(outcome, ids.back() == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK);
         EXPECT(found == ids);
     }
 }
@@ -35,7 +29,7 @@ void names_the_argument_at_fault()
 {
     const auto addenda = create<IDispatch>(L"TOLVEX.Addenda");
     Variant rfc(L"R"), rama(SHORT{1}), wrong(L"abc");
-    const Answer answer = invoke(addenda.get(), 1, {wrong, rama, rfc}, {2, 1});
+    const Answer answer = invoke(addenda.Get(), 1, {wrong, rama, rfc}, {2, 1});
     EXPECT_EQ(answer.outcome, DISP_E_EXCEPTION);
     EXPECT_EQ(answer.code, run_time_error(13));
     EXPECT_EQ(answer.at_fault, 0u);
@@ -68,7 +62,7 @@ void answers_calls_that_do_not_fit()
         {DISPID_UNKNOWN, {}, {}, DISP_E_MEMBERNOTFOUND},
     };
     for (const auto& [id, arguments, named, outcome] : calls)
-        EXPECT_EQ(invoke(addenda.get(), id, arguments, named).outcome, outcome);
+        EXPECT_EQ(invoke(addenda.Get(), id, arguments, named).outcome, outcome);
 }
 
 void answers_broken_calls()
@@ -110,13 +104,13 @@ void gives_texts_back_into_the_hosts_variables()
     VARIANT variable = reference(VT_BSTR, &inner);
     LONG typed = 7;
     for (VARIANT folio : {reference(VT_BSTR, &text), reference(VT_VARIANT, &variable), VARIANT(by_value)})
-        EXPECT_EQ(invoke(docto.get(), fgObtenFolioFactura, {folio, caja}).outcome, DISP_E_EXCEPTION);
+        EXPECT_EQ(invoke(docto.Get(), fgObtenFolioFactura, {folio, caja}).outcome, DISP_E_EXCEPTION);
     EXPECT_EQ(text.str(), L"0");
     EXPECT_EQ(inner.str(), L"0");
     EXPECT_EQ(by_value.vt, VT_I2);
 
     // A typed variable that no text fits in is refused before anything is done.
-    const Answer refused = invoke(docto.get(), fgObtenFolioFactura, {reference(VT_I4, &typed), caja});
+    const Answer refused = invoke(docto.Get(), fgObtenFolioFactura, {reference(VT_I4, &typed), caja});
     EXPECT_EQ(refused.description.str(), L"No coinciden los tipos: argumento FolioFactura");
     EXPECT_EQ(typed, 7);
 }
@@ -126,7 +120,7 @@ void leaves_the_description_of_a_trapped_error()
     const auto docto = create<IDispatch>(L"TOLVEX.GeneraDocto");
     constexpr DISPID BorraFacturaElectronica = 9;
     Variant one(SHORT{1}), folio(L"1");
-    const Answer answer = invoke(docto.get(), BorraFacturaElectronica, {folio, one, one});
+    const Answer answer = invoke(docto.Get(), BorraFacturaElectronica, {folio, one, one});
     EXPECT_EQ(answer.outcome, S_OK);
     EXPECT(answer.result.vt == VT_BOOL && answer.result.boolVal == VARIANT_FALSE);
     EXPECT(!error_information().description.str().empty());
@@ -147,11 +141,11 @@ void reads_references_of_every_type()
     for (VARIANT padre : {reference(VT_I2, &i2), reference(VT_I4, &i4), reference(VT_R8, &r8),
                           reference(VT_CY, &cy), reference(VT_BSTR, &text), reference(VT_DECIMAL, &decimal)})
         EXPECT_EQ(
-            invoke(addenda.get(), 1, {padre, reference(VT_VARIANT, &rama), reference(VT_BSTR, &rfc)}).outcome,
+            invoke(addenda.Get(), 1, {padre, reference(VT_VARIANT, &rama), reference(VT_BSTR, &rfc)}).outcome,
             S_OK);
     IDispatch* nothing = nullptr;
     EXPECT_EQ(
-        invoke(addenda.get(), 1, {reference(VT_DISPATCH, &nothing), rama, reference(VT_BSTR, &rfc)}).code,
+        invoke(addenda.Get(), 1, {reference(VT_DISPATCH, &nothing), rama, reference(VT_BSTR, &rfc)}).code,
         run_time_error(91));
     EXPECT_EQ(rama.vt, VT_BSTR); // only a parameter that gives something back changes the host's variable
 }

@@ -15,8 +15,8 @@ int main()
     EXPECT(ActivateActCtx(manifest, &cookie));
     for (const wchar_t* name : {L"TOLVEX.GeneraDocto", L"TOLVEX.ConfigFE", L"TOLVEX.Cliente",
                                 L"TOLVEX.DetFacturas", L"TOLVEX.Addenda", L"TOLVEX.Maestros"}) {
-        Owned<ITypeInfo> type;
-        EXPECT_EQ(create<IDispatch>(name)->GetTypeInfo(0, 0, type.out()), S_OK);
+        ComPtr<ITypeInfo> type;
+        EXPECT_EQ(create<IDispatch>(name)->GetTypeInfo(0, 0, type.GetAddressOf()), S_OK);
     }
     return end_of_checks();
 }

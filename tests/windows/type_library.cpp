@@ -60,24 +60,24 @@ std::string line_of(ITypeInfo* type, const std::string& class_name, const FUNCDE
     return line;
 }
 
-Owned<ITypeInfo> implemented_by(ITypeInfo* type, UINT place)
+ComPtr<ITypeInfo> implemented_by(ITypeInfo* type, UINT place)
 {
-    Owned<ITypeInfo> found;
+    ComPtr<ITypeInfo> found;
     HREFTYPE reference = 0;
     EXPECT_EQ(type->GetRefTypeOfImplType(place, &reference), S_OK);
-    EXPECT_EQ(type->GetRefTypeInfo(reference, found.out()), S_OK);
+    EXPECT_EQ(type->GetRefTypeInfo(reference, found.GetAddressOf()), S_OK);
     return found;
 }
 
 void describe(ITypeInfo* coclass, std::vector<std::string>& lines)
 {
     constexpr UINT interface_itself = static_cast<UINT>(-1); // not its view as a dispatch interface
-    const Owned<ITypeInfo> dispatch = implemented_by(coclass, 0);
-    const Owned<ITypeInfo> type = implemented_by(dispatch.get(), interface_itself);
-    EXPECT(name_of(dispatch.get()) == "_" + name_of(coclass));
+    const ComPtr<ITypeInfo> dispatch = implemented_by(coclass, 0);
+    const ComPtr<ITypeInfo> type = implemented_by(dispatch.Get(), interface_itself);
+    EXPECT(name_of(dispatch.Get()) == "_" + name_of(coclass));
     FUNCDESC* function = nullptr;
     for (UINT i = 0; type->GetFuncDesc(i, &function) == S_OK; ++i) {
-        lines.push_back(line_of(type.get(), name_of(coclass), *function));
+        lines.push_back(line_of(type.Get(), name_of(coclass), *function));
         EXPECT_EQ(function->memid, static_cast<MEMBERID>(i + 1));
         EXPECT_EQ(function->oVft, static_cast<SHORT>((methods_of_dispatch + i) * sizeof(void*)));
         type->ReleaseFuncDesc(function);
@@ -87,14 +87,14 @@ void describe(ITypeInfo* coclass, std::vector<std::string>& lines)
 std::vector<std::string> described_lines()
 {
     std::vector<std::string> lines;
-    Owned<ITypeLib> library;
-    EXPECT_EQ(LoadRegTypeLib(tolvex_library, 1, 0, LOCALE_NEUTRAL, library.out()), S_OK);
+    ComPtr<ITypeLib> library;
+    EXPECT_EQ(LoadRegTypeLib(tolvex_library, 1, 0, LOCALE_NEUTRAL, library.GetAddressOf()), S_OK);
     for (UINT i = 0; library && i < library->GetTypeInfoCount(); ++i) {
         TYPEKIND kind;
-        Owned<ITypeInfo> type;
+        ComPtr<ITypeInfo> type;
         library->GetTypeInfoType(i, &kind);
-        library->GetTypeInfo(i, type.out());
-        if (kind == TKIND_COCLASS) describe(type.get(), lines);
+        library->GetTypeInfo(i, type.GetAddressOf());
+        if (kind == TKIND_COCLASS) describe(type.Get(), lines);
     }
     return lines;
 }

@@ -27,8 +27,8 @@ struct WrongArgument
 std::vector<WrongArgument> wrong_arguments()
 {
     static const auto object = create<IDispatch>(L"TOLVEX.Addenda"); // has no default value
-    static Owned<ICreateErrorInfo> without_dispatch;
-    if (!without_dispatch) CreateErrorInfo(without_dispatch.out());
+    static ComPtr<ICreateErrorInfo> without_dispatch;
+    if (!without_dispatch) CreateErrorInfo(without_dispatch.GetAddressOf());
     static SAFEARRAY* bytes = SafeArrayCreateVector(VT_UI1, 0, 4);
     static const Variant words(L"abc");
     static VARIANT loop = reference(VT_VARIANT, &loop);
@@ -39,8 +39,8 @@ std::vector<WrongArgument> wrong_arguments()
         {"arreglo", of_type(VT_ARRAY | VT_UI1, bytes), 13},
         {"arreglo por referencia", reference(VT_ARRAY | VT_UI1, &bytes), 13},
         {"arreglo nulo", of_type(VT_ARRAY | VT_VARIANT, nullptr), 13},
-        {"objeto", of_type(VT_DISPATCH, object.get()), 13},
-        {"objeto sin despacho", of_type(VT_UNKNOWN, without_dispatch.get()), 13},
+        {"objeto", of_type(VT_DISPATCH, object.Get()), 13},
+        {"objeto sin despacho", of_type(VT_UNKNOWN, without_dispatch.Get()), 13},
         {"Nothing", of_type(VT_DISPATCH, nullptr), 91},
         {"valor de error", other_error, 13},
         {"registro", of_type(VT_RECORD, nullptr), 13},
@@ -121,14 +121,14 @@ void calls_early(IDispatch* object, const Method& method)
     }
 }
 
-Owned<IDispatch> dual_interface_of(IDispatch* object)
+ComPtr<IDispatch> dual_interface_of(IDispatch* object)
 {
-    Owned<ITypeInfo> type;
-    Owned<IDispatch> dual;
+    ComPtr<ITypeInfo> type;
+    ComPtr<IDispatch> dual;
     TYPEATTR* attributes = nullptr;
-    object->GetTypeInfo(0, LOCALE_NEUTRAL, type.out());
+    object->GetTypeInfo(0, LOCALE_NEUTRAL, type.GetAddressOf());
     type->GetTypeAttr(&attributes);
-    EXPECT_EQ(object->QueryInterface(attributes->guid, reinterpret_cast<void**>(dual.out())), S_OK);
+    EXPECT_EQ(object->QueryInterface(attributes->guid, reinterpret_cast<void**>(dual.GetAddressOf())), S_OK);
     type->ReleaseTypeAttr(attributes);
     return dual;
 }
@@ -147,8 +147,8 @@ int main(int, char** arguments)
         const auto object =
             create<IDispatch>((L"TOLVEX." + std::wstring(class_name.begin(), class_name.end())).c_str());
         const Method method = method_of(line, id);
-        calls_late(object.get(), method);
-        calls_early(dual_interface_of(object.get()).get(), method);
+        calls_late(object.Get(), method);
+        calls_early(dual_interface_of(object.Get()).Get(), method);
     }
     return end_of_checks();
 }

@@ -1,5 +1,5 @@
-' Issues every document of a flat file through the calls that a host makes, and says folio and result of each; numbers
-' are written as in the user's locale.
+' Issues every document of a flat file through the calls that a host makes, and says folio and result of each; amounts
+' are written as in the user's locale, except the totals, which have a decimal point in every locale.
 '   host.vbs FLAT_FILE FOLDER DATABASE SERVER [USER PASSWORD]
 Dim argumentos, carpeta, conexion, cliente, documento, renglones, addenda, usuario, clave, archivo, linea
 Set argumentos = WScript.Arguments
@@ -34,7 +34,9 @@ Sub Registro(v)
         Case "CLIENTE"
             renglones.InicializaDetalleFactura
             addenda.InicializaAddenda
-            ClienteCon v
+            cliente.SetDatosClientes v(1), v(2), v(3), v(4), v(5), v(6), v(7), v(8), v(9), v(10), v(11), v(12), v(13), _
+                v(14), v(15), v(16), v(17), Fecha(v(18)), carpeta, DelUsuario(v(20)), DelUsuario(v(21)), v(22), _
+                DelUsuario(v(23)), v(24), v(25), v(26)
         Case "DETALLE"
             renglones.SetDetalleDocto v(1), v(2), v(3), v(4), DelUsuario(v(5)), v(6), CDbl(DelUsuario(v(7))), _
                 CDbl(DelUsuario(v(8))), CCur(DelUsuario(v(9))), v(10)
@@ -59,18 +61,6 @@ Function Fecha(texto)
     Fecha = DateSerial(Mid(texto, 1, 4), Mid(texto, 6, 2), Mid(texto, 9, 2)) + _
         TimeSerial(Mid(texto, 12, 2), Mid(texto, 15, 2), Mid(texto, 18, 2))
 End Function
-
-' The short records leave the optional values out. The totals are texts with a decimal point in every locale.
-Sub ClienteCon(v)
-    If UBound(v) < 26 Then
-        cliente.SetDatosClientes v(1), v(2), v(3), v(4), v(5), v(6), v(7), v(8), v(9), v(10), v(11), v(12), v(13), _
-            v(14), v(15), v(16), v(17), Fecha(v(18)), carpeta
-    Else
-        cliente.SetDatosClientes v(1), v(2), v(3), v(4), v(5), v(6), v(7), v(8), v(9), v(10), v(11), v(12), v(13), _
-            v(14), v(15), v(16), v(17), Fecha(v(18)), carpeta, DelUsuario(v(20)), DelUsuario(v(21)), v(22), _
-            DelUsuario(v(23)), v(24), v(25), v(26)
-    End If
-End Sub
 
 Sub Emite(v)
     Dim folio, siguiente, resultado

@@ -13,9 +13,8 @@ work=$(dirname "$component")/emision_sql_server
 
 not_run() { echo "NO SE PROBÓ: $1" && exit 77; }
 keyword() { tr ';' '\n' <<< "$TOLVEX_PRUEBA_SQLSERVER" | sed -n "s/^ *$1 *= *//ip" | tail -n 1; }
-without_seal() { sed 's/ sello="[^"]*"//' "$1"; }
-same_but_for_the_seal() { cmp <(without_seal "$1") <(without_seal "$2"); }
-has_seal() { grep -q ' sello="[A-Za-z0-9+/]\{342\}=="' "$1"; }
+without_good_seal() { sed 's/ sello="[A-Za-z0-9+/]\{342\}=="//' "$1"; }
+same_but_for_the_seal() { cmp <(without_good_seal "$1") <(without_good_seal "$2"); }
 
 prepare() {
     rm -rf "$work"
@@ -35,7 +34,6 @@ check_documents() {
     expect "cinco documentos de cada edición" test "${#from_windows[@]} ${#from_native[@]}" = "5 5"
     for i in "${!from_native[@]}"; do
         expect "documento $i" same_but_for_the_seal "${from_windows[i]}" "${from_native[i]}"
-        expect "sello $i" has_seal "${from_windows[i]}"
     done
 }
 
