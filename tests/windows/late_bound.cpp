@@ -41,28 +41,18 @@ void answers_calls_that_do_not_fit()
 {
     const auto addenda = create<IDispatch>(L"TOLVEX.Addenda");
     Variant v(L"1");
-    const struct
-    {
-        DISPID id;
-        std::vector<VARIANT> arguments;
-        Ids named;
-        HRESULT outcome;
-    } calls[] = {
-        {1, {v, v, v}, {2, 1}, S_OK},
-        {1, {v, v, v}, {9, 1}, DISP_E_PARAMNOTFOUND},
-        {1, {v, v, v}, {-1, 1}, DISP_E_PARAMNOTFOUND},
-        {1, {v, v, v, v}, {1, 1}, DISP_E_PARAMNOTFOUND},
-        {1, {v, v, v}, {0}, DISP_E_PARAMNOTFOUND},
-        {1, {v}, {2}, DISP_E_PARAMNOTOPTIONAL},
-        {1, {}, {}, DISP_E_PARAMNOTOPTIONAL},
-        {1, {v, v, v, v, v}, {}, DISP_E_BADPARAMCOUNT},
-        {2, {v}, {}, DISP_E_BADPARAMCOUNT},
-        {0, {}, {}, DISP_E_MEMBERNOTFOUND},
-        {4, {}, {}, DISP_E_MEMBERNOTFOUND},
-        {DISPID_UNKNOWN, {}, {}, DISP_E_MEMBERNOTFOUND},
-    };
-    for (const auto& [id, arguments, named, outcome] : calls)
-        EXPECT_EQ(invoke(addenda.Get(), id, arguments, named).outcome, outcome);
+    EXPECT_EQ(invoke(addenda.Get(), 1, {v, v, v}, {2, 1}).outcome, S_OK);
+    EXPECT_EQ(invoke(addenda.Get(), 1, {v, v, v}, {9, 1}).outcome, DISP_E_PARAMNOTFOUND);
+    EXPECT_EQ(invoke(addenda.Get(), 1, {v, v, v}, {-1, 1}).outcome, DISP_E_PARAMNOTFOUND);
+    EXPECT_EQ(invoke(addenda.Get(), 1, {v, v, v, v}, {1, 1}).outcome, DISP_E_PARAMNOTFOUND);
+    EXPECT_EQ(invoke(addenda.Get(), 1, {v, v, v}, {0}).outcome, DISP_E_PARAMNOTFOUND);
+    EXPECT_EQ(invoke(addenda.Get(), 1, {v}, {2}).outcome, DISP_E_PARAMNOTOPTIONAL);
+    EXPECT_EQ(invoke(addenda.Get(), 1, {}).outcome, DISP_E_PARAMNOTOPTIONAL);
+    EXPECT_EQ(invoke(addenda.Get(), 1, {v, v, v, v, v}).outcome, DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(invoke(addenda.Get(), 2, {v}).outcome, DISP_E_BADPARAMCOUNT);
+    EXPECT_EQ(invoke(addenda.Get(), 0, {}).outcome, DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(invoke(addenda.Get(), 4, {}).outcome, DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(invoke(addenda.Get(), DISPID_UNKNOWN, {}).outcome, DISP_E_MEMBERNOTFOUND);
 }
 
 void answers_broken_calls()
@@ -70,25 +60,16 @@ void answers_broken_calls()
     const auto addenda = create<IDispatch>(L"TOLVEX.Addenda");
     Variant value(L"1");
     DISPPARAMS none{}, without_values{nullptr, nullptr, 3, 0}, more_names{&value, nullptr, 1, 2};
-    const struct
-    {
-        DISPID id;
-        const IID& reserved;
-        int kind;
-        DISPPARAMS* arguments;
-        HRESULT outcome;
-    } calls[] = {
-        {2, IID_IDispatch, DISPATCH_METHOD, &none, DISP_E_UNKNOWNINTERFACE},
-        {2, IID_NULL, DISPATCH_PROPERTYGET, &none, DISP_E_MEMBERNOTFOUND},
-        {2, IID_NULL, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none, S_OK},
-        {2, IID_NULL, DISPATCH_METHOD, nullptr, E_POINTER},
-        {1, IID_NULL, DISPATCH_METHOD, &without_values, E_POINTER},
-        {1, IID_NULL, DISPATCH_METHOD, &more_names, E_INVALIDARG},
+    const auto call = [&](DISPID id, REFIID reserved, int kind, DISPPARAMS* arguments) {
+        return addenda->Invoke(id, reserved, 0, static_cast<WORD>(kind), arguments, nullptr, nullptr,
+                               nullptr);
     };
-    for (const auto& [id, reserved, kind, arguments, outcome] : calls)
-        EXPECT_EQ(
-            addenda->Invoke(id, reserved, 0, static_cast<WORD>(kind), arguments, nullptr, nullptr, nullptr),
-            outcome);
+    EXPECT_EQ(call(2, IID_IDispatch, DISPATCH_METHOD, &none), DISP_E_UNKNOWNINTERFACE);
+    EXPECT_EQ(call(2, IID_NULL, DISPATCH_PROPERTYGET, &none), DISP_E_MEMBERNOTFOUND);
+    EXPECT_EQ(call(2, IID_NULL, DISPATCH_METHOD | DISPATCH_PROPERTYGET, &none), S_OK);
+    EXPECT_EQ(call(2, IID_NULL, DISPATCH_METHOD, nullptr), E_POINTER);
+    EXPECT_EQ(call(1, IID_NULL, DISPATCH_METHOD, &without_values), E_POINTER);
+    EXPECT_EQ(call(1, IID_NULL, DISPATCH_METHOD, &more_names), E_INVALIDARG);
     EXPECT_EQ(addenda->GetIDsOfNames(IID_NULL, nullptr, 1, 0, nullptr), E_POINTER);
     EXPECT_EQ(addenda->GetTypeInfoCount(nullptr), E_POINTER);
     EXPECT_EQ(addenda->GetTypeInfo(0, 0, nullptr), E_POINTER);

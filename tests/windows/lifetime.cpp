@@ -59,20 +59,15 @@ void leaves_no_handle_and_no_byte()
     EXPECT(grown_handles <= 0);
 }
 
-using CanUnload = HRESULT(STDMETHODCALLTYPE*)();
-
-CanUnload can_unload_of(HMODULE component)
-{
-    return reinterpret_cast<CanUnload>(reinterpret_cast<void*>(GetProcAddress(component, "DllCanUnloadNow")));
-}
-
 void counts_objects_and_locks()
 {
     ComPtr<IClassFactory> factory;
     EXPECT_EQ(
         CoGetClassObject(__uuidof(TOLVEX::Addenda), CLSCTX_INPROC_SERVER, nullptr, IID_PPV_ARGS(&factory)),
         S_OK);
-    const CanUnload can_unload = can_unload_of(GetModuleHandleW(L"TOLVEX.dll"));
+    const auto can_unload = [exported = GetProcAddress(GetModuleHandleW(L"TOLVEX.dll"), "DllCanUnloadNow")] {
+        return static_cast<HRESULT>(exported());
+    };
     EXPECT_EQ(can_unload(), S_FALSE);
     {
         ComPtr<IUnknown> object;

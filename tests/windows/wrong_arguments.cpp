@@ -8,13 +8,6 @@
 
 namespace {
 
-VARIANT of_number(double value)
-{
-    VARIANT made = of_type(VT_R8, nullptr);
-    made.dblVal = value;
-    return made;
-}
-
 struct WrongArgument
 {
     const char* name;
@@ -32,8 +25,6 @@ std::vector<WrongArgument> wrong_arguments()
     static SAFEARRAY* bytes = SafeArrayCreateVector(VT_UI1, 0, 4);
     static const Variant words(L"abc");
     static VARIANT loop = reference(VT_VARIANT, &loop);
-    VARIANT other_error = of_type(VT_ERROR, nullptr);
-    other_error.scode = E_FAIL;
     return {
         {"Null", of_type(VT_NULL, nullptr), 94},
         {"arreglo", of_type(VT_ARRAY | VT_UI1, bytes), 13},
@@ -42,7 +33,7 @@ std::vector<WrongArgument> wrong_arguments()
         {"objeto", of_type(VT_DISPATCH, object.Get()), 13},
         {"objeto sin despacho", of_type(VT_UNKNOWN, without_dispatch.Get()), 13},
         {"Nothing", of_type(VT_DISPATCH, nullptr), 91},
-        {"valor de error", other_error, 13},
+        {"valor de error", of_type(VT_ERROR, nullptr), 13},
         {"registro", of_type(VT_RECORD, nullptr), 13},
         {"tipo desconocido", of_type(0x777, nullptr), 13},
         {"tipo desconocido por referencia", reference(0x123, nullptr), 13},
@@ -52,9 +43,9 @@ std::vector<WrongArgument> wrong_arguments()
         {"variante nula", reference(VT_VARIANT, nullptr), 13},
         {"variante que se contiene", loop, 13},
         {"texto que no es número", words, 13, false},
-        {"número enorme", of_number(1e300), 6, false, false},
-        {"infinito", of_number(std::numeric_limits<double>::infinity()), 6},
-        {"no es número", of_number(std::numeric_limits<double>::quiet_NaN()), 6},
+        {"número enorme", Variant(1e300), 6, false, false},
+        {"infinito", Variant(std::numeric_limits<double>::infinity()), 6},
+        {"no es número", Variant(std::numeric_limits<double>::quiet_NaN()), 6},
     };
 }
 

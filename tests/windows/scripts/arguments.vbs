@@ -45,12 +45,8 @@ addenda.SetAddenda "R", numero, 1
 FallaCon "valor predeterminado que no es número", 13, "nRama"
 addenda.SetAddenda "R", 70000, 1
 FallaCon "fuera de rango", 6, "nRama"
-addenda.SetAddenda "R", -32769, 1
-FallaCon "bajo el rango", 6, "nRama"
 addenda.SetAddenda "R", 1, Null
 FallaCon "Null", 94, "Uso no válido de Null"
-addenda.SetAddenda Array(1, 2), 1, 1
-FallaCon "arreglo", 13, "cRfcCte"
 addenda.SetAddenda Nothing, 1, 1
 FallaCon "Nothing", 91, "cRfcCte"
 detalle.SetDetalleDocto "1", "F", "A", "P", 1E+15, "PZA", 1, 1, 1, 1
