@@ -88,7 +88,7 @@ struct Variant : VARIANT
     ~Variant() { VariantClear(this); }
     Variant(Variant&& other) noexcept : VARIANT(other) { VariantInit(&other); }
     Variant& operator=(Variant&&) = delete;
-    std::wstring text() const { return vt == VT_BSTR ? bstrVal : L"no es texto"; }
+    std::wstring text() const { return vt != VT_BSTR ? L"no es texto" : bstrVal ? bstrVal : L""; }
 };
 
 struct Apartment

@@ -124,12 +124,14 @@ void answers_a_multithreaded_host()
 
 int main()
 {
-    const Apartment apartment;
-    stores_and_answers_empty();
-    raises_errors_with_information();
-    leaves_the_description_of_a_trapped_error();
-    says_that_it_gives_error_information();
-    refuses_dates_out_of_range();
+    {
+        const Apartment apartment;
+        stores_and_answers_empty();
+        raises_errors_with_information();
+        leaves_the_description_of_a_trapped_error();
+        says_that_it_gives_error_information();
+        refuses_dates_out_of_range();
+    }
     std::thread(answers_a_multithreaded_host).join();
     return end_of_checks();
 }

@@ -20,7 +20,8 @@ std::string type_name(VARTYPE type)
 
 std::string default_value(const PARAMDESC& parameter)
 {
-    if (!(parameter.wParamFlags & PARAMFLAG_FOPT)) return "";
+    constexpr int optional = PARAMFLAG_FOPT | PARAMFLAG_FHASDEFAULT;
+    if ((parameter.wParamFlags & optional) != optional) return parameter.wParamFlags & optional ? " = ?" : "";
     VARIANT& value = parameter.pparamdescex->varDefaultValue;
     if (value.vt == VT_BOOL) return value.boolVal == VARIANT_TRUE ? " = True" : " = False";
     Variant text;
@@ -43,16 +44,16 @@ std::string line_of(ITypeInfo* type, const std::string& class_name, const FUNCDE
     type->GetNames(function.memid, names, 30, &count);
     std::string parameters, result = "none";
     for (SHORT i = 0; i < function.cParams; ++i) {
-        const auto& [described, parameter] =
-            std::pair(function.lprgelemdescParam[i].tdesc, function.lprgelemdescParam[i].paramdesc);
-        EXPECT_EQ(described.vt, VT_PTR);
+        const TYPEDESC& pointer = function.lprgelemdescParam[i].tdesc;
+        const PARAMDESC& parameter = function.lprgelemdescParam[i].paramdesc;
+        EXPECT_EQ(pointer.vt, VT_PTR);
         if (parameter.wParamFlags & PARAMFLAG_FRETVAL) {
-            result = type_name(described.lptdesc->vt);
+            result = type_name(pointer.lptdesc->vt);
             continue;
         }
         EXPECT((parameter.wParamFlags & PARAMFLAG_FIN) && (parameter.wParamFlags & PARAMFLAG_FOUT));
         parameters += (parameters.empty() ? "" : ", ") + shown(std::wstring(names[i + 1])) + " " +
-                      type_name(described.lptdesc->vt) + default_value(parameter);
+                      type_name(pointer.lptdesc->vt) + default_value(parameter);
     }
     const std::string line =
         class_name + "." + shown(std::wstring(names[0])) + "(" + parameters + ") " + result;
