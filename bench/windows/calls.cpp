@@ -58,6 +58,6 @@ int main()
     const auto detalle = create<TOLVEX::_DetFacturas>(L"TOLVEX.DetFacturas");
     std::printf(
         "SetDetalleDocto, %d bits: %.0f llamadas por segundo con enlace temprano, %.0f con enlace tardío\n",
-        static_cast<int>(sizeof(void*) * 8), early(detalle.get()), late(detalle.get()));
+        static_cast<int>(sizeof(void*) * 8), early(detalle.Get()), late(detalle.Get()));
     return end_of_checks();
 }

@@ -47,7 +47,14 @@ internal static class Factura
     {
         var conexion = new ConfigFE();
         conexion.SetDatosConexion(ref usuario, ref clave, ref baseDeDatos, ref servidor);
-        conexion.AbrirConexion();
+        try
+        {
+            conexion.AbrirConexion();
+        }
+        catch (COMException error)
+        {
+            throw new InvalidOperationException("No se pudo establecer conexión con la base de datos: " + error.Message);
+        }
     }
 
     // El receptor, los totales y el encabezado. Los totales son textos con punto decimal. Todo argumento va por

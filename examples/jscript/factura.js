@@ -24,10 +24,19 @@ function exige(resultado, mensaje) {
     if (!resultado) throw new Error(mensaje);
 }
 
+// Si el servidor no responde hay un error de automatización con el mensaje del controlador.
+function abre(conexion) {
+    try {
+        conexion.AbrirConexion();
+    } catch (error) {
+        throw new Error("No se pudo establecer conexión con la base de datos: " + error.description);
+    }
+}
+
 function emite(carpeta, folio, base, servidor, usuario, clave) {
     var conexion = new ActiveXObject("TOLVEX.ConfigFE");
     conexion.SetDatosConexion(usuario, clave, base, servidor);
-    conexion.AbrirConexion();
+    abre(conexion);
 
     // El receptor, los totales y el encabezado. Los totales son textos con punto decimal.
     var cliente = new ActiveXObject("TOLVEX.Cliente");

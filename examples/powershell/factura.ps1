@@ -25,7 +25,8 @@ function Exige($resultado, $mensaje) { if (-not $resultado) { throw "${mensaje}:
 # Si el servidor no responde hay un error con el mensaje del controlador.
 $conexion = New-Object -ComObject TOLVEX.ConfigFE
 [void] $conexion.SetDatosConexion($Usuario, $Clave, $Base, $Servidor)
-[void] $conexion.AbrirConexion()
+try { [void] $conexion.AbrirConexion() }
+catch { throw "No se pudo establecer conexión con la base de datos: $($_.Exception.Message)" }
 
 # El receptor, los totales y el encabezado. Los totales son textos con punto decimal.
 $cliente = New-Object -ComObject TOLVEX.Cliente

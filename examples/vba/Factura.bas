@@ -38,7 +38,11 @@ End Sub
 Private Sub AbreConexion()
     Dim conexion As New TOLVEX.ConfigFE
     conexion.SetDatosConexion USUARIO, CLAVE, BASE, SERVIDOR
+    On Error GoTo SinConexion
     conexion.AbrirConexion
+    Exit Sub
+SinConexion:
+    Err.Raise Err.Number, Err.Source, "No se pudo establecer conexión con la base de datos: " & Err.Description
 End Sub
 
 ' El receptor, los totales y el encabezado. Los totales son textos con punto decimal.

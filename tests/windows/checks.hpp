@@ -5,8 +5,11 @@
 
 #include <cstdio>
 #include <string>
-#include <type_traits>
 #include <utility>
+#include <vector>
+#include <wrl/client.h>
+
+using Microsoft::WRL::ComPtr;
 
 inline int checks = 0, failures = 0;
 
@@ -30,15 +33,10 @@ inline std::string shown(const std::wstring& text)
     return bytes.substr(0, static_cast<std::size_t>(length));
 }
 
-template <class Number>
-requires std::is_arithmetic_v<Number> std::string shown(Number number)
+inline std::string shown(long long number)
 {
     char text[40];
-    if constexpr (std::is_floating_point_v<Number>)
-        std::snprintf(text, sizeof text, "%.15g", number);
-    else
-        std::snprintf(text, sizeof text, "%lld (%llX)", static_cast<long long>(number),
-                      static_cast<long long>(number));
+    std::snprintf(text, sizeof text, "%lld (%llX)", number, number);
     return text;
 }
 
@@ -56,38 +54,13 @@ inline int end_of_checks()
     return failures == 0 ? 0 : 1;
 }
 
-// A reference that is released.
-template <class Interface>
-class Owned
-{
-public:
-    explicit Owned(Interface* interface_pointer = nullptr) : pointer_(interface_pointer) {}
-    Owned(Owned&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
-    Owned& operator=(Owned&& other) noexcept
-    {
-        std::swap(pointer_, other.pointer_);
-        return *this;
-    }
-    ~Owned()
-    {
-        if (pointer_) pointer_->Release();
-    }
-    Interface* operator->() const { return pointer_; }
-    Interface* get() const { return pointer_; }
-    Interface** out() { return &pointer_; }
-    explicit operator bool() const { return pointer_ != nullptr; }
-
-private:
-    Interface* pointer_;
-};
-
 // A text of the host.
 class Bstr
 {
 public:
     explicit Bstr(const wchar_t* text = nullptr) : text_(text ? SysAllocString(text) : nullptr) {}
     ~Bstr() { SysFreeString(text_); }
-    Bstr(const Bstr&) = delete;
+    Bstr(Bstr&& other) noexcept : text_(std::exchange(other.text_, nullptr)) {}
     BSTR* operator&() { return &text_; }
     std::wstring str() const { return std::wstring(text_ ? text_ : L"", SysStringLen(text_)); }
 
@@ -95,27 +68,27 @@ private:
     BSTR text_;
 };
 
+inline VARIANT of_type(int type, void* value)
+{
+    VARIANT made;
+    VariantInit(&made);
+    made.vt = static_cast<VARTYPE>(type);
+    made.byref = value;
+    return made;
+}
+
+inline VARIANT reference(int type, void* variable) { return of_type(VT_BYREF | type, variable); }
+
 struct Variant : VARIANT
 {
-    Variant() { VariantInit(this); }
-    explicit Variant(const wchar_t* text) : Variant()
-    {
-        vt = VT_BSTR;
-        bstrVal = SysAllocString(text);
-    }
-    explicit Variant(SHORT number) : Variant()
-    {
-        vt = VT_I2;
-        iVal = number;
-    }
-    explicit Variant(double number) : Variant()
-    {
-        vt = VT_R8;
-        dblVal = number;
-    }
+    Variant() : VARIANT(of_type(VT_EMPTY, nullptr)) {}
+    explicit Variant(const wchar_t* text) : VARIANT(of_type(VT_BSTR, SysAllocString(text))) {}
+    explicit Variant(SHORT number) : VARIANT(of_type(VT_I2, nullptr)) { iVal = number; }
+    explicit Variant(double number) : VARIANT(of_type(VT_R8, nullptr)) { dblVal = number; }
     ~Variant() { VariantClear(this); }
     Variant(Variant&& other) noexcept : VARIANT(other) { VariantInit(&other); }
     Variant& operator=(Variant&&) = delete;
+    std::wstring text() const { return vt != VT_BSTR ? L"no es texto" : bstrVal ? bstrVal : L""; }
 };
 
 struct Apartment
@@ -125,40 +98,59 @@ struct Apartment
 };
 
 template <class Interface>
-Owned<Interface> create(const wchar_t* program_id)
+ComPtr<Interface> create(const wchar_t* program_id)
 {
-    Owned<Interface> made;
+    ComPtr<Interface> made;
     CLSID id{};
     HRESULT outcome = CLSIDFromProgID(program_id, &id);
     if (SUCCEEDED(outcome))
-        outcome = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(Interface),
-                                   reinterpret_cast<void**>(made.out()));
+        outcome = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&made));
     EXPECT_EQ(outcome, S_OK);
     if (!made) std::exit(end_of_checks());
     return made;
 }
 
-// What GetErrorInfo says after a call.
+constexpr HRESULT run_time_error(int number) { return static_cast<HRESULT>(0x800A0000u + number); }
+
+// What GetErrorInfo says after a call; nothing when there was no error.
 struct ErrorInformation
 {
-    bool given = false;
-    std::wstring source, description;
+    Bstr source, description;
     GUID interface_id{};
 };
 
 inline ErrorInformation error_information()
 {
-    Owned<IErrorInfo> information;
     ErrorInformation found;
-    found.given = GetErrorInfo(0, information.out()) == S_OK;
-    if (!found.given) return found;
-    Bstr source, description;
-    information->GetSource(&source);
-    information->GetDescription(&description);
+    ComPtr<IErrorInfo> information;
+    if (GetErrorInfo(0, &information) != S_OK) return found;
+    information->GetSource(&found.source);
+    information->GetDescription(&found.description);
     information->GetGUID(&found.interface_id);
-    found.source = source.str();
-    found.description = description.str();
     return found;
 }
 
-constexpr HRESULT run_time_error(int number) { return static_cast<HRESULT>(0x800A0000u + number); }
+// A late-bound call and what comes of it.
+struct Answer
+{
+    HRESULT outcome = S_OK;
+    HRESULT code = S_OK; // of the exception record
+    UINT at_fault = 99;
+    Bstr source, description;
+    Variant result;
+};
+
+inline Answer invoke(IDispatch* object, DISPID id, std::vector<VARIANT> arguments_last_first,
+                     std::vector<DISPID> named = {})
+{
+    Answer answer;
+    DISPPARAMS call{arguments_last_first.data(), named.data(), static_cast<UINT>(arguments_last_first.size()),
+                    static_cast<UINT>(named.size())};
+    EXCEPINFO exception{};
+    answer.outcome = object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &call, &answer.result,
+                                    &exception, &answer.at_fault);
+    answer.code = exception.scode;
+    *&answer.source = exception.bstrSource;
+    *&answer.description = exception.bstrDescription;
+    return answer;
+}

@@ -1,52 +1,38 @@
-// A host bound early, through the interfaces of the type library.
+// A host bound early, through the interfaces of the type library, in the apartment of the component and in
+// another.
 #include "checks.hpp"
+
+#include <thread>
 
 namespace {
 
 void stores_and_answers_empty()
 {
     const auto addenda = create<TOLVEX::_Addenda>(L"TOLVEX.Addenda");
-    Bstr rfc(L"ABC010101AAA"), value(L"ñandú");
+    Bstr rfc(L"ABC010101AAA"), value(L"ñandú"), none;
     SHORT rama = 3, padre = 1;
     LONG renglon = 2;
-    Variant result(L"basura de antes");
-    VariantClear(&result);
+    Variant result(SHORT{7});
     EXPECT_EQ(addenda->SetAddenda(&rfc, &rama, &padre, &value, &result), S_OK);
     EXPECT_EQ(result.vt, VT_EMPTY);
     EXPECT_EQ(addenda->SetAddendaDet(&renglon, &rfc, &rama, &padre, &value, &result), S_OK);
-    EXPECT_EQ(addenda->InicializaAddenda(&result), S_OK);
     EXPECT_EQ(rfc.str(), L"ABC010101AAA");
-}
-
-// A text pointer without a text is the empty text.
-void takes_a_null_text_as_empty()
-{
-    const auto addenda = create<TOLVEX::_Addenda>(L"TOLVEX.Addenda");
-    Bstr none;
-    SHORT rama = 1, padre = 1;
-    Variant result;
-    EXPECT_EQ(addenda->SetAddenda(&none, &rama, &padre, &none, &result), S_OK);
+    EXPECT_EQ(addenda->SetAddenda(&none, &rama, &padre, &none, &result), S_OK); // no text is the empty text
     EXPECT(none.str().empty());
 }
 
+// Not trapped: the error reaches the host, with the text already given back.
 void raises_errors_with_information()
 {
     const auto docto = create<TOLVEX::_GeneraDocto>(L"TOLVEX.GeneraDocto");
-    const auto fe = create<TOLVEX::_ConfigFE>(L"TOLVEX.ConfigFE");
-    VARIANT_BOOL done = VARIANT_FALSE;
-    EXPECT_EQ(fe->CierraConexion(&done), S_OK);
-    EXPECT_EQ(done, VARIANT_TRUE);
-
-    // Not trapped: an error reaches the host, with the text already given back.
+    VARIANT_BOOL done = VARIANT_TRUE;
     Bstr caja(L"1"), folio(L"basura");
-    const HRESULT outcome = docto->fgObtenFolioFactura(&caja, &folio, &done);
+    EXPECT(FAILED(docto->fgObtenFolioFactura(&caja, &folio, &done)));
     const ErrorInformation raised = error_information();
-    EXPECT(FAILED(outcome));
     EXPECT_EQ(done, VARIANT_FALSE);
     EXPECT_EQ(folio.str(), L"0");
-    EXPECT(raised.given);
-    EXPECT_EQ(raised.source, L"TOLVEX.GeneraDocto");
-    EXPECT(!raised.description.empty());
+    EXPECT_EQ(raised.source.str(), L"TOLVEX.GeneraDocto");
+    EXPECT(!raised.description.str().empty());
     EXPECT(raised.interface_id == __uuidof(TOLVEX::_GeneraDocto));
 }
 
@@ -59,38 +45,37 @@ void leaves_the_description_of_a_trapped_error()
     EXPECT_EQ(docto->BorraFacturaElectronica(&one, &one, &folio, &done), S_OK);
     EXPECT_EQ(done, VARIANT_FALSE);
     const ErrorInformation trapped = error_information();
-    EXPECT(trapped.given);
-    EXPECT_EQ(trapped.source, L"TOLVEX.GeneraDocto");
-    EXPECT(!trapped.description.empty());
+    EXPECT_EQ(trapped.source.str(), L"TOLVEX.GeneraDocto");
+    EXPECT(!trapped.description.str().empty());
 
     // The next call starts without it.
     docto->BorraFacturaElectronica(&one, &one, &folio, &done);
     EXPECT_EQ(docto->Main(), S_OK);
-    EXPECT(!error_information().given);
+    EXPECT(error_information().description.str().empty());
 }
 
 void says_that_it_gives_error_information()
 {
     const auto docto = create<TOLVEX::_GeneraDocto>(L"TOLVEX.GeneraDocto");
-    Owned<ISupportErrorInfo> support;
-    EXPECT_EQ(docto->QueryInterface(IID_ISupportErrorInfo, reinterpret_cast<void**>(support.out())), S_OK);
+    ComPtr<ISupportErrorInfo> support;
+    EXPECT_EQ(docto->QueryInterface(IID_PPV_ARGS(&support)), S_OK);
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(TOLVEX::_GeneraDocto)), S_OK);
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(TOLVEX::_Cliente)), S_FALSE);
 
-    Owned<IUnknown> identity, other_identity;
-    docto->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(identity.out()));
-    support->QueryInterface(IID_IUnknown, reinterpret_cast<void**>(other_identity.out()));
-    EXPECT(identity.get() == other_identity.get());
+    ComPtr<IUnknown> identity, other_identity;
+    docto->QueryInterface(IID_PPV_ARGS(&identity));
+    support->QueryInterface(IID_PPV_ARGS(&other_identity));
+    EXPECT(identity.Get() == other_identity.Get());
     void* none = &none;
     EXPECT_EQ(docto->QueryInterface(__uuidof(TOLVEX::_Cliente), &none), E_NOINTERFACE);
     EXPECT(none == nullptr);
 }
 
-void refuses_values_out_of_range()
+// No coercion stands between: the component itself has to look at the number of days.
+void refuses_dates_out_of_range()
 {
-    const auto docto = create<TOLVEX::_GeneraDocto>(L"TOLVEX.GeneraDocto");
     const auto cliente = create<TOLVEX::_Cliente>(L"TOLVEX.Cliente");
-    Bstr text(L"x");
+    Bstr text(L"1");
     SHORT one = 1;
     CY amount{};
     Variant result;
@@ -99,20 +84,54 @@ void refuses_values_out_of_range()
             &text, &text, &text, &text, &text, &text, &text, &text, &text, &text, &text, &text, &text, &text,
             &text, &one, &text, &date, &text, &amount, &amount, &text, &amount, &text, &text, &text, &result);
         EXPECT_EQ(outcome, run_time_error(6));
-        EXPECT_EQ(error_information().source, L"TOLVEX.Cliente");
+        EXPECT_EQ(error_information().source.str(), L"TOLVEX.Cliente");
     }
+}
+
+// The functions behind the pointer are not the component's own.
+bool is_proxy(IUnknown* object)
+{
+    HMODULE module = nullptr;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_UNCHANGED_REFCOUNT,
+                       **reinterpret_cast<wchar_t***>(object), &module);
+    return module != GetModuleHandleW(L"TOLVEX.dll");
+}
+
+// A multithreaded host gets a proxy: arguments by reference and the texts given back cross the apartment.
+void answers_a_multithreaded_host()
+{
+    const Apartment apartment(COINIT_MULTITHREADED);
+    const auto addenda = create<TOLVEX::_Addenda>(L"TOLVEX.Addenda");
+    Bstr rfc(L"R"), value(L"ñ"), folio(L"antes");
+    SHORT rama = 1;
+    Variant result(SHORT{7});
+    EXPECT_EQ(addenda->SetAddenda(&rfc, &rama, &rama, &value, &result), S_OK);
+    EXPECT_EQ(result.vt, VT_EMPTY);
+
+    const auto docto = create<TOLVEX::_GeneraDocto>(L"TOLVEX.GeneraDocto");
+    EXPECT(is_proxy(docto.Get()));
+    VARIANT_BOOL done = VARIANT_TRUE;
+    EXPECT(FAILED(docto->fgObtenFolioFactura(&rfc, &folio, &done)));
+
+    Variant caja(L"1"), variable(SHORT{5});
+    const Answer answer = invoke(docto.Get(), 10, {reference(VT_VARIANT, &variable), caja});
+    EXPECT_EQ(answer.outcome, DISP_E_EXCEPTION);
+    EXPECT_EQ(answer.source.str(), L"TOLVEX.GeneraDocto");
+    EXPECT_EQ(variable.text(), L"0");
 }
 
 } // namespace
 
 int main()
 {
-    const Apartment apartment;
-    stores_and_answers_empty();
-    takes_a_null_text_as_empty();
-    raises_errors_with_information();
-    leaves_the_description_of_a_trapped_error();
-    says_that_it_gives_error_information();
-    refuses_values_out_of_range();
+    {
+        const Apartment apartment;
+        stores_and_answers_empty();
+        raises_errors_with_information();
+        leaves_the_description_of_a_trapped_error();
+        says_that_it_gives_error_information();
+        refuses_dates_out_of_range();
+    }
+    std::thread(answers_a_multithreaded_host).join();
     return end_of_checks();
 }

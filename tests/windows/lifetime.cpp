@@ -8,11 +8,11 @@ namespace {
 constexpr int rounds = 10'000, warm_up = 500;
 
 // Busy bytes of every heap of the process.
-std::size_t heap_bytes()
+long long heap_bytes()
 {
     HANDLE heaps[64];
     const DWORD count = GetProcessHeaps(64, heaps);
-    std::size_t bytes = 0;
+    long long bytes = 0;
     for (DWORD i = 0; i < count && i < 64; ++i) {
         PROCESS_HEAP_ENTRY entry{};
         while (HeapWalk(heaps[i], &entry))
@@ -21,21 +21,11 @@ std::size_t heap_bytes()
     return bytes;
 }
 
-DWORD handles()
+long long handles()
 {
     DWORD count = 0;
     GetProcessHandleCount(GetCurrentProcess(), &count);
     return count;
-}
-
-void call_late(IDispatch* object, DISPID id, VARIANT* arguments, UINT count)
-{
-    DISPPARAMS call{arguments, nullptr, count, 0};
-    EXCEPINFO exception{};
-    Variant result;
-    object->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &call, &result, &exception, nullptr);
-    SysFreeString(exception.bstrSource);
-    SysFreeString(exception.bstrDescription);
 }
 
 void one_round()
@@ -52,66 +42,50 @@ void one_round()
     docto->fgObtenFolioFactura(&rfc, &folio, &done);           // raises one
     SetErrorInfo(0, nullptr);
 
-    Variant text(L"texto"), wrong(L"abc"), variable(SHORT{5}), reference;
-    reference.vt = VT_BYREF | VT_VARIANT;
-    reference.pvarVal = &variable;
-    VARIANT refused[] = {wrong, wrong, text}, given_back[] = {reference, text}, taken[] = {text, text};
-    taken[0].vt = VT_EMPTY;
-    call_late(addenda.get(), 1, refused, 3);
-    call_late(docto.get(), 10, given_back, 2);
-    call_late(docto.get(), 10, taken, 2);
+    Variant text(L"texto"), wrong(L"abc"), variable(SHORT{5}), nothing;
+    invoke(addenda.Get(), 1, {wrong, wrong, text});
+    invoke(docto.Get(), 10, {reference(VT_VARIANT, &variable), text});
+    invoke(docto.Get(), 10, {nothing, text});
 }
 
 void leaves_no_handle_and_no_byte()
 {
     for (int i = 0; i < warm_up; ++i) one_round();
-    const std::size_t bytes_before = heap_bytes();
-    const DWORD handles_before = handles();
+    const long long bytes_before = heap_bytes(), handles_before = handles();
     for (int i = 0; i < rounds; ++i) one_round();
-    const auto grown = static_cast<long long>(heap_bytes()) - static_cast<long long>(bytes_before);
-    std::printf("crecen %lld bytes y %ld handles en %d vueltas\n", grown,
-                static_cast<long>(handles()) - static_cast<long>(handles_before), rounds);
-    EXPECT(grown < rounds); // less than a byte a round: nothing is lost each time
-    EXPECT(handles() <= handles_before);
-}
-
-using CanUnload = HRESULT(STDMETHODCALLTYPE*)();
-
-CanUnload can_unload_of(HMODULE component)
-{
-    return reinterpret_cast<CanUnload>(reinterpret_cast<void*>(GetProcAddress(component, "DllCanUnloadNow")));
+    const long long bytes = heap_bytes() - bytes_before, grown_handles = handles() - handles_before;
+    std::printf("crecen %lld bytes y %lld handles en %d vueltas\n", bytes, grown_handles, rounds);
+    EXPECT(bytes < rounds); // less than a byte a round: nothing is lost each time
+    EXPECT(grown_handles <= 0);
 }
 
 void counts_objects_and_locks()
 {
-    Owned<IClassFactory> factory;
-    EXPECT_EQ(CoGetClassObject(__uuidof(TOLVEX::Addenda), CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
-                               reinterpret_cast<void**>(factory.out())),
-              S_OK);
-    const CanUnload can_unload = can_unload_of(GetModuleHandleW(L"TOLVEX.dll"));
+    ComPtr<IClassFactory> factory;
+    EXPECT_EQ(
+        CoGetClassObject(__uuidof(TOLVEX::Addenda), CLSCTX_INPROC_SERVER, nullptr, IID_PPV_ARGS(&factory)),
+        S_OK);
+    const auto can_unload = [exported = GetProcAddress(GetModuleHandleW(L"TOLVEX.dll"), "DllCanUnloadNow")] {
+        return static_cast<HRESULT>(exported());
+    };
     EXPECT_EQ(can_unload(), S_FALSE);
     {
-        Owned<IUnknown> object;
-        EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, reinterpret_cast<void**>(object.out())),
-                  S_OK);
+        ComPtr<IUnknown> object;
+        EXPECT_EQ(factory->CreateInstance(nullptr, IID_PPV_ARGS(&object)), S_OK);
         EXPECT_EQ(factory->LockServer(TRUE), S_OK);
-        factory = Owned<IClassFactory>();
+        factory = nullptr;
         EXPECT_EQ(can_unload(), S_FALSE);
         EXPECT_EQ(object->AddRef(), 2u);
         EXPECT_EQ(object->Release(), 1u);
     }
     EXPECT_EQ(can_unload(), S_FALSE); // the lock
-    CoGetClassObject(__uuidof(TOLVEX::Addenda), CLSCTX_INPROC_SERVER, nullptr, IID_IClassFactory,
-                     reinterpret_cast<void**>(factory.out()));
+    CoGetClassObject(__uuidof(TOLVEX::Addenda), CLSCTX_INPROC_SERVER, nullptr, IID_PPV_ARGS(&factory));
     EXPECT_EQ(factory->LockServer(FALSE), S_OK);
-    Owned<IUnknown> outer(static_cast<IUnknown*>(factory.get()));
-    outer->AddRef();
     void* none = &none;
-    EXPECT_EQ(factory->CreateInstance(outer.get(), IID_IUnknown, &none), CLASS_E_NOAGGREGATION);
+    EXPECT_EQ(factory->CreateInstance(factory.Get(), IID_IUnknown, &none), CLASS_E_NOAGGREGATION);
     EXPECT(none == nullptr);
     EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
-    outer = Owned<IUnknown>();
-    factory = Owned<IClassFactory>();
+    factory = nullptr;
     EXPECT_EQ(can_unload(), S_OK);
 
     // Once something is staged it belongs to the process: unloading would lose it.

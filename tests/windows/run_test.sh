@@ -9,6 +9,7 @@
 set -euo pipefail
 
 here=$(dirname "$(readlink -f "$0")")
+. "$here/checks.sh"
 runner=$here/run_in_testbed.sh
 seconds=${TOLVEX_TEST_SECONDS:-120}
 
@@ -23,22 +24,19 @@ registers=yes
 case $1 in --unregistered | --registered) registers= && shift ;; esac
 test=$1
 shift
-[ "$bits" = 64 ] && system='C:\windows\system32' || system='C:\windows\syswow64'
 
 windows() { "$runner" "$bits" "$seconds" "$@"; }
-windows_path() { echo "Z:${1//\//\\}"; }
 
 # Output and sources of script hosts are in code pages.
 run_script() {
-    local extension=${1##*.} folder joined
-    folder=$(mktemp -d)
-    joined=$folder/${1##*/}
-    cat "$here/scripts/grammar.$extension" "$1" | iconv -f UTF-8 -t CP1252 > "$joined"
+    local joined
+    joined=$(mktemp -d)/${1##*/}
+    cat "$here/scripts/grammar.${1##*.}" "$1" | iconv -f UTF-8 -t CP1252 > "$joined"
     shift
-    windows "$system\\cscript.exe" //nologo "$(windows_path "$joined")" "$@" | iconv -f CP850 -t UTF-8
+    windows "$(system_folder "$bits")\\cscript.exe" //nologo "$(windows_path "$joined")" "$@" | iconv -f CP850 -t UTF-8
 }
 
-register() { windows "$system\\regsvr32.exe" /s "$@" "$(windows_path "$component")"; }
+register() { windows "$(system_folder "$bits")\\regsvr32.exe" /s "$@" "$(windows_path "$component")"; }
 
 run() {
     case $test in

@@ -7,6 +7,7 @@ int main()
     EXPECT(unseen != nullptr);
     EXPECT(SetProcessWindowStation(unseen));
 
+    DeleteFileW(L"servicio.db");
     const Apartment apartment;
     const auto connection = create<TOLVEX::_ConfigFE>(L"TOLVEX.ConfigFE");
     const auto document = create<TOLVEX::_GeneraDocto>(L"TOLVEX.GeneraDocto");
@@ -20,8 +21,8 @@ int main()
     // There is no folio range: a message.
     EXPECT_EQ(document->GeneraFacturaElectronica(&folio, &yes, &kind, &rate, &yes, &done), S_OK);
     EXPECT_EQ(done, VARIANT_FALSE);
-    EXPECT(error_information().description.find(L"No se pudo obtener los datos de los folios digitales") ==
-           0);
+    EXPECT(error_information().description.str().find(
+               L"No se pudo obtener los datos de los folios digitales") == 0);
     connection->CierraConexion(&done);
     return end_of_checks();
 }

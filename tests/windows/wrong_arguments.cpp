@@ -1,52 +1,12 @@
-// Every parameter of every public method with every kind of wrong argument, late and early: an error, never a
-// crash. One argument is wrong at a time, so that no method gets as far as doing anything.
-#include "described.hpp"
+// wrong_arguments SURFACE: every parameter of every public method with every kind of wrong argument, late and
+// early: an error, never a crash. One argument is wrong at a time, so that no method gets as far as doing
+// anything.
+#include "surface.hpp"
 
 #include <limits>
+#include <sstream>
 
 namespace {
-
-// A host object without a default value.
-struct PlainObject final : IDispatch
-{
-    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** found) override
-    {
-        *found = id == IID_IUnknown || id == IID_IDispatch ? this : nullptr;
-        return *found ? S_OK : E_NOINTERFACE;
-    }
-    ULONG STDMETHODCALLTYPE AddRef() override { return 2; }
-    ULONG STDMETHODCALLTYPE Release() override { return 1; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT*) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetTypeInfo(UINT, LCID, ITypeInfo**) override { return E_NOTIMPL; }
-    HRESULT STDMETHODCALLTYPE GetIDsOfNames(REFIID, LPOLESTR*, UINT, LCID, DISPID*) override
-    {
-        return E_NOTIMPL;
-    }
-    HRESULT STDMETHODCALLTYPE Invoke(DISPID, REFIID, LCID, WORD, DISPPARAMS*, VARIANT*, EXCEPINFO*,
-                                     UINT*) override
-    {
-        return DISP_E_MEMBERNOTFOUND;
-    }
-};
-
-PlainObject plain_object;
-SAFEARRAY* bytes = nullptr;
-
-VARIANT of_type(VARTYPE type, void* value)
-{
-    VARIANT made;
-    VariantInit(&made);
-    made.vt = type;
-    made.byref = value;
-    return made;
-}
-
-VARIANT of_number(double value)
-{
-    VARIANT made = of_type(VT_R8, nullptr);
-    made.dblVal = value;
-    return made;
-}
 
 struct WrongArgument
 {
@@ -59,98 +19,127 @@ struct WrongArgument
 
 std::vector<WrongArgument> wrong_arguments()
 {
-    static BSTR words = SysAllocString(L"abc");
-    VARIANT other_error = of_type(VT_ERROR, nullptr);
-    other_error.scode = E_FAIL;
+    static const auto object = create<IDispatch>(L"TOLVEX.Addenda"); // has no default value
+    static ComPtr<ICreateErrorInfo> without_dispatch;
+    if (!without_dispatch) CreateErrorInfo(without_dispatch.GetAddressOf());
+    static SAFEARRAY* bytes = SafeArrayCreateVector(VT_UI1, 0, 4);
+    static const Variant words(L"abc");
+    static VARIANT loop = reference(VT_VARIANT, &loop);
     return {
         {"Null", of_type(VT_NULL, nullptr), 94},
         {"arreglo", of_type(VT_ARRAY | VT_UI1, bytes), 13},
-        {"arreglo por referencia", of_type(VT_ARRAY | VT_BYREF | VT_UI1, &bytes), 13},
+        {"arreglo por referencia", reference(VT_ARRAY | VT_UI1, &bytes), 13},
         {"arreglo nulo", of_type(VT_ARRAY | VT_VARIANT, nullptr), 13},
-        {"objeto", of_type(VT_DISPATCH, &plain_object), 13},
-        {"objeto sin despacho", of_type(VT_UNKNOWN, static_cast<IUnknown*>(&plain_object)), 13},
+        {"objeto", of_type(VT_DISPATCH, object.Get()), 13},
+        {"objeto sin despacho", of_type(VT_UNKNOWN, without_dispatch.Get()), 13},
         {"Nothing", of_type(VT_DISPATCH, nullptr), 91},
-        {"valor de error", other_error, 13},
+        {"valor de error", of_type(VT_ERROR, nullptr), 13},
         {"registro", of_type(VT_RECORD, nullptr), 13},
         {"tipo desconocido", of_type(0x777, nullptr), 13},
-        {"referencia nula", of_type(VT_BYREF | VT_BSTR, nullptr), 13},
-        {"variante nula", of_type(VT_BYREF | VT_VARIANT, nullptr), 13},
-        {"texto que no es número", of_type(VT_BSTR, words), 13, false},
-        {"número enorme", of_number(1e300), 6, false, false},
-        {"infinito", of_number(std::numeric_limits<double>::infinity()), 6},
-        {"no es número", of_number(std::numeric_limits<double>::quiet_NaN()), 6},
+        {"tipo desconocido por referencia", reference(0x123, nullptr), 13},
+        {"texto nulo por referencia", reference(VT_BSTR, nullptr), 13},
+        {"entero nulo por referencia", reference(VT_I2, nullptr), 13},
+        {"decimal nulo por referencia", reference(VT_DECIMAL, nullptr), 13},
+        {"variante nula", reference(VT_VARIANT, nullptr), 13},
+        {"variante que se contiene", loop, 13},
+        {"texto que no es número", words, 13, false},
+        {"número enorme", Variant(1e300), 6, false, false},
+        {"infinito", Variant(std::numeric_limits<double>::infinity()), 6},
+        {"no es número", Variant(std::numeric_limits<double>::quiet_NaN()), 6},
     };
 }
 
-bool is_wrong_for(const WrongArgument& argument, VARTYPE type)
+bool is_wrong_for(const WrongArgument& argument, const std::string& type)
 {
-    if (type == VT_BSTR) return argument.for_text;
-    if (type == VT_BOOL || type == VT_VARIANT) return argument.for_boolean;
+    if (type == "text") return argument.for_text;
+    if (type == "Boolean" || type == "variant") return argument.for_boolean;
     return true;
 }
 
-void calls_late(IDispatch* object, const DescribedClass& described, const DescribedMethod& method)
+struct Method
 {
-    for (std::size_t wrong = 0; wrong < method.parameters.size(); ++wrong) {
+    std::string name; // with its class
+    DISPID id;
+    std::vector<std::string> types;
+    bool has_result;
+};
+
+Method method_of(const std::string& line, DISPID id)
+{
+    const auto open = line.find('('), close = line.rfind(')');
+    Method method{line.substr(0, open), id, {}, line.substr(close) != ") none"};
+    std::istringstream parameters(line.substr(open + 1, close - open - 1));
+    for (std::string parameter; std::getline(parameters >> std::ws, parameter, ',');) {
+        std::string name, type;
+        std::istringstream(parameter) >> name >> type;
+        method.types.push_back(type);
+    }
+    return method;
+}
+
+void calls_late(IDispatch* object, const Method& method)
+{
+    for (std::size_t wrong = 0; wrong < method.types.size(); ++wrong) {
         for (const WrongArgument& kind : wrong_arguments()) {
-            if (!is_wrong_for(kind, method.parameters[wrong].type)) continue;
-            std::vector<VARIANT> arguments(method.parameters.size(), of_type(VT_EMPTY, nullptr));
+            if (!is_wrong_for(kind, method.types[wrong])) continue;
+            std::vector<VARIANT> arguments(method.types.size(), of_type(VT_EMPTY, nullptr));
             arguments[arguments.size() - 1 - wrong] = kind.value;
-            DISPPARAMS call{arguments.data(), nullptr, static_cast<UINT>(arguments.size()), 0};
-            EXCEPINFO exception{};
-            UINT at_fault = 99;
-            Variant result;
-            const HRESULT outcome = object->Invoke(method.id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD,
-                                                   &call, &result, &exception, &at_fault);
-            const std::string what =
-                shown(described.name + L"." + method.name + L"(" + method.parameters[wrong].name + L") ") +
-                kind.name + ": " + shown(outcome) + " " + shown(exception.scode);
-            expect(outcome == DISP_E_EXCEPTION && exception.scode == run_time_error(kind.error), what,
+            const Answer answer = invoke(object, method.id, arguments);
+            expect(answer.outcome == DISP_E_EXCEPTION && answer.code == run_time_error(kind.error),
+                   method.name + ", argumento " + shown(wrong) + " " + kind.name + ": " + shown(answer.code),
                    __LINE__);
-            SysFreeString(exception.bstrSource);
-            SysFreeString(exception.bstrDescription);
         }
     }
 }
 
 // Calls the method through its table of functions with a null pointer in one place, the result's included.
-void calls_early(IDispatch* object, const DescribedClass& described, const DescribedMethod& method)
+void calls_early(IDispatch* object, const Method& method)
 {
-    const std::size_t pointers = method.parameters.size() + (method.result == VT_EMPTY ? 0 : 1);
+    const std::size_t pointers = method.types.size() + method.has_result;
+    const ULONG_PTR offset = (methods_of_dispatch + static_cast<ULONG_PTR>(method.id) - 1) * sizeof(void*);
     LONGLONG zeros[4] = {};
     for (std::size_t null = 0; null < pointers; ++null) {
-        std::vector<VARIANT> values(pointers);
+        std::vector<VARIANT> values(pointers, reference(VT_I4, zeros));
         std::vector<VARIANT*> addresses;
         std::vector<VARTYPE> types(pointers, VT_BYREF | VT_I4);
-        for (std::size_t i = 0; i < pointers; ++i) {
-            values[i] = of_type(VT_BYREF | VT_I4, i == null ? nullptr : zeros);
-            addresses.push_back(&values[i]);
-        }
+        values[null].byref = nullptr;
+        for (VARIANT& value : values) addresses.push_back(&value);
         Variant outcome;
-        const HRESULT called =
-            DispCallFunc(object, method.offset, CC_STDCALL, VT_ERROR, static_cast<UINT>(pointers),
-                         types.data(), addresses.data(), &outcome);
-        const std::string what = shown(described.name + L"." + method.name) + " con puntero nulo " +
-                                 shown(null) + ": " + shown(outcome.scode);
-        expect(called == S_OK && outcome.scode == E_POINTER, what, __LINE__);
+        const HRESULT called = DispCallFunc(object, offset, CC_STDCALL, VT_ERROR, static_cast<UINT>(pointers),
+                                            types.data(), addresses.data(), &outcome);
+        expect(called == S_OK && outcome.scode == E_POINTER,
+               method.name + ", puntero nulo " + shown(null) + ": " + shown(outcome.scode), __LINE__);
     }
+}
+
+ComPtr<IDispatch> dual_interface_of(IDispatch* object)
+{
+    ComPtr<ITypeInfo> type;
+    ComPtr<IDispatch> dual;
+    TYPEATTR* attributes = nullptr;
+    object->GetTypeInfo(0, LOCALE_NEUTRAL, type.GetAddressOf());
+    type->GetTypeAttr(&attributes);
+    EXPECT_EQ(object->QueryInterface(attributes->guid, reinterpret_cast<void**>(dual.GetAddressOf())), S_OK);
+    type->ReleaseTypeAttr(attributes);
+    return dual;
 }
 
 } // namespace
 
-int main()
+int main(int, char** arguments)
 {
     const Apartment apartment;
-    bytes = SafeArrayCreateVector(VT_UI1, 0, 4);
-    for (const DescribedClass& described : described_classes()) {
-        const auto dispatch = create<IDispatch>((L"TOLVEX." + described.name).c_str());
-        Owned<IDispatch> dual;
-        EXPECT_EQ(dispatch->QueryInterface(described.interface_id, reinterpret_cast<void**>(dual.out())),
-                  S_OK);
-        for (const DescribedMethod& method : described.methods) {
-            calls_late(dispatch.get(), described, method);
-            calls_early(dual.get(), described, method);
-        }
+    std::string last_class;
+    DISPID id = 0;
+    for (const std::string& line : surface_lines(arguments[1])) {
+        const std::string class_name = line.substr(0, line.find('.'));
+        id = class_name == last_class ? id + 1 : 1;
+        last_class = class_name;
+        const auto object =
+            create<IDispatch>((L"TOLVEX." + std::wstring(class_name.begin(), class_name.end())).c_str());
+        const Method method = method_of(line, id);
+        calls_late(object.Get(), method);
+        calls_early(dual_interface_of(object.Get()).Get(), method);
     }
     return end_of_checks();
 }

@@ -1,7 +1,6 @@
-' flat_file.vbs FOLDER: issues FOLDER\documents.txt.
-Dim docto, carpeta
+' flat_file.vbs FOLDER: the component issues FOLDER\documentos.txt by itself.
+Dim carpeta
 carpeta = WScript.Arguments(0)
-Set docto = CreateObject("TOLVEX.GeneraDocto")
-Igual "documentos emitidos", docto.GeneraFacturaElectronicaDesdeArchivoPlano(carpeta, "documents.txt", "", "", "sqlite:", _
-    carpeta & "\facturas.db"), "A1,A2,NC5,B77"
+Igual "documentos emitidos", CreateObject("TOLVEX.GeneraDocto").GeneraFacturaElectronicaDesdeArchivoPlano(carpeta, _
+    "documentos.txt", "", "", "sqlite:", carpeta & "\tolvex.db"), "A4,A5,NC2,A6,A00000777"
 Fin
