@@ -68,12 +68,9 @@ TEST_F(SqlServer, every_type_of_column_reads_into_its_kind_of_value)
     const Text huge = u"12345678901234567890123"; // too big for an amount
     const std::pair<Text, Value> types[] = {
         {u"cast(-7.25 as money)", Currency(-7.25)},
-        {u"cast(7.25 as smallmoney)", Currency(7.25)},
         {u"cast(0.0001 as decimal(19,4))", Currency::from_scaled(1)},
         {u"cast(" + huge + u" as numeric(30,0))", huge},
         {u"cast(1.5 as float)", 1.5},
-        {u"cast(1.5 as real)", 1.5},
-        {u"cast(255 as tinyint)", 255},
         {u"cast(-32768 as smallint)", -32'768},
         {u"cast(5000000000 as bigint)", std::int64_t{5'000'000'000}},
         {u"cast(1 as bit)", true},
@@ -81,7 +78,6 @@ TEST_F(SqlServer, every_type_of_column_reads_into_its_kind_of_value)
         {u"cast('2011-03-05' as date)", Date::of(2011, 3, 5)},
         {u"cast('ñ' as varchar(9))", u"ñ"},
         {u"cast(N'€' as nvarchar(max))", u"€"},
-        {u"cast('y' as text)", u"y"},
         {u"cast('a' as char(3))", u"a  "},
         {u"cast(null as money)", Value()},
     };

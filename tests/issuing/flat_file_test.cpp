@@ -176,19 +176,18 @@ TEST_F(FlatFile, files_and_databases_that_are_not_there_are_told)
 {
     EXPECT_EQ(issue_file(""), u"");
     EXPECT_TRUE(messages.empty());
-    for (const auto& [folder_name, name, database] :
-         {std::tuple{folder_text(), Text(u"otro.txt"), database_path()},
-          {folder_text() + u"/no hay", Text(u"ventas.txt"), database_path()},
-          {folder_text(), Text(u""), database_path()},
-          {folder_text(), Text(u"ventas.txt"), folder_text() + u"/no hay/tolvex.db"},
-          {folder_text(), Text(u"ventas.txt"), folder_text() + u"/ventas.txt"}}) {
-        write_file(folder() / "ventas.txt", emisor + document);
+    write_file(folder() / "ventas.txt", emisor + document);
+    const Text here = folder_text(), good = u"ventas.txt", missing = folder_text() + u"/no hay";
+    for (const auto& [folder_name, name, database] : {std::tuple{here, Text(u"otro.txt"), database_path()},
+                                                      {missing, good, database_path()},
+                                                      {here, Text(), database_path()},
+                                                      {here, good, missing + u"/tolvex.db"},
+                                                      {here, good, here + u"/ventas.txt"}}) {
         messages.clear();
         EXPECT_EQ(genera_docto.GeneraFacturaElectronicaDesdeArchivoPlano(folder_name, name, u"", u"",
                                                                          u"sqlite:", database),
                   u"");
-        ASSERT_EQ(messages.size(), 1u);
-        EXPECT_EQ(messages[0].title, u"Facturación Electronica");
+        EXPECT_EQ(messages.size(), 1u);
     }
     EXPECT_EQ(content("ventas.txt"), emisor + document); // taken for a database, it was not harmed
 }

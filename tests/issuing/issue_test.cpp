@@ -1,8 +1,6 @@
 #include "core/errors.hpp"
 #include "support/station.hpp"
 
-#include <cstdlib>
-
 namespace tolvex::testing {
 namespace {
 
@@ -36,22 +34,14 @@ protected:
                std::to_string(count(u"FE_VENTAS_RESUMEN_DET"));
     }
 
-    static constexpr auto all_work_files = "sello.bat sello.txt fi_md5.txt utf8.txt";
-};
-
-// A PATH without programs for the life of a test.
-class EmptyPath
-{
-public:
-    explicit EmptyPath(const std::string& folder) : before_(getenv("PATH"))
+    // Instead of openssl, a program of the working folder, which goes first.
+    void install_openssl(const std::string& script)
     {
-        setenv("PATH", folder.c_str(), 1);
+        write_file(folder() / "openssl", "#!/bin/sh\n" + script);
+        std::filesystem::permissions(folder() / "openssl", std::filesystem::perms::owner_all);
     }
-    ~EmptyPath() { setenv("PATH", before_.c_str(), 1); }
-    EmptyPath(const EmptyPath&) = delete;
 
-private:
-    const std::string before_;
+    static constexpr auto all_work_files = "sello.bat sello.txt fi_md5.txt utf8.txt";
 };
 
 TEST_F(Issuing, an_invoice_stores_every_column_and_cleans_up)
@@ -214,10 +204,10 @@ TEST_F(Issuing, a_closed_connection_is_told)
     EXPECT_EQ(work_files(), "");
 }
 
-TEST_F(Issuing, without_openssl_there_is_no_row_unless_a_stale_seal_is_taken_for_the_documents_own)
+TEST_F(Issuing, without_a_seal_there_is_no_row_unless_a_stale_seal_is_taken_for_the_documents_own)
 {
     stage_document();
-    const EmptyPath path(folder());
+    install_openssl("exit 1\n");
     EXPECT_FALSE(issue());
     EXPECT_EQ(stored_rows(), "0 0 0");
     EXPECT_EQ(work_files(), "sello.bat utf8.txt");
@@ -280,10 +270,7 @@ TEST_F(Issuing, files_that_cannot_be_written_stop_it_where_it_stands)
 TEST_F(Issuing, a_work_file_that_cannot_be_removed_does_not_undo_the_document)
 {
     stage_document();
-    // Instead of openssl, a program of the working folder, which goes first.
-    write_file(folder() / "openssl",
-               "#!/bin/sh\nfor last; do :; done\ncase $1 in enc) echo SELLO > \"$last\";; esac\n");
-    std::filesystem::permissions(folder() / "openssl", std::filesystem::perms::owner_all);
+    install_openssl("for last; do :; done\ncase $1 in enc) echo SELLO > \"$last\";; esac\n"); // no fi_md5.txt
     EXPECT_TRUE(issue()) << to_utf8(last_error());
     EXPECT_EQ(stored(u"cSelloDigital"), u"SELLO");
 }
