@@ -139,12 +139,11 @@ TEST(Dates, outside_the_years_100_to_9999_are_an_overflow)
 TEST(Dates, are_read_in_the_forms_that_people_use)
 {
     const Date moment = Date::of(2011, 3, 15, 14, 5, 9);
-    expect_all<Text, Date>(to_date, {{u"2011-03-15 14:05:09", moment},
-                                     {u" 2011-03-15T14:05:09.997 ", moment},
-                                     {u"2011/3/15 14:05:09", moment},
-                                     {u"15-03-2011 14:05:09", moment},
-                                     {u"2011-03-15 14:05", Date::of(2011, 3, 15, 14, 5)},
-                                     {u"2012-02-29", Date::of(2012, 2, 29)}});
+    for (const Text text : {u"2011-03-15 14:05:09", u" 2011-03-15T14:05:09.997 ", u"2011/3/15 14:05:09",
+                            u"15-03-2011 14:05:09"})
+        EXPECT_EQ(to_date(text), moment) << to_utf8(text);
+    EXPECT_EQ(to_date(u"2011-03-15 14:05"), Date::of(2011, 3, 15, 14, 5));
+    EXPECT_EQ(to_date(u"2012-02-29"), Date::of(2012, 2, 29));
 }
 
 TEST(Dates, that_do_not_exist_are_refused)

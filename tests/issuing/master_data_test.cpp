@@ -66,9 +66,8 @@ TEST_F(MasterData, a_row_that_does_not_exist_is_false_and_changes_nothing)
     EXPECT_FALSE(genera_docto.GetDatosSucursal(1, 9));
     EXPECT_FALSE(genera_docto.GetDatosCertificado(2));
     EXPECT_FALSE(fgCargaDatosFolio(session(), u"9"));
-    EXPECT_EQ(session().gEmpRfc, u"AES010101AAA");
-    EXPECT_EQ(session().gSucNombre, u"MATRIZ");
-    EXPECT_EQ(session().gSerieCertificado, u"20001000000100005867");
+    EXPECT_EQ(session().gEmpRfc + u"|" + session().gSucNombre + u"|" + session().gSerieCertificado,
+              u"AES010101AAA|MATRIZ|20001000000100005867");
     EXPECT_EQ(last_error(), u"");
     EXPECT_TRUE(messages.empty());
 }
