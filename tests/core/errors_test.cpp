@@ -10,15 +10,14 @@ namespace {
 
 TEST(Errors, carry_the_number_that_automation_hosts_know)
 {
-    const std::pair<Error, int> numbered[] = {{invalid_call(), 5},
-                                              {overflow(), 6},
-                                              {type_mismatch(), 13},
-                                              {file_not_found(u"x"), 53},
-                                              {device_error(u"x", u"y"), 57},
-                                              {path_error(u"x", u"y"), 75},
-                                              {invalid_use_of_null(), 94},
-                                              {not_available(u"x"), 445}};
-    for (const auto& [error, number] : numbered) {
+    for (const auto& [error, number] : {std::pair{invalid_call(), 5},
+                                        {overflow(), 6},
+                                        {type_mismatch(), 13},
+                                        {file_not_found(u"x"), 53},
+                                        {device_error(u"x", u"y"), 57},
+                                        {path_error(u"x", u"y"), 75},
+                                        {invalid_use_of_null(), 94},
+                                        {not_available(u"x"), 445}}) {
         EXPECT_EQ(error.number(), number);
         EXPECT_EQ(to_text(error.what()), error.description());
     }

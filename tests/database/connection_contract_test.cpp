@@ -2,6 +2,7 @@
 #include "core/errors.hpp"
 #include "database/connection.hpp"
 #include "support/backends.hpp"
+#include "support/rows.hpp"
 #include "support/tables.hpp"
 
 #include <gmock/gmock.h>
@@ -15,6 +16,7 @@ void PrintTo(const Value& value, std::ostream* out)
 
 namespace {
 
+using testing::database_failure;
 using testing::error_number;
 
 const Text all_rows = u"Select * from tolvex_prueba order by nClave";
@@ -55,7 +57,7 @@ protected:
 
     void add(int key) { new_row(key).update(); }
 
-    int count(Connection& connection)
+    static int count(Connection& connection)
     {
         return connection.query(u"Select count(*) as nCuantos from tolvex_prueba")[u"nCuantos"].int32();
     }
@@ -79,7 +81,6 @@ INSTANTIATE_TEST_SUITE_P(Database, ConnectionContract, ::testing::ValuesIn(backe
 
 TEST_P(ConnectionContract, values_come_back_as_they_were_stored)
 {
-    const Text long_text(60'000, u'ñ');
     const std::pair<Text, Value> cases[] = {
         {u"nCorto", -32'768},
         {u"nClave", 2'147'483'647},
@@ -89,14 +90,12 @@ TEST_P(ConnectionContract, values_come_back_as_they_were_stored)
         {u"nFlotante", -1.5e300},
         {u"nImporte", Currency::from_scaled(999'999'999'999'99)},
         {u"nImporte", Currency::from_scaled(-1)},
-        {u"nImporte", Currency(1'160)},
         {u"dFecha", Date::of(2011, 3, 15, 14, 5, 9)},
-        {u"dFecha", Date::of(2011, 12, 31)},
         {u"cTexto", u""},
         {u"cTexto", u"Ñandú 'entre comillas' \"y\" ? | \u20AC"},
         {u"cTexto", u"\U0001F4C4 fuera del plano básico"},
         {u"cTexto", u"  con blancos "},
-        {u"cLargo", long_text},
+        {u"cLargo", Text(60'000, u'ñ')},
     };
     for (const auto& [column, value] : cases) EXPECT_EQ(stored(column, value), value) << to_utf8(column);
     for (const char16_t* column :
@@ -118,36 +117,28 @@ TEST_P(ConnectionContract, a_set_value_takes_the_kind_of_its_column)
 
 TEST_P(ConnectionContract, columns_tell_their_kind_and_size)
 {
-    add(1);
-    const Recordset rows = connection_.query(all_rows);
+    const Recordset rows = connection_.query(u"Select * from tolvex_prueba Where 1=0");
     std::vector<ColumnKind> kinds;
     for (const Column& column : rows.columns()) kinds.push_back(column.kind);
     using enum ColumnKind;
     EXPECT_THAT(kinds, ::testing::ElementsAre(integer, integer, bit, floating, money, date, text, text));
     EXPECT_EQ(rows.columns()[6].name, u"cTexto");
     EXPECT_EQ(rows.columns()[6].size, 200u);
-    EXPECT_EQ(connection_.query(u"Select * from tolvex_prueba Where 1=0").columns().size(), 8u);
 }
 
 TEST_P(ConnectionContract, rows_are_read_forwards_by_column_names_in_any_letter_case)
 {
     for (int key : {3, 1, 2}) add(key);
     Recordset rows = connection_.query(all_rows);
+    EXPECT_EQ(error_number([&] { rows[u"nNada"]; }), 3265);
     for (int key : {1, 2, 3}) {
         EXPECT_EQ(rows[u"NCLAVE"].int32(), key);
-        EXPECT_EQ(rows[u"nclave"].int32(), key);
         rows.move_next();
     }
     EXPECT_TRUE(rows.eof());
     EXPECT_EQ(error_number([&] { rows[u"nClave"]; }), 3021);
     EXPECT_EQ(error_number([&] { rows.move_next(); }), 3021);
-}
-
-TEST_P(ConnectionContract, a_column_that_does_not_exist_is_an_error)
-{
-    add(1);
-    EXPECT_EQ(error_number([&] { connection_.query(all_rows)[u"nNada"]; }), 3265);
-    EXPECT_EQ(error_number([&] { new_row(2).set(u"nNada", 1); }), 3265);
+    EXPECT_EQ(error_number([&] { new_row(4).set(u"nNada", 1); }), 3265);
 }
 
 TEST_P(ConnectionContract, an_update_changes_the_columns_set_of_the_row_found_alone)
@@ -158,19 +149,12 @@ TEST_P(ConnectionContract, an_update_changes_the_columns_set_of_the_row_found_al
         row.set(u"nCorto", key);
         row.update();
     }
-    auto found =
-        connection_.open_updatable(u"Select nClave , cTexto, nCorto from tolvex_prueba where nClave=2");
-    ASSERT_FALSE(found.eof());
+    auto found = connection_.open_updatable(u"Select nClave , cTexto from tolvex_prueba where nClave=2");
     EXPECT_EQ(found[u"CTEXTO"].text(), u"antes");
     found.set(u"cTexto", u"después");
     found.update();
-
-    Recordset rows = connection_.query(all_rows);
-    EXPECT_EQ(rows[u"cTexto"].text(), u"antes");
-    rows.move_next();
-    EXPECT_EQ(rows[u"cTexto"].text(), u"después");
-    EXPECT_EQ(rows[u"nCorto"].int32(), 2);
-
+    EXPECT_EQ(testing::rows_as_text(connection_, u"Select cTexto,nCorto from tolvex_prueba order by nClave"),
+              u"antes|1/después|2");
     auto missing = connection_.open_updatable(u"Select * from tolvex_prueba where nClave=9");
     EXPECT_TRUE(missing.eof());
     EXPECT_EQ(error_number([&] { missing.set(u"cTexto", u"x"); }), 3021);
@@ -182,20 +166,10 @@ TEST_P(ConnectionContract, a_statement_that_fails_says_why_and_leaves_the_connec
     EXPECT_EQ(error_number([&] { add(1); }), database_error);
     EXPECT_EQ(error_number([&] { connection_.execute(u"insert into tolvex_prueba(nClave) values(2"); }),
               database_error);
-    try {
-        connection_.query(u"Select * from tolvex_no_existe");
-        FAIL() << "a table that does not exist was read";
-    } catch (const Error& error) {
-        EXPECT_THAT(to_utf8(error.description()), ::testing::HasSubstr("tolvex_no_existe"));
-    }
+    EXPECT_THAT(database_failure([&] { connection_.query(u"Select * from tolvex_no_existe"); }),
+                ::testing::HasSubstr("tolvex_no_existe"));
+    connection_.execute(u"update tolvex_prueba set cTexto='x'\rwhere nClave= 9"); // changes none, fails not
     EXPECT_EQ(count(), 1);
-}
-
-TEST_P(ConnectionContract, changing_no_row_is_no_failure)
-{
-    connection_.execute(u"update tolvex_prueba set cTexto='x'\rwhere nClave= 9");
-    connection_.execute(u"delete from tolvex_prueba where nClave=9");
-    EXPECT_EQ(count(), 0);
 }
 
 TEST_P(ConnectionContract, a_transaction_counts_when_it_is_committed)
@@ -231,8 +205,6 @@ TEST_P(ConnectionContract, others_see_each_statement_of_a_burst_at_once)
         burst.finish();
     }
     EXPECT_EQ(count(other), 2);
-    add(3);
-    EXPECT_EQ(count(other), 3);
 }
 
 TEST_P(ConnectionContract, a_closed_connection_refuses_work_until_it_is_opened_again)
@@ -241,7 +213,6 @@ TEST_P(ConnectionContract, a_closed_connection_refuses_work_until_it_is_opened_a
     connection_.close();
     EXPECT_FALSE(connection_.is_open());
     EXPECT_EQ(error_number([&] { connection_.query(all_rows); }), 3709);
-    EXPECT_EQ(error_number([&] { connection_.execute(u"delete from tolvex_prueba"); }), 3709);
     EXPECT_EQ(error_number([&] { connection_.begin_transaction(); }), 3709);
     connection_.open();
     EXPECT_EQ(count(), 1);
@@ -249,5 +220,4 @@ TEST_P(ConnectionContract, a_closed_connection_refuses_work_until_it_is_opened_a
 }
 
 } // namespace
-
 } // namespace tolvex

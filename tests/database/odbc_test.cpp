@@ -8,48 +8,40 @@
 #include <gmock/gmock.h>
 
 namespace tolvex {
-
 namespace {
 
 using odbc::for_installed_driver;
 using ::testing::AllOf;
+using testing::database_failure;
 using ::testing::HasSubstr;
 
-const Text login = u"uid=sa;pwd=a=b;driver={SQL Server};";
-
-TEST(OdbcDriverChoice, the_named_driver_stays_where_it_is_installed)
+TEST(OdbcDriverChoice, keeps_the_named_driver_or_takes_the_vendors_newest_or_tells_freetds_the_server)
 {
-    const Text named = login + u"server=caja;database=ventas";
-    EXPECT_EQ(for_installed_driver(named, {u"FreeTDS", u"sql server"}), named);
-    const Text other = u"Driver={SQLite3}; database=/tmp/a.db";
-    EXPECT_EQ(for_installed_driver(other, {u"FreeTDS"}), other);
-}
-
-TEST(OdbcDriverChoice, the_vendors_newest_driver_comes_before_freetds)
-{
-    EXPECT_EQ(
-        for_installed_driver(login + u"server=caja,1500;database=ventas",
-                             {u"ODBC Driver 9 for SQL Server", u"FreeTDS", u"ODBC Driver 18 for SQL Server"}),
-        u"uid=sa;pwd=a=b;driver={ODBC Driver 18 for SQL Server};server=caja,1500;database=ventas"
-        u";TrustServerCertificate=yes");
-    EXPECT_EQ(for_installed_driver(login + u"server=caja;database=v;TrustServerCertificate=no",
-                                   {u"ODBC Driver 17 for SQL Server"}),
-              u"uid=sa;pwd=a=b;driver={ODBC Driver 17 for SQL "
-              u"Server};server=caja;database=v;TrustServerCertificate=no");
-}
-
-TEST(OdbcDriverChoice, freetds_is_told_host_port_protocol_and_characters)
-{
-    const Text told = u";TDS_Version=7.4;ClientCharset=UTF-8;TextSize=2147483647";
-    const auto mapped = [](const Text& server) {
-        return for_installed_driver(login + u"server=" + server + u";database=v", {u"FreeTDS"});
+    struct Case
+    {
+        Text given;
+        std::vector<Text> installed;
+        Text used;
     };
-    const Text start = u"uid=sa;pwd=a=b;driver={FreeTDS};server=";
-    testing::expect_all<Text, Text>(mapped, {{u"caja", start + u"caja;database=v;port=1433" + told},
-                                             {u"caja,1500", start + u"caja;database=v;port=1500" + told},
-                                             {u"caja\\EXPRESS", start + u"caja\\EXPRESS;database=v" + told}});
-    EXPECT_THAT(to_utf8(for_installed_driver(login, {})), HasSubstr("driver=libtdsodbc.so;"))
-        << "not registered, its library may still be there";
+    const Text named = u"uid=sa;pwd=a=b;driver={SQL Server};server=caja", start = u"uid=sa;pwd=a=b;driver=",
+               other = u"Driver={SQLite3}; database=/tmp/a.db",
+               told = u";TDS_Version=7.4;ClientCharset=UTF-8;TextSize=2147483647";
+    for (const auto& [given, installed, used] : std::initializer_list<Case>{
+             {named, {u"FreeTDS", u"sql server"}, named},
+             {other, {u"FreeTDS"}, other},
+             {named + u",1500",
+              {u"ODBC Driver 9 for SQL Server", u"FreeTDS", u"ODBC Driver 18 for SQL Server"},
+              start + u"{ODBC Driver 18 for SQL Server};server=caja,1500;TrustServerCertificate=yes"},
+             {named + u";TrustServerCertificate=no",
+              {u"ODBC Driver 17 for SQL Server"},
+              start + u"{ODBC Driver 17 for SQL Server};server=caja;TrustServerCertificate=no"},
+             {named, {u"FreeTDS"}, start + u"{FreeTDS};server=caja;port=1433" + told},
+             {named + u",1500", {u"FreeTDS"}, start + u"{FreeTDS};server=caja;port=1500" + told},
+             {named + u"\\EXPRESS", {u"FreeTDS"}, start + u"{FreeTDS};server=caja\\EXPRESS" + told},
+             {named,
+              {},
+              start + u"libtdsodbc.so;server=caja;port=1433" + told}}) // it may be there, not registered
+        EXPECT_EQ(for_installed_driver(given, installed), used);
 }
 
 class OdbcConnection : public ::testing::Test
@@ -79,7 +71,7 @@ protected:
 // Texts are read in pieces of 4095 characters.
 TEST_F(OdbcConnection, long_texts_come_whole_wherever_a_piece_ends)
 {
-    for (std::size_t size : {4000, 4001, 4094, 4095, 4096, 8189, 8190, 8191, 12'285, 200'000}) {
+    for (std::size_t size : {4094, 4095, 4096, 8189, 8190, 8191, 200'000}) {
         Text text(size, u'x');
         text.back() = u'z';
         EXPECT_EQ(stored(text), text) << size;
@@ -104,36 +96,17 @@ TEST_F(OdbcConnection, rows_are_walked_while_other_statements_run)
 
 TEST_F(OdbcConnection, a_failure_carries_the_drivers_state_number_and_words)
 {
-    try {
-        connection_.execute(u"insert into tabla_que_no_existe values(1)");
-        FAIL();
-    } catch (const Error& error) {
-        EXPECT_EQ(error.number(), database_error);
-        EXPECT_THAT(error.what(), AllOf(HasSubstr("[HY000]"), HasSubstr("no such table"), HasSubstr("(1)")));
-    }
+    EXPECT_THAT(database_failure([&] { connection_.execute(u"insert into tabla_que_no_existe values(1)"); }),
+                AllOf(HasSubstr("[HY000]"), HasSubstr("no such table"), HasSubstr("(1)")));
     EXPECT_EQ(testing::error_number([&] { connection_.query(u"delete from t"); }), 3704) << "no rows to read";
 }
 
 TEST_F(OdbcConnection, a_driver_that_is_not_installed_is_told_with_what_to_install)
 {
     connection_.connection_string = u"driver={Ninguno};server=caja;database=v";
-    try {
-        connection_.open();
-        FAIL();
-    } catch (const Error& error) {
-        EXPECT_THAT(error.what(), AllOf(HasSubstr("tdsodbc"), HasSubstr("Ninguno")));
-    }
-}
-
-TEST_F(OdbcConnection, a_transaction_is_one_at_a_time)
-{
-    connection_.begin_transaction();
-    EXPECT_EQ(testing::error_number([&] { connection_.begin_transaction(); }), database_error);
-    connection_.roll_back();
-    connection_.begin_transaction();
-    connection_.commit();
+    EXPECT_THAT(database_failure([&] { connection_.open(); }),
+                AllOf(HasSubstr("tdsodbc"), HasSubstr("Ninguno")));
 }
 
 } // namespace
-
 } // namespace tolvex

@@ -39,14 +39,6 @@ constexpr TextView receiver =
 // The second line's price and amount end in half a cent, which goes to the even one.
 constexpr TextView concepts = u"5.00|KG|Café de altura, 1 kg|180.00|900.00|2.50|PZA|Pan|188.00|470.02|";
 
-TEST_F(OriginalString, of_a_sale_in_pesos)
-{
-    EXPECT_EQ(whole(),
-              u"||3.0|2011-03-15T14:05:09|ingreso|PAGO EN UNA SOLA EXHIBICION|1370.00|1|MXN|1508.00" +
-                  Text(issuer) + Text(receiver) + Text(concepts) + u"IVA|16.00|208.00|208.00||");
-    EXPECT_EQ(document.line_count, 2);
-}
-
 TEST_F(OriginalString, of_a_credit_note_with_withholdings_in_another_currency)
 {
     Receiver other;
@@ -63,6 +55,7 @@ TEST_F(OriginalString, of_a_credit_note_with_withholdings_in_another_currency)
 TEST_F(OriginalString, flags_switch_header_fields_and_the_version_hides_the_series)
 {
     session().gSerie = u"A";
+    session().gParidad = u"17.5"; // of pesos it is always 1
     const Text rest =
         u"|2011-03-15T14:05:09|ingreso|PAGO EN UNA SOLA EXHIBICION|1370.00|1|MXN|1508.00" + Text(issuer);
     EXPECT_EQ(header(), u"|3.0" + rest);
@@ -74,17 +67,6 @@ TEST_F(OriginalString, flags_switch_header_fields_and_the_version_hides_the_seri
     EXPECT_EQ(header(), u"|2011-03-15T14:05:09|1370.00|1|MXN|1508.00" + Text(issuer));
     session().gMostrarSubtotal = session().gMostrarTotal = false;
     EXPECT_EQ(header(), u"|2011-03-15T14:05:09|1|MXN" + Text(issuer));
-    session().gMostrarAnnoAprobacion = session().gMostrarCondicionesDePago = session().gMostrarDescuento =
-        false;
-    EXPECT_EQ(header(), u"|2011-03-15T14:05:09|1|MXN" + Text(issuer)); // those switch nothing
-}
-
-TEST_F(OriginalString, the_rate_of_pesos_is_always_1)
-{
-    Receiver at_a_rate;
-    at_a_rate.Paridad = 17.5;
-    stage(at_a_rate);
-    EXPECT_NE(header().find(u"|1|MXN|"), Text::npos);
 }
 
 TEST_F(OriginalString, empty_address_values_leave_with_their_bars)
@@ -100,8 +82,7 @@ TEST_F(OriginalString, empty_address_values_leave_with_their_bars)
         u"";
     bare.Rfc = bare.Nombre = u"";
     stage(bare);
-    EXPECT_NE(whole().find(u"|||||||5.00|KG"),
-              Text::npos); // issuer's 4 bars, the receiver's own and its two values
+    EXPECT_NE(whole().find(u"|||||||5.00|KG"), Text::npos); // 4 bars of the issuer, 3 of the receiver
 }
 
 TEST_F(OriginalString, either_withholding_above_zero_changes_the_taxes)
@@ -119,43 +100,15 @@ TEST_F(OriginalString, either_withholding_above_zero_changes_the_taxes)
     }
 }
 
-TEST_F(OriginalString, document_values_come_from_the_staged_texts)
-{
-    Receiver r;
-    r.Subtotal = u"100";
-    r.Descuento = u"10.005";
-    r.Impuesto = u"1,234.565";
-    r.FormaPago = 2;
-    stage(r);
-    header();
-    EXPECT_EQ(session().gSubtotalDD, u"89.995");
-    EXPECT_EQ(document.DocSubTotal, 100);
-    EXPECT_EQ(document.DocDescuento, 10.01);
-    EXPECT_EQ(document.DocSubTotalDD, 90);
-    EXPECT_EQ(document.DocImpuesto, 1234.57);
-    EXPECT_EQ(document.DocTotal, 1508);
-    EXPECT_EQ(document.DocFechaDate, Date::of(2011, 3, 15, 14, 5, 9));
-    EXPECT_EQ(document.DocCliente, u"000000");
-    EXPECT_EQ(document.DocCondicionPago, u"Credito");
-    EXPECT_EQ(document.DocFormaDePago, u"Credito");
-    EXPECT_EQ(document.EmiNoInterior, u"B");
-    EXPECT_EQ(document.EmiReferencia, u"");
-}
-
 TEST_F(OriginalString, a_total_that_is_no_number_gives_an_empty_header_and_keeps_what_was_set)
 {
-    Receiver r;
-    r.Descuento = u"diez";
-    stage(r);
-    EXPECT_EQ(header(), u"");
-    EXPECT_EQ(last_error(), type_mismatch().description());
-
     Receiver late;
     late.Total = u"abc"; // fails after the date and the subtotal are set
-    late.Subtotal = u"500";
+    late.Subtotal = u"500.005";
     stage(late);
     EXPECT_EQ(header(), u"");
-    EXPECT_EQ(document.DocSubTotal, 500);
+    EXPECT_EQ(last_error(), type_mismatch().description());
+    EXPECT_EQ(document.DocSubTotal, 500.01);
     EXPECT_EQ(document.DocFechaDate, Date::of(2011, 3, 15, 14, 5, 9));
 }
 

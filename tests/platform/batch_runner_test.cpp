@@ -16,22 +16,18 @@ protected:
         return run_batch_file(folder_.path().u16string() + u"\\ORDEN.BAT", WindowStyle::hidden);
     }
 
-    std::string r() const { return folder_.path(); }
-
     TemporaryFolder folder_;
 };
 
-TEST_F(BatchRunner, runs_the_lines_in_order_with_their_words_and_redirections)
+TEST_F(BatchRunner, runs_the_lines_in_order_with_their_words_and_redirections_and_is_no_shell)
 {
-    EXPECT_EQ(run("printf \"uno dos\"> " + r() + "\\a.txt\r\n\r\nprintf %s%s x  \"\" >" + r() + "\\b.txt\n"), 0);
+    const std::string r = folder_.path();
+    EXPECT_EQ(run("printf \"uno dos\"> " + r + "\\a.txt\r\n\r\nprintf %s%s x  \"\" >" + r + "\\b.txt\n" +
+                  "printf $HOME;`id`|&*(x) > " + r + "\\c.txt\r\n"),
+              0);
     EXPECT_EQ(read_file(folder_.path() / "a.txt"), "uno dos");
     EXPECT_EQ(read_file(folder_.path() / "b.txt"), "x");
-}
-
-TEST_F(BatchRunner, is_no_shell)
-{
-    run("printf $HOME;`id`|&*(x) > " + r() + "\\a.txt\r\n");
-    EXPECT_EQ(read_file(folder_.path() / "a.txt"), "$HOME;`id`|&*(x)");
+    EXPECT_EQ(read_file(folder_.path() / "c.txt"), "$HOME;`id`|&*(x)");
 }
 
 TEST_F(BatchRunner, gives_the_last_exit_code_and_a_missing_program_stops_nothing)

@@ -13,7 +13,6 @@ struct Backend
 {
     std::string name; // letters and digits: it becomes part of the test's name
     Text connection_string;
-    bool speaks_tsql; // functions, hints and batches of T-SQL; plain SQL is understood by all
 };
 
 inline void PrintTo(const Backend& backend, std::ostream* out) { *out << backend.name; }

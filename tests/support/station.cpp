@@ -113,6 +113,18 @@ int Station::count(const Text& table, const Text& condition)
     return answer(u"Select count(*) From " + table + u"(nolock) Where " + condition).int32();
 }
 
+Value Station::counter(int range)
+{
+    return answer(u"Select nUltimoFolio From FE_FOLIOS Where nFolio=" + decimal(range));
+}
+
+void Station::add_layout(const Text& table, std::initializer_list<Text> rows)
+{
+    for (const Text& row : rows)
+        execute(u"Insert Into " + table +
+                u"(crfccte,nRama,nPadre,cNombre,cTipo,cValor) Values('PEGM800101AB1'," + row + u")");
+}
+
 std::string Station::work_files() const
 {
     std::string names;

@@ -7,6 +7,7 @@
 
 #include "session/session.hpp"
 #include "support/files.hpp"
+#include "support/rows.hpp"
 #include "support/temporary_folder.hpp"
 #include "support/text_io.hpp"
 #include "tolvex/tolvex.hpp"
@@ -74,6 +75,11 @@ protected:
     // Column 1 of the first row; Null without a row.
     Value answer(const Text& sql);
     int count(const Text& table, const Text& condition = u"1=1");
+    Text rows(const Text& sql) { return rows_as_text(shared_connection(session()), sql); }
+    // The last folio taken from a range.
+    Value counter(int range);
+    // Adds rows "nRama,nPadre,'cNombre','cTipo','cValor'" to the staged receiver's addenda layout.
+    void add_layout(const Text& table, std::initializer_list<Text> rows);
 
     bool exists(const std::string& name) const { return std::filesystem::exists(folder() / name); }
     std::string content(const std::string& name) const { return read_file(folder() / name); }
