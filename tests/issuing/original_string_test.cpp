@@ -56,6 +56,8 @@ TEST_F(OriginalString, flags_switch_header_fields_and_the_version_hides_the_seri
 {
     session().gSerie = u"A";
     session().gParidad = u"17.5"; // of pesos it is always 1
+    Session& idle = session();    // these switch nothing
+    idle.gMostrarAnnoAprobacion = idle.gMostrarCondicionesDePago = idle.gMostrarDescuento = false;
     const Text rest =
         u"|2011-03-15T14:05:09|ingreso|PAGO EN UNA SOLA EXHIBICION|1370.00|1|MXN|1508.00" + Text(issuer);
     EXPECT_EQ(header(), u"|3.0" + rest);
