@@ -24,10 +24,10 @@ Text unix_path(const Text& path) { return replace_all(path.substr(2), u"\\", u"/
 std::vector<Backend> all_backends()
 {
     std::vector<Backend> all = {
-        {"embedded", u"server=sqlite:;database=" + fresh_file("contrato.db"), true},
-        {"odbc32Sqlite", u"driver={SQLite3};database=" + unix_path(fresh_file("contrato_odbc.db")), false}};
+        {"embedded", u"server=sqlite:;database=" + fresh_file("contrato.db")},
+        {"odbc32Sqlite", u"driver={SQLite3};database=" + unix_path(fresh_file("contrato_odbc.db"))}};
     if (const char* named = std::getenv("TOLVEX_PRUEBA_SQLSERVER"))
-        all.push_back({"sqlServer", to_text(named), true});
+        all.push_back({"sqlServer", to_text(named)});
     return all;
 }
 
