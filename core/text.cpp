@@ -185,6 +185,16 @@ std::vector<Text> split(TextView text, char16_t separator)
     }
 }
 
+Text join(const std::vector<Text>& parts, TextView separator)
+{
+    Text whole;
+    for (std::size_t i = 0; i < parts.size(); ++i) {
+        if (i > 0) whole += separator;
+        whole += parts[i];
+    }
+    return whole;
+}
+
 Text text_of_bytes(std::string_view bytes)
 {
     Text text;

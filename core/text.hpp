@@ -22,6 +22,7 @@ Text without(TextView text, char16_t unwanted);
 // Only the characters that occur in the allowed set, in order.
 Text keep_only(TextView text, TextView allowed);
 std::vector<Text> split(TextView text, char16_t separator);
+Text join(const std::vector<Text>& parts, TextView separator);
 
 // One character per byte, U+0000 to U+00FF.
 Text text_of_bytes(std::string_view bytes);

@@ -74,13 +74,6 @@ Value as_kind(const Value& value, ColumnKind kind)
     return value;
 }
 
-Text joined(const std::vector<Text>& parts)
-{
-    Text whole;
-    for (const Text& part : parts) whole += (whole.empty() ? u"" : u",") + part;
-    return whole;
-}
-
 } // namespace
 
 Recordset::Recordset(std::unique_ptr<Cursor> cursor) : cursor_(std::move(cursor)), on_row_(cursor_->next()) {}
@@ -166,8 +159,9 @@ void UpdatableRecordset::update()
         values.push_back(value);
     }
     const Text sql =
-        adding_ ? u"Insert Into " + table_ + u"(" + joined(names) + u") Values(" + joined(marks) + u")"
-                : u"Update " + table_ + u" Set " + joined(assignments) + u" Where " + condition_;
+        adding_
+            ? u"Insert Into " + table_ + u"(" + join(names, u",") + u") Values(" + join(marks, u",") + u")"
+            : u"Update " + table_ + u" Set " + join(assignments, u",") + u" Where " + condition_;
     connection_.driver().execute(sql, values);
     changes_.clear();
     adding_ = false;

@@ -252,10 +252,9 @@ void FlatFile::issue(const Record& r)
 
 Text FlatFileResult::series_and_folios() const
 {
-    Text list;
-    for (const IssuedDocument& document : documents)
-        list += (list.empty() ? u"" : u",") + document.series + document.folio;
-    return list;
+    std::vector<Text> list;
+    for (const IssuedDocument& document : documents) list.push_back(document.series + document.folio);
+    return join(list, u",");
 }
 
 FlatFileResult issue_flat_file_records(Session& session, const Text& path, const FlatFileEvents& events)
@@ -287,10 +286,7 @@ Text issue_flat_file(Session& session, const Text& folder, const Text& name, con
     FlatFileResult result;
     try {
         session.gConexion = std::make_shared<Connection>();
-        session.gConexion->connection_string =
-            connection_string(data.user, data.password, data.database, data.server);
-        session.gConexion->open();
-        session.gConexion->execute(u"set dateformat ymd");
+        open_connection(*session.gConexion, data.user, data.password, data.database, data.server);
         result = issue_flat_file_records(session, path, {});
     } catch (const std::exception& error) {
         result.failure = to_text(error.what());

@@ -193,13 +193,6 @@ Text quoted(const Text& value) { return u"'" + value + u"'"; }
 
 Text without_bars(const Text& value) { return quoted(without(value, u'|')); }
 
-Text comma_separated(std::initializer_list<Text> values)
-{
-    Text list;
-    for (const Text& value : values) list += (list.empty() ? u"" : u",") + value;
-    return list;
-}
-
 void Issue::store_receiver(const Text& identifier)
 {
     const DocumentValues& d = document_;
@@ -211,35 +204,36 @@ void Issue::store_receiver(const Text& identifier)
         u",cColoniaCte,cLocalidadCte,cEstaadoCte,cMunicipioCte,cPaisCte,cCodPostalCte"
         u",nSubtotalDocto,nImporteDescto,nSubtotalConDescto,nImporteIva,nImporteTotal)"
         u"values(" +
-        comma_separated({identifier,
-                         quoted(vlnFactura_),
-                         u"'F'",
-                         quoted(decimal(session_.gnEmpresa)),
-                         quoted(decimal(session_.gnSucursal)),
-                         u"'I'",
-                         quoted(d.DocFecha),
-                         quoted(trim(d.DocSerie)),
-                         quoted(d.DocSerie),
-                         quoted(d.DocNumeroAprobacion),
-                         quoted(d.DocSerieCertificado),
-                         quoted(d.sello),
-                         quoted(d.original_string),
-                         without_bars(d.RecRfc),
-                         without_bars(d.RecNombre),
-                         without_bars(d.RecCalle),
-                         without_bars(d.RecNoExterior),
-                         without_bars(d.RecNoInterior),
-                         without_bars(d.RecColonia),
-                         without_bars(d.RecLocalidad),
-                         without_bars(d.RecEstado),
-                         without_bars(d.RecMunicipio),
-                         without_bars(d.RecPais),
-                         without_bars(d.RecCodigoPostal),
-                         number_as_text(d.DocSubTotal),
-                         number_as_text(d.DocDescuento),
-                         number_as_text(d.DocSubTotalDD),
-                         number_as_text(d.DocImpuesto),
-                         number_as_text(d.DocTotal)}) +
+        join({identifier,
+              quoted(vlnFactura_),
+              u"'F'",
+              quoted(decimal(session_.gnEmpresa)),
+              quoted(decimal(session_.gnSucursal)),
+              u"'I'",
+              quoted(d.DocFecha),
+              quoted(trim(d.DocSerie)),
+              quoted(d.DocSerie),
+              quoted(d.DocNumeroAprobacion),
+              quoted(d.DocSerieCertificado),
+              quoted(d.sello),
+              quoted(d.original_string),
+              without_bars(d.RecRfc),
+              without_bars(d.RecNombre),
+              without_bars(d.RecCalle),
+              without_bars(d.RecNoExterior),
+              without_bars(d.RecNoInterior),
+              without_bars(d.RecColonia),
+              without_bars(d.RecLocalidad),
+              without_bars(d.RecEstado),
+              without_bars(d.RecMunicipio),
+              without_bars(d.RecPais),
+              without_bars(d.RecCodigoPostal),
+              number_as_text(d.DocSubTotal),
+              number_as_text(d.DocDescuento),
+              number_as_text(d.DocSubTotalDD),
+              number_as_text(d.DocImpuesto),
+              number_as_text(d.DocTotal)},
+             u",") +
         u")";
     connection().execute(sql);
     connection().execute(u"Update FE_ClienteFactura set cDatoAdicional1 = '" + session_.gDatoAdicional +

@@ -15,13 +15,8 @@ void ConfigFE::SetDatosConexion(const Text& UserBd, const Text& PswBd, const Tex
 bool ConfigFE::AbrirConexion()
 {
     Session& current = session();
-    Connection& connection = shared_connection(current);
-    if (connection.is_open()) connection.close();
-    connection.connection_string =
-        connection_string(current.gUserBd, current.gPswBd, current.gBd, current.gServerBd);
-    connection.command_timeout = Connection::default_timeout;
-    connection.open();
-    connection.execute(u"set dateformat ymd"); // every later date literal is year-month-day
+    open_connection(shared_connection(current), current.gUserBd, current.gPswBd, current.gBd,
+                    current.gServerBd);
     return true;
 }
 

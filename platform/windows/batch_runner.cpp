@@ -35,35 +35,28 @@ VARIANT variant(bool flag)
     return value;
 }
 
-VARIANT variant(const AutomationText& text)
-{
-    VARIANT value{};
-    value.vt = VT_BSTR;
-    value.bstrVal = text.get();
-    return value;
-}
-
-ComPointer<IDispatch> create_shell()
+ComPtr<IDispatch> create_shell()
 {
     CLSID id;
     check(CLSIDFromProgID(L"WScript.Shell", &id), u"WScript.Shell");
-    ComPointer<IDispatch> shell;
+    ComPtr<IDispatch> shell;
     check(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch,
-                           reinterpret_cast<void**>(shell.out())),
+                           reinterpret_cast<void**>(shell.GetAddressOf())),
           u"WScript.Shell");
     return shell;
 }
 
 int run_and_wait(const Text& path, WindowStyle style)
 {
-    const ComPointer<IDispatch> shell = create_shell();
+    const ComPtr<IDispatch> shell = create_shell();
     wchar_t name[] = L"Run";
     LPOLESTR names[] = {name};
     DISPID method = 0;
     check(shell->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &method), u"WScript.Shell.Run");
 
     const AutomationText text(u'"' + path + u'"'); // Run takes an unquoted path to end at its first blank
-    VARIANT arguments[] = {variant(true), variant(static_cast<LONG>(style)), variant(text)}; // last one first
+    VARIANT arguments[] = {variant(true), variant(static_cast<LONG>(style)),
+                           text.argument()}; // last one first
     DISPPARAMS parameters{arguments, nullptr, 3, 0};
     VARIANT result{};
     check(shell->Invoke(method, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &result, nullptr,

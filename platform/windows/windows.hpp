@@ -5,6 +5,7 @@
 
 #include <objbase.h>
 #include <windows.h>
+#include <wrl/client.h>
 
 namespace tolvex {
 
@@ -18,33 +19,7 @@ Text system_message(DWORD code);
 // Throws Error with the code and its description when a COM call failed.
 void check(HRESULT result, const char16_t* what);
 
-// Counted reference to a COM object.
-template <class Interface>
-class ComPointer
-{
-public:
-    ComPointer() = default;
-    explicit ComPointer(Interface* owned) : pointer_(owned) {}
-    ComPointer(const ComPointer&) = delete;
-    ComPointer(ComPointer&& other) noexcept : pointer_(std::exchange(other.pointer_, nullptr)) {}
-    ComPointer& operator=(ComPointer&& other) noexcept
-    {
-        std::swap(pointer_, other.pointer_);
-        return *this;
-    }
-    ~ComPointer()
-    {
-        if (pointer_) pointer_->Release();
-    }
-
-    Interface* get() const { return pointer_; }
-    Interface* operator->() const { return pointer_; }
-    // Where a call leaves its result.
-    Interface** out() { return &pointer_; }
-
-private:
-    Interface* pointer_ = nullptr;
-};
+using Microsoft::WRL::ComPtr;
 
 // An automation string for one call.
 class AutomationText
@@ -59,6 +34,14 @@ public:
     ~AutomationText() { SysFreeString(held_); }
 
     BSTR get() const { return held_; }
+    // The same as an argument; this keeps the string.
+    VARIANT argument() const
+    {
+        VARIANT value{};
+        value.vt = VT_BSTR;
+        value.bstrVal = held_;
+        return value;
+    }
 
 private:
     BSTR held_;

@@ -30,35 +30,26 @@ std::string with_our_prolog(const std::string& saved)
            saved.substr(root, end + 1 - root) + "\n";
 }
 
-VARIANT text_variant(const AutomationText& text)
-{
-    VARIANT value{};
-    value.vt = VT_BSTR;
-    value.bstrVal = text.get();
-    return value;
-}
-
 } // namespace
 
 struct XmlDocument::Native
 {
-    ComPointer<IXMLDOMDocument2> document;
-    std::vector<ComPointer<IXMLDOMElement>> elements; // references live as long as their document
+    ComPtr<IXMLDOMDocument2> document;
+    std::vector<ComPtr<IXMLDOMElement>> elements; // references live as long as their document
 
     IXMLDOMElement* create(const Text& name)
     {
-        ComPointer<IXMLDOMElement> made;
-        check(document->createElement(AutomationText(name).get(), made.out()), u"XML createElement");
+        ComPtr<IXMLDOMElement> made;
+        check(document->createElement(AutomationText(name).get(), made.GetAddressOf()), u"XML createElement");
         elements.push_back(std::move(made));
-        return elements.back().get();
+        return elements.back().Get();
     }
 };
 
 void XmlElement::set_attribute(const Text& name, const Text& value)
 {
     const AutomationText content(allowed_xml_content(value));
-    check(element(node_)->setAttribute(AutomationText(name).get(), text_variant(content)),
-          u"XML setAttribute");
+    check(element(node_)->setAttribute(AutomationText(name).get(), content.argument()), u"XML setAttribute");
 }
 
 XmlElement XmlElement::append(const Text& name)
@@ -77,14 +68,15 @@ XmlDocument::XmlDocument() : native_(std::make_unique<Native>())
 {
     auto& document = native_->document;
     check(CoCreateInstance(dom_document_class, nullptr, CLSCTX_INPROC_SERVER, dom_document_interface,
-                           reinterpret_cast<void**>(document.out())),
+                           reinterpret_cast<void**>(document.GetAddressOf())),
           u"Msxml2.DOMDocument");
     check(document->put_resolveExternals(VARIANT_TRUE), u"XML resolveExternals");
-    ComPointer<IXMLDOMProcessingInstruction> instruction;
+    ComPtr<IXMLDOMProcessingInstruction> instruction;
     check(document->createProcessingInstruction(AutomationText(instruction_target).get(),
-                                                AutomationText(instruction_data).get(), instruction.out()),
+                                                AutomationText(instruction_data).get(),
+                                                instruction.GetAddressOf()),
           u"XML createProcessingInstruction");
-    check(document->appendChild(instruction.get(), nullptr), u"XML appendChild");
+    check(document->appendChild(instruction.Get(), nullptr), u"XML appendChild");
 }
 
 XmlDocument::~XmlDocument() = default;
@@ -100,7 +92,7 @@ void XmlDocument::save(TextView path) const
 {
     NewFile file(path);
     const AutomationText target(files::native_path(file.path_beside()));
-    check(native_->document->save(text_variant(target)), u"XML save");
+    check(native_->document->save(target.argument()), u"XML save");
     files::write(file.path_beside(), with_our_prolog(files::read(file.path_beside())));
     file.put_in_place();
 }
