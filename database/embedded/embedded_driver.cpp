@@ -30,6 +30,22 @@ std::string engine_sql(const Text& sql)
     return to_utf8(embedded::to_sqlite(sql));
 }
 
+// Whether the file took the change. SQLite does not wait here by itself while another process opens the same
+// new file, since it would have to upgrade a lock.
+bool switch_to_write_ahead_log(Database& database, int longest_wait)
+{
+    constexpr int pause = 10; // milliseconds
+    for (int waited = 0;; waited += pause) {
+        try {
+            return database.answer("PRAGMA journal_mode=WAL") == "wal";
+        } catch (const Error&) {
+            const bool busy = (sqlite3_errcode(database.handle()) & 0xFF) == SQLITE_BUSY;
+            if (!busy || waited >= longest_wait) throw;
+        }
+        sqlite3_sleep(pause);
+    }
+}
+
 void create_schema(Database& database)
 {
     if (database.answer("SELECT count(*) FROM sqlite_master") != "0") return;
@@ -83,10 +99,11 @@ class EmbeddedDriver : public Driver
 public:
     EmbeddedDriver(const Text& file, int timeout_seconds) : database_(std::make_shared<Database>(file))
     {
-        database_->check(sqlite3_busy_timeout(database_->handle(), wait_milliseconds(timeout_seconds)));
+        const int longest_wait = wait_milliseconds(timeout_seconds);
+        database_->check(sqlite3_busy_timeout(database_->handle(), longest_wait));
         database_->check(embedded::add_functions(database_->handle()));
         database_->run("PRAGMA encoding='UTF-16le'");
-        write_ahead_ = database_->answer("PRAGMA journal_mode=WAL") == "wal";
+        write_ahead_ = switch_to_write_ahead_log(*database_, longest_wait);
         database_->run("PRAGMA synchronous=FULL");
         create_schema(*database_);
     }
