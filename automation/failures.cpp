@@ -10,8 +10,6 @@ namespace tolvex::automation {
 
 namespace {
 
-constexpr std::int32_t internal_error = 51;
-
 // Run-time numbers become codes of the control facility, as Visual Basic does it; driver codes stay.
 HRESULT code_of(std::int32_t number)
 {
@@ -64,9 +62,9 @@ try {
     } catch (const std::bad_alloc&) {
         return E_OUTOFMEMORY;
     } catch (const std::exception& error) {
-        return report(source, code_of(internal_error), u"Error interno: " + to_text(error.what()));
+        return report(source, code_of(numbers::internal), u"Error interno: " + to_text(error.what()));
     } catch (...) {
-        return report(source, code_of(internal_error), u"Error interno");
+        return report(source, code_of(numbers::internal), u"Error interno");
     }
 } catch (...) {
     return E_OUTOFMEMORY; // telling the error itself failed

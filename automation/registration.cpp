@@ -2,7 +2,7 @@
 
 #include "automation/server.hpp"
 #include "automation/surface.hpp"
-#include "tolvex/types.hpp"
+#include "tolvex/errors.hpp"
 
 #include <string>
 

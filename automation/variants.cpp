@@ -1,5 +1,7 @@
 #include "automation/variants.hpp"
 
+#include "core/errors.hpp"
+
 #include <cmath>
 #include <new>
 
@@ -7,9 +9,9 @@ namespace tolvex::automation {
 
 namespace {
 
-Error failed(std::int32_t number, const char16_t* description, const wchar_t* parameter)
+Error failed(const Error& error, const wchar_t* parameter)
 {
-    return {number, description + (u": argumento " + text_from(parameter))};
+    return with_detail(error, u"argumento " + text_from(parameter));
 }
 
 Error failed_conversion(HRESULT reason, const wchar_t* parameter)
@@ -18,9 +20,9 @@ Error failed_conversion(HRESULT reason, const wchar_t* parameter)
     case E_OUTOFMEMORY:
         throw std::bad_alloc();
     case DISP_E_OVERFLOW:
-        return failed(6, u"Desbordamiento", parameter);
+        return failed(overflow(), parameter);
     default:
-        return failed(13, u"No coinciden los tipos", parameter);
+        return failed(type_mismatch(), parameter);
     }
 }
 
@@ -46,9 +48,9 @@ bool is_not_finite(const VARIANT& value)
 // What the conversions of the operating system answer wrongly or not at all.
 void require_convertible(const VARIANT& value, const wchar_t* parameter)
 {
-    if (value.vt == VT_NULL) throw failed(94, u"Uso no válido de Null", parameter);
+    if (value.vt == VT_NULL) throw failed(invalid_use_of_null(), parameter);
     if (is_structured(value)) throw failed_conversion(DISP_E_TYPEMISMATCH, parameter);
-    if (is_object(value) && !value.punkVal) throw failed(91, u"Variable de objeto no establecida", parameter);
+    if (is_object(value) && !value.punkVal) throw failed(object_not_set(), parameter);
     if (is_not_finite(value)) throw failed_conversion(DISP_E_OVERFLOW, parameter);
 }
 

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "automation/surface.hpp"
-#include "tolvex/types.hpp"
+#include "tolvex/errors.hpp"
 
 #include <utility>
 

@@ -92,7 +92,7 @@ void Demo::run()
 void Demo::make_folder()
 {
     if (folder_.find(u' ') != Text::npos)
-        throw Error(75, u"La carpeta no puede llevar blancos, pues las líneas de sello.bat no los admiten: " +
+        throw invalid_call(u"La carpeta no puede llevar blancos, pues las líneas de sello.bat no los admiten: " +
                             folder_);
     if (!files::folder_exists(folder_)) files::create_folder(folder_);
 }
@@ -105,8 +105,7 @@ void Demo::open_database()
     const Value rfc =
         fgValorCampo(session(), u"cRfc", u"Select cRfc From FE_EMPRESAS(nolock) Where nEmpresa=1");
     if (!rfc.is_null() && trim(rfc.text()) != company_rfc)
-        throw Error(
-            5, u"La base de datos ya tiene una empresa 1 que no es la de la demostración: use otra base");
+        throw invalid_call(u"La base de datos ya tiene una empresa 1 que no es la de la demostración: use otra base");
 }
 
 // Runs openssl commands through the batch runner; throws when the last one fails.
@@ -119,7 +118,7 @@ void Demo::openssl(const std::vector<Text>& commands)
     const int exit_code = run_batch_file(batch, WindowStyle::hidden);
     files::remove(batch);
     if (exit_code != 0)
-        throw Error(53, u"openssl no pudo ejecutar su orden (código " + decimal(exit_code) +
+        throw invalid_call(u"openssl no pudo ejecutar su orden (código " + decimal(exit_code) +
                             u"): revise que esté instalado: " + commands.back());
 }
 
@@ -206,7 +205,7 @@ void Demo::issue(const DemoFile& file)
     const Text moment = format(local_now(), u"yyyy-mm-dd hh:mm:ss");
     files::write(path(name), to_utf8(replace_all(to_text(file.content), u"{FECHA}", moment)));
     const FlatFileResult result = issue_flat_file_records(session(), path(name), {});
-    if (!result.failure.empty()) throw Error(5, files::native_path(path(name)) + u": " + result.failure);
+    if (!result.failure.empty()) throw invalid_call(files::native_path(path(name)) + u": " + result.failure);
     for (const IssuedDocument& document : result.documents) {
         say(u"\n" + name + u": " + document.series + document.folio);
         say(u"  " + files::native_path(document.xml_path));
@@ -241,7 +240,7 @@ void Demo::look_up_and_cancel()
     say(u"\nSiguiente folio del rango 1: " + next);
     const IssuedDocument& first = issued_.front();
     if (!GeneraDocto().CancelaFacturaElectronica(first.folio, local_now(), 1, 1))
-        throw Error(5, last_error());
+        throw invalid_call(last_error());
     say(u"Cancelada la factura " + first.series + first.folio);
 }
 

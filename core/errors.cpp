@@ -1,7 +1,5 @@
 #include "core/errors.hpp"
 
-#include "tolvex/tolvex.hpp"
-
 namespace tolvex {
 
 namespace {
@@ -18,29 +16,38 @@ Error::Error(std::int32_t number, Text description)
     : number_(number), description_(std::move(description)), what_(to_utf8(description_))
 {}
 
-Error invalid_call() { return {5, u"Llamada a procedimiento o argumento no válidos"}; }
+Error invalid_call() { return {numbers::invalid_call, u"Llamada a procedimiento o argumento no válidos"}; }
 
-Error overflow() { return {6, u"Desbordamiento"}; }
+Error invalid_call(TextView reason) { return {numbers::invalid_call, Text(reason)}; }
 
-Error type_mismatch() { return {13, u"No coinciden los tipos"}; }
+Error overflow() { return {numbers::overflow, u"Desbordamiento"}; }
 
-Error file_not_found(TextView path) { return {53, u"No se encontró el archivo: " + Text(path)}; }
+Error type_mismatch() { return {numbers::type_mismatch, u"No coinciden los tipos"}; }
+
+Error file_not_found(TextView path) { return {numbers::file_not_found, u"No se encontró el archivo: " + Text(path)}; }
 
 Error device_error(TextView path, TextView reason)
 {
-    return {57, u"Error de E/S en " + Text(path) + u": " + Text(reason)};
+    return {numbers::device_error, u"Error de E/S en " + Text(path) + u": " + Text(reason)};
 }
 
 Error path_error(TextView path, TextView reason)
 {
-    return {75, u"Error de acceso a la ruta o al archivo " + Text(path) + u": " + Text(reason)};
+    return {numbers::path_error, u"Error de acceso a la ruta o al archivo " + Text(path) + u": " + Text(reason)};
 }
 
-Error invalid_use_of_null() { return {94, u"Uso no válido de Null"}; }
+Error object_not_set() { return {numbers::object_not_set, u"Variable de objeto no establecida"}; }
+
+Error invalid_use_of_null() { return {numbers::invalid_use_of_null, u"Uso no válido de Null"}; }
 
 Error not_available(TextView operation)
 {
-    return {445, Text(operation) + u" todavía no está disponible en esta edición de TOLVEX"};
+    return {numbers::not_available, Text(operation) + u" todavía no está disponible en esta edición de TOLVEX"};
+}
+
+Error with_detail(const Error& error, TextView detail)
+{
+    return {error.number(), error.description() + u": " + Text(detail)};
 }
 
 void remember_error(const Text& description) { last_description() = description; }

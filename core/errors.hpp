@@ -2,20 +2,31 @@
 // last one that an operation trapped.
 #pragma once
 
-#include "tolvex/types.hpp"
+#include "tolvex/errors.hpp"
 
 #include <utility>
 
 namespace tolvex {
 
-Error invalid_call();                               // 5
-Error overflow();                                   // 6
-Error type_mismatch();                              // 13
-Error file_not_found(TextView path);                // 53
-Error device_error(TextView path, TextView reason); // 57: reading or writing failed, the disk is full
-Error path_error(TextView path, TextView reason);   // 75: folder missing, no permission
-Error invalid_use_of_null();                        // 94
-Error not_available(TextView operation);            // 445: a method whose work this edition does not do
+namespace numbers {
+inline constexpr std::int32_t invalid_call = 5, overflow = 6, type_mismatch = 13, internal = 51,
+                              file_not_found = 53, device_error = 57, path_error = 75, object_not_set = 91,
+                              invalid_use_of_null = 94, not_available = 445;
+}
+
+Error invalid_call();
+Error invalid_call(TextView reason);
+Error overflow();
+Error type_mismatch();
+Error file_not_found(TextView path);
+Error device_error(TextView path, TextView reason); // reading or writing failed, the disk is full
+Error path_error(TextView path, TextView reason);   // folder missing, no permission
+Error object_not_set();
+Error invalid_use_of_null();
+Error not_available(TextView operation); // a method whose work this edition does not do
+
+// The same error, its description followed by a detail: "Desbordamiento: argumento vlnEmpresa".
+Error with_detail(const Error& error, TextView detail);
 
 // Number of errors that come from the database driver (the automation "unspecified failure", 0x80004005).
 constexpr std::int32_t database_error = static_cast<std::int32_t>(0x80004005);
@@ -35,6 +46,13 @@ Result trapping(Result on_error, Operation operation)
         remember_error(to_text(error.what()));
     }
     return on_error;
+}
+
+// Runs a clean-up whose failure goes no further; the description is remembered.
+template <class Operation>
+void quietly(Operation operation)
+{
+    trapping(false, [&] { return operation(), true; });
 }
 
 } // namespace tolvex

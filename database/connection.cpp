@@ -174,7 +174,7 @@ WriteBurst::WriteBurst(Connection& connection) : connection_(connection)
 
 WriteBurst::~WriteBurst()
 {
-    if (!finished_) trapping(0, [&] { return finish(), 0; });
+    if (!finished_) quietly([&] { finish(); });
 }
 
 void WriteBurst::finish()

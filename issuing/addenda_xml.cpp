@@ -92,9 +92,9 @@ private:
         Descent(std::vector<std::int16_t>& path, std::int16_t nRama) : path_(path)
         {
             if (std::find(path.begin(), path.end(), nRama) != path.end())
-                throw Error(5, u"La estructura de la addenda tiene un ciclo en el nodo " + decimal(nRama));
+                throw invalid_call(u"La estructura de la addenda tiene un ciclo en el nodo " + decimal(nRama));
             if (path.size() >= deepest)
-                throw Error(5, u"La estructura de la addenda tiene más de " + decimal(deepest) + u" niveles");
+                throw invalid_call(u"La estructura de la addenda tiene más de " + decimal(deepest) + u" niveles");
             path.push_back(nRama);
         }
         ~Descent() { path_.pop_back(); }

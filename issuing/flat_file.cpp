@@ -13,7 +13,7 @@ namespace tolvex {
 namespace {
 
 // What is wrong with a record, in words for the user.
-Error wrong(const Text& reason) { return Error(5, reason); }
+Error wrong(const Text& reason) { return invalid_call(reason); }
 
 // The values of one record, by position from 1 and with their names for messages.
 class Record
@@ -294,7 +294,7 @@ Text issue_flat_file(Session& session, const Text& folder, const Text& name, con
     session.gConexion = shared;
     if (!result.failure.empty()) {
         remember_error(result.failure);
-        show_message(result.failure, u"Facturación Electronica", MessageStyle::exclamation);
+        show_message(result.failure, u"Facturación Electronica", MessageIcon::exclamation);
     }
     return result.series_and_folios();
 }

@@ -40,7 +40,7 @@ private:
     Text amount_in_words();
 
     Connection& connection() { return shared_connection(session_); }
-    bool fail(const Text& message, const Text& title, MessageStyle style);
+    bool fail(const Text& message, const Text& title, MessageIcon icon);
 
     Session& session_;
     DocumentValues& document_;
@@ -64,10 +64,10 @@ bool Issue::run()
     return trapping(true, [&] { return remove_seal_files(session_.gRutaDeArchivos), true; });
 }
 
-bool Issue::fail(const Text& message, const Text& title, MessageStyle style)
+bool Issue::fail(const Text& message, const Text& title, MessageIcon icon)
 {
     remember_error(message);
-    show_message(message, title, style);
+    show_message(message, title, icon);
     return false;
 }
 
@@ -76,7 +76,7 @@ bool Issue::load_folio_range()
     if (fgCargaDatosFolio(session_, session_.gClaveFolio)) return true;
     return fail(u"No se pudo obtener los datos de los folios digitales para la empresa No " +
                     decimal(session_.gnEmpresa) + u" y el Registro No. " + session_.gClaveFolio,
-                component_title, MessageStyle::plain);
+                component_title, MessageIcon::none);
 }
 
 bool Issue::take_folio()
@@ -85,7 +85,7 @@ bool Issue::take_folio()
     if (fgObtenFolioFactura(session_, session_.gClaveFolio, vlnFactura_)) return true;
     connection().roll_back();
     return fail(u"No se pudo obtener folio de factura, favor de verificar", u"Facturación Electronica",
-                MessageStyle::information);
+                MessageIcon::information);
 }
 
 // Deliberate: the number starts at the first "0" of a zero-padded folio, so A00123 is 123 and 120 is 0.

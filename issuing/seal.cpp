@@ -20,7 +20,7 @@ Error no_seal(const Text& path)
         path.find(u' ') != Text::npos
             ? u"la ruta de la carpeta de trabajo no puede llevar blancos"
             : u"revise que openssl y pkey.key.pem estén en la carpeta de trabajo y que la llave sirva";
-    return {53, u"openssl no dejó el sello en " + files::native_path(path) + u": " + advice};
+    return {numbers::file_not_found, u"openssl no dejó el sello en " + files::native_path(path) + u": " + advice};
 }
 
 } // namespace

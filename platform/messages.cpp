@@ -12,16 +12,23 @@ MessageHandler& handler()
     return current;
 }
 
+MessageAnswer show(const Message& message)
+{
+    return handler() ? handler()(message) : show_natively(message);
+}
+
 } // namespace
 
 void set_message_handler(MessageHandler replacement) { handler() = std::move(replacement); }
 
-void show_message(const Text& text, const Text& title, MessageStyle style)
+void show_message(const Text& text, const Text& title, MessageIcon icon)
 {
-    if (handler())
-        handler()(text, title, static_cast<int>(style));
-    else
-        show_message_natively(text, title, style);
+    show({text, title, icon, MessageButtons::ok});
+}
+
+bool ask(const Text& question, const Text& title, MessageIcon icon)
+{
+    return show({question, title, icon, MessageButtons::yes_no}) == MessageAnswer::yes;
 }
 
 } // namespace tolvex

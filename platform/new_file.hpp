@@ -15,7 +15,7 @@ public:
     ~NewFile()
     {
         if (!in_place_ && files::exists(path_beside()))
-            trapping(0, [&] { return files::remove(path_beside()), 0; });
+            quietly([&] { files::remove(path_beside()); });
     }
 
     // Where to write it.

@@ -1,5 +1,7 @@
 #include "platform/xml_content.hpp"
 
+#include "core/errors.hpp"
+
 #include <algorithm>
 
 namespace tolvex {
@@ -14,7 +16,7 @@ bool is_forbidden(char16_t c)
 
 } // namespace
 
-Error xml_error(const Text& description) { return {5, u"Documento XML: " + description}; }
+Error xml_error(const Text& description) { return {numbers::invalid_call, u"Documento XML: " + description}; }
 
 const Text& allowed_xml_content(const Text& value)
 {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/text.hpp"
+#include "tolvex/errors.hpp"
 
 namespace tolvex {
 

@@ -143,7 +143,7 @@ Value converted(const Value& value, TextView type_text, int style)
     const Type type(type_text);
     const auto conversion = conversions().find(type.name);
     if (conversion == conversions().end())
-        throw Error(5, u"convert: el tipo " + type.name + u" no se conoce");
+        throw invalid_call(u"convert: el tipo " + type.name + u" no se conoce");
     return value.is_null() ? Value() : conversion->second(value, type, style);
 }
 

@@ -77,7 +77,7 @@ Text date_in_style(Date date, int style)
     case 126:
         return format(date, u"yyyy-mm-ddThh:mm:ss");
     }
-    throw Error(5, u"convert: el estilo " + decimal(style) + u" no existe para fechas");
+    throw invalid_call(u"convert: el estilo " + decimal(style) + u" no existe para fechas");
 }
 
 Date read_date(TextView text, int style)

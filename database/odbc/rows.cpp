@@ -1,5 +1,7 @@
 #include "database/odbc/rows.hpp"
 
+#include "tolvex/errors.hpp"
+
 #include <array>
 #include <optional>
 

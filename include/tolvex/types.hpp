@@ -1,8 +1,7 @@
-// The values that hosts exchange with the system: text, amounts, dates, and the error that carries a failure.
+// The values that hosts exchange with the system: text, amounts, dates.
 #pragma once
 
 #include <cstdint>
-#include <exception>
 #include <string>
 #include <string_view>
 
@@ -23,23 +22,6 @@ using TextView = std::u16string_view;
 TOLVEX_API Text to_text(std::string_view utf8);
 // Text to UTF-8; lone surrogates become U+FFFD.
 TOLVEX_API std::string to_utf8(TextView text);
-
-// A failure with the number an automation host would see (6 overflow, 13 type mismatch, 53 file not found, …)
-// and a description for the user.
-class TOLVEX_API Error : public std::exception
-{
-public:
-    Error(std::int32_t number, Text description);
-
-    std::int32_t number() const noexcept { return number_; }
-    const Text& description() const noexcept { return description_; }
-    const char* what() const noexcept override { return what_.c_str(); }
-
-private:
-    std::int32_t number_;
-    Text description_;
-    std::string what_;
-};
 
 // Fixed-point amount with four decimals in 64 bits (automation "currency").
 class TOLVEX_API Currency

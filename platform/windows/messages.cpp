@@ -14,12 +14,12 @@ bool somebody_sees_windows()
     return flags.dwFlags & WSF_VISIBLE;
 }
 
-WORD event_kind(MessageStyle style)
+WORD event_kind(MessageIcon icon)
 {
-    switch (style) {
-    case MessageStyle::critical:
+    switch (icon) {
+    case MessageIcon::critical:
         return EVENTLOG_ERROR_TYPE;
-    case MessageStyle::information:
+    case MessageIcon::information:
         return EVENTLOG_INFORMATION_TYPE;
     default:
         return EVENTLOG_WARNING_TYPE;
@@ -27,25 +27,27 @@ WORD event_kind(MessageStyle style)
 }
 
 // Where an administrator looks for what a service says.
-void write_to_event_log(const Text& text, const Text& title, MessageStyle style)
+void write_to_event_log(const Message& message)
 {
     const HANDLE log = RegisterEventSourceW(nullptr, wide(Text(component_title)));
     if (!log) return;
-    const Text whole = title + u": " + text;
+    const Text whole = message.title + u": " + message.text;
     const wchar_t* lines[] = {wide(whole)};
-    ReportEventW(log, event_kind(style), 0, 0, nullptr, 1, 0, lines, nullptr);
+    ReportEventW(log, event_kind(message.icon), 0, 0, nullptr, 1, 0, lines, nullptr);
     DeregisterEventSource(log);
 }
 
 } // namespace
 
-void show_message_natively(const Text& text, const Text& title, MessageStyle style)
+MessageAnswer show_natively(const Message& message)
 {
-    if (somebody_sees_windows())
-        MessageBoxW(GetActiveWindow(), wide(text), wide(title),
-                    MB_OK | MB_TASKMODAL | static_cast<UINT>(style));
-    else
-        write_to_event_log(text, title, style);
+    if (somebody_sees_windows()) {
+        const UINT style = static_cast<UINT>(message.icon) | static_cast<UINT>(message.buttons);
+        return static_cast<MessageAnswer>(MessageBoxW(GetActiveWindow(), wide(message.text),
+                                                      wide(message.title), style | MB_TASKMODAL));
+    }
+    write_to_event_log(message);
+    return message.buttons == MessageButtons::ok ? MessageAnswer::ok : MessageAnswer::no;
 }
 
 } // namespace tolvex

@@ -171,7 +171,7 @@ TEST_F(Issuing, a_missing_folio_range_is_told_and_nothing_is_written)
     EXPECT_EQ(messages,
               (std::vector<Message>{{u"No se pudo obtener los datos de los folios digitales para la "
                                      u"empresa No 1 y el Registro No. 9",
-                                     u"TOLVEX", 0}}));
+                                     u"TOLVEX"}}));
     EXPECT_EQ(stored_rows(), "0 0 0");
     EXPECT_EQ(work_files(), "");
 }
@@ -187,7 +187,7 @@ TEST_F(Issuing, a_used_up_range_is_told_and_rolls_the_hosts_open_transaction_bac
     EXPECT_FALSE(genera_docto.GeneraFacturaElectronica(folio, true));
     EXPECT_EQ(folio, u"0");
     EXPECT_EQ(messages, (std::vector<Message>{{u"No se pudo obtener folio de factura, favor de verificar",
-                                               u"Facturación Electronica", 64}}));
+                                               u"Facturación Electronica", MessageIcon::information}}));
     EXPECT_EQ(count(u"FE_FOLIOS", u"cEsquema='x'"), 0);
     EXPECT_EQ(stored_rows(), "0 0 0");
     EXPECT_EQ(counter(3).int32(), 5);

@@ -143,7 +143,7 @@ TEST_F(MasterData, a_folio_range_that_fails_says_why_in_a_message)
 {
     execute(u"Update FE_FOLIOS Set nAnno=40000 Where nFolio=1");
     EXPECT_FALSE(fgCargaDatosFolio(session(), u"1"));
-    EXPECT_EQ(messages, (std::vector<Message>{{overflow().description(), u"TOLVEX", 0}}));
+    EXPECT_EQ(messages, (std::vector<Message>{{overflow().description(), u"TOLVEX"}}));
     EXPECT_EQ(session().gSerie, u"A"); // loaded until then
 
     EXPECT_FALSE(fgCargaDatosFolio(session(), u"1'"));

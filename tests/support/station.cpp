@@ -8,8 +8,9 @@ Station::Station(const Database& database, const std::function<void()>& prepare)
 {
     session() = Session();
     forget_error();
-    set_message_handler([this](const Text& text, const Text& title, int style) {
-        messages.push_back({text, title, style});
+    set_message_handler([this](const Message& message) {
+        messages.push_back(message);
+        return message.buttons == MessageButtons::ok ? MessageAnswer::ok : MessageAnswer::yes;
     });
     std::filesystem::copy(TOLVEX_SOURCE_DIR "/tests/datos/llave.pem", folder() / "pkey.key.pem");
     const bool embedded = database.server.empty();

@@ -34,19 +34,6 @@ struct Receiver
     Text vlDatoAdicional = u"caja 3", vlDatoAdicional_2 = u"", vlDatoAdicional_3 = u"mostrador";
 };
 
-struct Message
-{
-    Text text, title;
-    int style;
-
-    friend bool operator==(const Message&, const Message&) = default;
-};
-
-inline void PrintTo(const Message& message, std::ostream* out)
-{
-    *out << to_utf8(message.title + u": " + message.text) << " (" << message.style << ')';
-}
-
 // Connection data as hosts give them; an empty server means an embedded database in the station's folder.
 struct Database
 {

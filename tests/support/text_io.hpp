@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/values.hpp"
+#include "tolvex/messages.hpp"
 
 #include <ostream>
 
@@ -9,5 +10,9 @@ namespace tolvex {
 
 inline void PrintTo(Currency amount, std::ostream* out) { *out << to_utf8(amount_as_text(amount)); }
 inline void PrintTo(Date date, std::ostream* out) { *out << to_utf8(format(date, u"yyyy-mm-dd hh:mm:ss")); }
+inline void PrintTo(const Message& message, std::ostream* out)
+{
+    *out << to_utf8(message.title + u": " + message.text) << " (" << static_cast<int>(message.icon) << ')';
+}
 
 } // namespace tolvex
