@@ -10,7 +10,7 @@ target_include_directories(tolvex INTERFACE
 target_compile_features(tolvex INTERFACE cxx_std_20)
 set_target_properties(tolvex PROPERTIES VERSION ${PROJECT_VERSION} SOVERSION ${PROJECT_VERSION_MAJOR})
 
-file(GLOB console_sources CONFIGURE_DEPENDS console/*.cpp)
+file(GLOB console_sources CONFIGURE_DEPENDS console/*.cpp console/*/*.cpp)
 add_executable(tolvex_command ${console_sources})
 set_target_properties(tolvex_command PROPERTIES OUTPUT_NAME tolvex RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
 target_link_libraries(tolvex_command PRIVATE tolvex_rooms CLI11::CLI11 fmt::fmt)

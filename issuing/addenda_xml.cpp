@@ -19,11 +19,12 @@ public:
     {
         for (std::int32_t i = 1; i <= session.gNumAddenda; ++i) {
             const auto& row = session.gAddenda[i];
-            values_.try_emplace({number(row[2]), number(row[3]), header}, trim(row[4]));
+            values_.try_emplace({number(row.nRama), number(row.nPadre), header}, trim(row.cValor));
         }
         for (std::int32_t i = 1; i <= session.gNumAddendaDet; ++i) {
             const auto& row = session.gAddendaDet[i];
-            line_values_.try_emplace({number(row[2]), number(row[3]), number(row[5])}, trim(row[4]));
+            line_values_.try_emplace({number(row.nRama), number(row.nPadre), number(row.nRenglon)},
+                                     trim(row.cValor));
         }
     }
 
@@ -92,9 +93,11 @@ private:
         Descent(std::vector<std::int16_t>& path, std::int16_t nRama) : path_(path)
         {
             if (std::find(path.begin(), path.end(), nRama) != path.end())
-                throw invalid_call(u"La estructura de la addenda tiene un ciclo en el nodo " + decimal(nRama));
+                throw invalid_call(u"La estructura de la addenda tiene un ciclo en el nodo " +
+                                   decimal(nRama));
             if (path.size() >= deepest)
-                throw invalid_call(u"La estructura de la addenda tiene más de " + decimal(deepest) + u" niveles");
+                throw invalid_call(u"La estructura de la addenda tiene más de " + decimal(deepest) +
+                                   u" niveles");
             path.push_back(nRama);
         }
         ~Descent() { path_.pop_back(); }

@@ -2,15 +2,13 @@
 
 #include "core/errors.hpp"
 #include "issuing/addenda_xml.hpp"
+#include "issuing/amount_patterns.hpp"
 #include "platform/files.hpp"
-#include "tolvex/tolvex.hpp"
+#include "tolvex/root_layout.hpp"
 
 namespace tolvex {
 
 namespace {
-
-constexpr TextView total_pattern = u"##########0.00";
-constexpr TextView amount_pattern = u"########0.00";
 
 constexpr TextView cfdi_namespace = u"http://www.sat.gob.mx/cfd/3";
 constexpr TextView xsi_namespace = u"http://www.w3.org/2001/XMLSchema-instance";
@@ -35,12 +33,8 @@ struct Writer
     Session& session;
     const DocumentValues& document;
     const Text& nIdFe;
-    bool es_nota_credito;
 
-    Text moneda() const { return in_pesos() ? u"MXN" : u"USD"; } // Deliberate: any other currency is USD
-    // Deliberate: always 1 for pesos.
-    Text tipo_de_cambio() const { return format(session.gParidad, in_pesos() ? u"1" : u"#######0.0000"); }
-    Text tipo_de_comprobante() const { return es_nota_credito ? u"egreso" : u"ingreso"; }
+    Text tipo_de_comprobante() const { return document.es_nota_credito ? u"egreso" : u"ingreso"; }
     Text certificado() const { return without(session.gCertificado, u' '); }
 
     void set_standard_root(XmlElement& comprobante) const;
@@ -49,9 +43,6 @@ struct Writer
     void add_receptor(XmlElement& comprobante) const;
     void add_conceptos(XmlElement& comprobante) const;
     void add_impuestos(XmlElement& comprobante) const;
-
-private:
-    bool in_pesos() const { return session.gMoneda == u"PESOS"; }
 };
 
 // Deliberate: no series, folio, discount or payment conditions in this layout.
@@ -64,8 +55,8 @@ void Writer::set_standard_root(XmlElement& comprobante) const
     comprobante.set_attribute(u"total", format(document.DocTotal, total_pattern));
     comprobante.set_attribute(u"subTotal", format(document.DocSubTotal, total_pattern));
     comprobante.set_attribute(u"certificado", certificado());
-    comprobante.set_attribute(u"Moneda", moneda());
-    comprobante.set_attribute(u"TipoCambio", tipo_de_cambio());
+    comprobante.set_attribute(u"Moneda", document.DocMoneda);
+    comprobante.set_attribute(u"TipoCambio", document.DocTipoCambio);
     comprobante.set_attribute(u"formaDePago", u"PAGO EN UNA SOLA EXHIBICION");
     comprobante.set_attribute(u"noCertificado", document.DocSerieCertificado);
     comprobante.set_attribute(u"tipoDeComprobante", tipo_de_comprobante());
@@ -84,8 +75,8 @@ void Writer::set_extended_root(XmlElement& comprobante) const
     comprobante.set_attribute(u"noCertificado", document.DocSerieCertificado);
     comprobante.set_attribute(u"metodoDePago", u"EFECTIVO");
     comprobante.set_attribute(u"formaDePago", u"PAGO EN UNA SOLA EXHIBICION");
-    comprobante.set_attribute(u"Moneda", moneda());
-    comprobante.set_attribute(u"TipoCambio", tipo_de_cambio());
+    comprobante.set_attribute(u"Moneda", document.DocMoneda);
+    comprobante.set_attribute(u"TipoCambio", document.DocTipoCambio);
     comprobante.set_attribute(u"certificado", certificado());
     comprobante.set_attribute(u"sello", document.sello);
     comprobante.set_attribute(u"fecha", document.DocFecha);
@@ -202,11 +193,11 @@ Text facturas_folder(const Session& session)
 
 void set_root_layout(RootLayout layout) { root_layout() = layout; }
 
-bool write_comprobante(Session& session, DocumentValues& document, const Text& nIdFe, bool es_nota_credito,
+Text write_comprobante(Session& session, const DocumentValues& document, const Text& nIdFe,
                        bool genera_addenda)
 {
-    return trapping(false, [&] {
-        const Writer writer{session, document, nIdFe, es_nota_credito};
+    return trapping(Text(), [&] {
+        const Writer writer{session, document, nIdFe};
         XmlDocument xml;
         XmlElement comprobante = xml.create_root(u"cfdi:Comprobante");
         if (root_layout() == RootLayout::standard)
@@ -219,10 +210,10 @@ bool write_comprobante(Session& session, DocumentValues& document, const Text& n
         writer.add_impuestos(comprobante);
         if (genera_addenda) add_addenda(session, document, comprobante);
 
-        document.xml_path =
+        const Text path =
             facturas_folder(session) + u"\\" + trim(document.DocSerie) + trim(document.DocFolio) + u".xml";
-        xml.save(document.xml_path);
-        return true;
+        xml.save(path);
+        return path;
     });
 }
 

@@ -6,9 +6,9 @@
 
 namespace tolvex {
 
-// Builds and saves the document of the stored lines nIdFe; document.xml_path then names the file. False on
-// any error, which leaves an older file of that name as it was.
-bool write_comprobante(Session& session, DocumentValues& document, const Text& nIdFe, bool es_nota_credito,
+// Builds and saves the document of the stored lines nIdFe. Path of its file, as documented; empty on any
+// error, which leaves an older file of that name as it was.
+Text write_comprobante(Session& session, const DocumentValues& document, const Text& nIdFe,
                        bool genera_addenda);
 
 } // namespace tolvex

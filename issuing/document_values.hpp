@@ -1,6 +1,7 @@
-// The working members of the object that issues a document, overwritten by its next call.
+// What one document holds besides the staged values: read once from the session when an issue begins.
 #pragma once
 
+#include "issuing/issue_options.hpp"
 #include "session/session.hpp"
 
 namespace tolvex {
@@ -8,31 +9,37 @@ namespace tolvex {
 struct DocumentValues
 {
     // Header.
-    Text DocFecha;            // as staged, yyyy-mm-ddThh:mm:ss
-    Date DocFechaDate;        // the same as a date
-    Text DocNumeroAprobacion; // of the folio range
-    Text DocCondicionPago;    // "Contado" or "Credito"
-    Text DocFormaDePago;      // the same again, as stored
-    Text DocCliente;
-    double DocSubTotal = 0, DocDescuento = 0, DocSubTotalDD = 0, DocImpuesto = 0,
-           DocTotal = 0; // two decimals
-    Text DocVersion, DocSerie, DocFolio, DocSerieCertificado;
-    Text DocImpuestoNombre, DocTasa; // "IVA" and its rate, 16.00
     bool es_nota_credito = false;
+    Text DocVersion, DocSerie, DocFolio, DocSerieCertificado, DocNumeroAprobacion;
+    Text DocFecha;       // as staged, yyyy-mm-ddThh:mm:ss
+    Text DocFormaDePago; // "Contado" or "Credito"
+    Text DocCliente;
+    Text DocTasa; // of the VAT, 16.00
+    Text DocMoneda, DocTipoCambio;
 
     // Issuer.
-    Text EmiRfc, EmiNombre, EmiCalle, EmiNoExterior, EmiNoInterior, EmiColonia, EmiLocalidad, EmiReferencia,
-        EmiMunicipio, EmiEstado, EmiPais, EmiCodigoPostal;
+    Text EmiRfc, EmiNombre, EmiCalle, EmiNoExterior, EmiColonia, EmiLocalidad, EmiMunicipio, EmiEstado,
+        EmiPais, EmiCodigoPostal;
 
-    // Receiver: its values for the original string; the RFC has lost its "-".
-    Text RecRfc, RecNombre, RecCalle, RecNoExterior, RecNoInterior, RecColonia, RecLocalidad, RecReferencia,
-        RecMunicipio, RecEstado, RecPais, RecCodigoPostal;
+    // Receiver; the RFC has lost its "-".
+    Text RecRfc, RecNombre, RecCalle, RecNoExterior, RecNoInterior, RecColonia, RecLocalidad, RecMunicipio,
+        RecEstado, RecPais, RecCodigoPostal;
 
-    std::int32_t line_count = 0;
-    Text base64_alphabet;
+    // Read from staged texts that may be no date and no numbers: read_date_and_amounts.
+    Date DocFechaDate;
+    double DocSubTotal = 0, DocDescuento = 0, DocSubTotalDD = 0, DocImpuesto = 0,
+           DocTotal = 0; // two decimals
+
+    // Made while it is issued.
     Text original_string; // one character per UTF-8 byte, as it is signed and stored
     Text sello;
-    Text xml_path;
 };
+
+// All that cannot fail.
+DocumentValues document_values(const Session& session, double folio_number, const IssueOptions& options);
+
+// Date and amounts, each rounded to two decimals; also the session's subtotal after discount. Throws Error 13
+// at the first staged text that cannot be read; what was read before it stays.
+void read_date_and_amounts(Session& session, DocumentValues& document);
 
 } // namespace tolvex

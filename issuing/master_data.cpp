@@ -22,7 +22,7 @@ std::int32_t leading_int32(const Recordset& row, TextView column)
     return to_int32(leading_number(text(row, column)));
 }
 
-void load_company(Session& session, const Recordset& row)
+void read_company(Session& session, const Recordset& row)
 {
     session.gnEmpresa = row[u"nempresa"].int16();
     session.gEmpNombre = text(row, u"cNombre");
@@ -53,7 +53,7 @@ void load_company(Session& session, const Recordset& row)
     session.gMostrarxsischemaLocation = flag(row, u"nMostrarxsischemaLocation");
 }
 
-void load_branch(Session& session, const Recordset& row)
+void read_branch(Session& session, const Recordset& row)
 {
     session.gnSucursal = row[u"nsucursal"].int16();
     session.gSucNombre = text(row, u"cNombre");
@@ -72,7 +72,7 @@ void load_branch(Session& session, const Recordset& row)
     session.gnCertificado = leading_int16(row, u"nCertificado");
 }
 
-void load_certificate(Session& session, const Recordset& row)
+void read_certificate(Session& session, const Recordset& row)
 {
     session.gRutaCertificado = text(row, u"cRuta_Certificado");
     session.gRutaLlavePrivada = text(row, u"cRuta_LlavePrivada");
@@ -85,7 +85,7 @@ void load_certificate(Session& session, const Recordset& row)
     session.gCertificado = text(row, u"cCertificado");
 }
 
-void load_folio_range(Session& session, const Recordset& row)
+void read_folio_range(Session& session, const Recordset& row)
 {
     session.gDocumento = text(row, u"cDocumento");
     session.gFolio = text(row, u"cFolio");
@@ -99,44 +99,44 @@ void load_folio_range(Session& session, const Recordset& row)
 }
 
 // Loads the first row of the query, if there is one.
-bool load_first_row(Session& session, const Text& sql, void (*load)(Session&, const Recordset&))
+bool load_first_row(Session& session, const Text& sql, void (*read)(Session&, const Recordset&))
 {
     const Recordset rows = shared_connection(session).query(sql);
     if (rows.eof()) return false;
-    load(session, rows);
+    read(session, rows);
     return true;
 }
 
 } // namespace
 
-bool GetDatosEmpresa(Session& session, std::int16_t vlnEmpresa)
+bool load_company(Session& session, std::int16_t vlnEmpresa)
 {
     const Text sql = u"Select * from FE_EMPRESAS(Nolock) Where nEmpresa = " + decimal(vlnEmpresa);
     // Deliberate: an error leaves True, although the company may be loaded half.
-    return trapping(true, [&] { return load_first_row(session, sql, load_company); });
+    return trapping(true, [&] { return load_first_row(session, sql, read_company); });
 }
 
-bool GetDatosSucursal(Session& session, std::int16_t vlnEmpresa, std::int16_t vlnSucursal)
+bool load_branch(Session& session, std::int16_t vlnEmpresa, std::int16_t vlnSucursal)
 {
     // Deliberate: the branch number is quoted, the company number is not.
     const Text sql = u"Select * from FE_SUCURSALES(Nolock) Where nEmpresa = " + decimal(vlnEmpresa) +
                      u" And nSucursal = '" + decimal(vlnSucursal) + u"'";
-    return trapping(false, [&] { return load_first_row(session, sql, load_branch); });
+    return trapping(false, [&] { return load_first_row(session, sql, read_branch); });
 }
 
-bool GetDatosCertificado(Session& session, std::int16_t vlnEmpresa)
+bool load_certificate(Session& session, std::int16_t vlnEmpresa)
 {
     const Text sql = u"Select * from FE_CERTIFICADOS(Nolock) Where nEmpresa = " + decimal(vlnEmpresa) +
                      u" And nCertificado = " + decimal(session.gnCertificado);
     // Deliberate: an error leaves True, although the certificate may be loaded half.
-    return trapping(true, [&] { return load_first_row(session, sql, load_certificate); });
+    return trapping(true, [&] { return load_first_row(session, sql, read_certificate); });
 }
 
 bool fgCargaDatosFolio(Session& session, const Text& folio_range)
 {
     const Text sql = u"Select fe.* from FE_FOLIOS fe(Nolock) Where nfolio= '" + folio_range + u"'";
     forget_error();
-    const bool loaded = trapping(false, [&] { return load_first_row(session, sql, load_folio_range); });
+    const bool loaded = trapping(false, [&] { return load_first_row(session, sql, read_folio_range); });
     if (!last_error().empty()) show_message(last_error());
     return loaded;
 }

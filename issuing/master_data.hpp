@@ -7,10 +7,10 @@ namespace tolvex {
 
 // Each loads one row into its group of the session; false when there is no row, which leaves the group as it
 // was. An error half-way leaves the members before it updated; company and certificate then still give true.
-bool GetDatosEmpresa(Session& session, std::int16_t vlnEmpresa);
-bool GetDatosSucursal(Session& session, std::int16_t vlnEmpresa, std::int16_t vlnSucursal);
+bool load_company(Session& session, std::int16_t vlnEmpresa);
+bool load_branch(Session& session, std::int16_t vlnEmpresa, std::int16_t vlnSucursal);
 // The certificate number is the branch's, gnCertificado.
-bool GetDatosCertificado(Session& session, std::int16_t vlnEmpresa);
+bool load_certificate(Session& session, std::int16_t vlnEmpresa);
 // The range is looked up by its number alone. An error is shown in a message and gives false.
 bool fgCargaDatosFolio(Session& session, const Text& folio_range);
 

@@ -1,33 +1,22 @@
 #include "issuing/original_string.hpp"
 
 #include "core/errors.hpp"
+#include "issuing/amount_patterns.hpp"
 
 namespace tolvex {
 
 namespace {
-
-constexpr TextView amount_pattern = u"########0.00";
-
-// A staged amount rounded to two decimals, as a number.
-double rounded_amount(TextView staged) { return to_number(format(staged, u"#########0.00")); }
 
 Text with_bar(const Text& value) { return value + u"|"; }
 
 Text with_bar_unless_empty(const Text& value) { return value.empty() ? value : with_bar(value); }
 
 // Deliberate: the series only enters when the version does not, whatever its own flag says.
-Text version_or_series(const Session& session)
+Text version_or_series(const Session& session, const DocumentValues& document)
 {
-    if (session.gMostrarVersion) return u"|3.0";
+    if (session.gMostrarVersion) return u"|" + document.DocVersion;
     if (session.gMostrarSerie) return u"|" + session.gSerie;
     return {};
-}
-
-// Deliberate: any currency other than "PESOS", to the letter, is USD; for pesos the rate is always 1.
-Text rate_and_currency(const Session& session)
-{
-    if (session.gMoneda == u"PESOS") return u"|" + format(session.gParidad, u"1") + u"|MXN";
-    return u"|" + format(session.gParidad, u"#######0.0000") + u"|USD";
 }
 
 // Deliberate: interior number, locality and reference never enter the string.
@@ -39,31 +28,15 @@ Text issuer(const DocumentValues& document)
            with_bar_unless_empty(document.EmiPais) + document.EmiCodigoPostal; // no bar after it
 }
 
-void set_amounts(const Session& session, DocumentValues& document)
+Text build_header_piece(const Session& session, const DocumentValues& document)
 {
-    document.DocSubTotal = rounded_amount(session.gSubtotal);
-    document.DocDescuento = rounded_amount(session.gDescuento);
-    document.DocSubTotalDD = rounded_amount(session.gSubtotalDD);
-    document.DocImpuesto = rounded_amount(session.gImpuesto);
-    document.DocTotal = rounded_amount(session.gTotal);
-}
-
-Text build_header_piece(Session& session, DocumentValues& document, bool EsNotaCredito)
-{
-    session.gSubtotalDD = number_as_text(to_number(session.gSubtotal) - to_number(session.gDescuento));
-
-    Text piece = version_or_series(session) + u"|" + document.DocFecha;
-    if (session.gMostrarTipoDeComprobante) piece += EsNotaCredito ? u"|egreso" : u"|ingreso";
+    Text piece = version_or_series(session, document) + u"|" + document.DocFecha;
+    if (session.gMostrarTipoDeComprobante) piece += document.es_nota_credito ? u"|egreso" : u"|ingreso";
     if (session.gMostrarFormadePago) piece += u"|PAGO EN UNA SOLA EXHIBICION";
     if (session.gMostrarSubtotal) piece += u"|" + format(session.gSubtotal, amount_pattern);
-    piece += rate_and_currency(session);
+    piece += u"|" + document.DocTipoCambio + u"|" + document.DocMoneda;
     if (session.gMostrarTotal) piece += u"|" + format(session.gTotal, amount_pattern);
-    piece += issuer(document);
-
-    document.DocCliente = u"000000";
-    document.DocFechaDate = to_date(replace_all(document.DocFecha, u"T", u" "));
-    set_amounts(session, document);
-    return piece;
+    return piece + issuer(document);
 }
 
 // Deliberate: interior number, locality and reference never enter the string.
@@ -77,20 +50,18 @@ Text receiver_piece(const DocumentValues& document)
 }
 
 // Deliberate: the product key never enters the string.
-Text concept_piece(const std::array<Text, 12>& line)
+Text concept_piece(const DetalleRow& line)
 {
-    return with_bar(format(line[4], u"###########0.00")) + with_bar(trim(line[5])) + with_bar(trim(line[3])) +
-           with_bar(format(round_half_even(to_number(line[6]), 2), u"############0.00")) +
-           with_bar(format(round_half_even(to_number(line[8]), 2), u"##########0.00"));
+    return with_bar(format(line.Cantidad, u"###########0.00")) + with_bar(trim(line.Unidad)) +
+           with_bar(trim(line.Producto)) +
+           with_bar(format(round_half_even(to_number(line.PrecioSinIva), 2), u"############0.00")) +
+           with_bar(format(round_half_even(to_number(line.Importe), 2), total_pattern));
 }
 
-Text concepts_piece(const Session& session, DocumentValues& document)
+Text concepts_piece(const Session& session)
 {
     Text piece;
-    for (std::int32_t i = 1; i <= session.gNumDetalle; ++i) {
-        piece += concept_piece(session.gDetalle[i]);
-        ++document.line_count;
-    }
+    for (std::int32_t i = 1; i <= session.gNumDetalle; ++i) piece += concept_piece(session.gDetalle[i]);
     return piece;
 }
 
@@ -109,54 +80,21 @@ Text taxes_piece(const Session& session, const DocumentValues& document)
 
 } // namespace
 
-void prepare_document_values(const Session& session, DocumentValues& document)
+Text header_piece(Session& session, DocumentValues& document)
 {
-    document.DocFecha = session.gFechaHoraDocto;
-    document.DocNumeroAprobacion = session.gNumeroAprobacion;
-    document.DocCondicionPago = session.gFormaPago == 1 ? u"Contado" : u"Credito";
-    document.DocFormaDePago = document.DocCondicionPago;
-    document.RecRfc = without(session.gRfcCliente, u'-');
-    document.RecNombre = session.gNombreCliente;
-    document.RecCalle = session.gCalle;
-    document.RecNoExterior = session.gNumeroExt;
-    document.RecNoInterior = session.gNumeroInt;
-    document.RecColonia = session.gColonia;
-    document.RecLocalidad = session.gLocalidad;
-    document.RecReferencia.clear();
-    document.RecMunicipio = session.gMunicipio;
-    document.RecEstado = session.gEstado;
-    document.RecPais = session.gPais;
-    document.RecCodigoPostal = session.gCodigoPos;
-}
-
-void copy_issuer_address(const Session& session, DocumentValues& document)
-{
-    document.EmiRfc = session.gEmpRfc;
-    document.EmiNombre = session.gEmpNombre;
-    document.EmiCalle = session.gEmpCalle;
-    document.EmiNoExterior = session.gEmpNumExterior;
-    document.EmiNoInterior = session.gEmpNumInterior;
-    document.EmiColonia = session.gEmpColonia;
-    document.EmiLocalidad = session.gEmpLocalidad;
-    document.EmiReferencia.clear();
-    document.EmiMunicipio = session.gEmpMunicipio;
-    document.EmiEstado = session.gEmpEstado;
-    document.EmiPais = session.gEmpPais;
-    document.EmiCodigoPostal = session.gEmpCodigoPostal;
-}
-
-Text header_piece(Session& session, DocumentValues& document, bool EsNotaCredito)
-{
-    return trapping(Text(), [&] { return build_header_piece(session, document, EsNotaCredito); });
+    return trapping(Text(), [&] {
+        read_date_and_amounts(session, document);
+        return build_header_piece(session, document);
+    });
 }
 
 Text original_string(Session& session, DocumentValues& document)
 {
-    // Piece after piece: the header sets the amounts that the taxes print.
+    // Piece after piece: with the header the amounts are read that the taxes print.
     Text whole = u"|";
-    whole += header_piece(session, document, document.es_nota_credito);
+    whole += header_piece(session, document);
     whole += receiver_piece(document);
-    whole += concepts_piece(session, document);
+    whole += concepts_piece(session);
     whole += taxes_piece(session, document);
     return whole;
 }

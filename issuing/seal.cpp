@@ -3,6 +3,7 @@
 #include "core/errors.hpp"
 #include "platform/batch_runner.hpp"
 #include "platform/files.hpp"
+#include "platform/last_line.hpp"
 
 namespace tolvex {
 
@@ -20,7 +21,8 @@ Error no_seal(const Text& path)
         path.find(u' ') != Text::npos
             ? u"la ruta de la carpeta de trabajo no puede llevar blancos"
             : u"revise que openssl y pkey.key.pem estén en la carpeta de trabajo y que la llave sirva";
-    return {numbers::file_not_found, u"openssl no dejó el sello en " + files::native_path(path) + u": " + advice};
+    return {numbers::file_not_found,
+            u"openssl no dejó el sello en " + files::native_path(path) + u": " + advice};
 }
 
 } // namespace
@@ -73,26 +75,15 @@ Text run_seal_batch(const Text& folder)
     return last_line(result);
 }
 
-Text clean_seal(const Text& seal, const Text& base64_alphabet)
+Text clean_seal(const Text& seal)
 {
-    return keep_only(seal, base64_alphabet + u"=");
+    return keep_only(seal, u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/=");
 }
 
 void remove_seal_files(const Text& folder)
 {
     for (const TextView name : {u"\\sello.bat", u"\\sello.txt", u"\\fi_md5.txt", u"\\utf8.txt"})
         files::remove(folder + Text(name));
-}
-
-Text last_line(const Text& path)
-{
-    Text content = text_of_bytes(files::read(path));
-    if (content.ends_with(u"\r\n")) content.pop_back();
-    if (content.ends_with(u'\r')) content.pop_back();
-    const auto end_of_previous = content.rfind(u'\r');
-    if (end_of_previous == Text::npos) return content;
-    const bool with_line_feed = content[std::min(end_of_previous + 1, content.size() - 1)] == u'\n';
-    return content.substr(end_of_previous + (with_line_feed ? 2 : 1));
 }
 
 } // namespace tolvex

@@ -1,7 +1,7 @@
 // The digital seal: openssl signs the original string through a batch file in the working folder.
 #pragma once
 
-#include "issuing/document_values.hpp"
+#include "core/values.hpp"
 
 namespace tolvex {
 
@@ -24,12 +24,8 @@ void write_original_string(const Text& folder, const Text& utf8);
 // Runs sello.bat to its end and reads the seal it left, uncleaned. Throws Error when there is none.
 Text run_seal_batch(const Text& folder);
 // Only the Base64 characters and "=".
-Text clean_seal(const Text& seal, const Text& base64_alphabet);
+Text clean_seal(const Text& seal);
 // Removes the four work files.
 void remove_seal_files(const Text& folder);
-
-// Last line of a text file. A line ends at a carriage return, alone or with a line feed; a bare line feed is
-// part of the line. One character per byte. Throws Error 53, 57 or 75.
-Text last_line(const Text& path);
 
 } // namespace tolvex

@@ -4,25 +4,40 @@
 
 namespace tolvex {
 
-bool CancelaFacturaElectronica(Session& session, const Text& FolioDocto, Date FechaCancelacion,
-                               std::int16_t Empresa, std::int16_t Sucursal, bool NotadeCredito)
+std::int32_t count_documents(Session& session, const DocumentKey& key, const Text& kind)
+{
+    const Text sql = u"Select count(*) as n From FE_VENTAS_RESUMEN(nolock) Where cDocumento='" + key.folio +
+                     u"' And nEmpresa=" + decimal(key.company) + u" And nSucursal=" + decimal(key.branch) +
+                     (kind.empty() ? Text() : u" And cTipoDocumento='" + kind + u"'");
+    return shared_connection(session).query(sql)[u"n"].int32();
+}
+
+StoredDocument read_document(Session& session, const Text& folio, const Text& kind)
+{
+    const Recordset row = shared_connection(session).query(
+        u"Select cCadenaOriginal,cSelloDigital,nImporteConLetra From FE_VENTAS_RESUMEN(nolock)"
+        u" Where cDocumento='" +
+        folio + u"' And cTipoDocumento='" + kind + u"' Order By nID Desc");
+    return {row[u"cCadenaOriginal"].text(), row[u"cSelloDigital"].text(), row[u"nImporteConLetra"].text()};
+}
+
+bool cancel_document(Session& session, const DocumentKey& key, Date FechaCancelacion, bool NotadeCredito)
 {
     return trapping(false, [&] {
         const Text kind = NotadeCredito ? u"' and ctipodocumento='N'" : u"' and ctipodocumento='F'";
         const Text sql = u"update FE_VENTAS_RESUMEN set cstatus='C', dFechaCan='" +
-                         format(FechaCancelacion, u"yyyy-mm-dd") + u"'   where cdocumento='" + FolioDocto +
-                         kind + u"\r and nempresa= " + decimal(Empresa) + u" and nsucursal= " +
-                         decimal(Sucursal);
+                         format(FechaCancelacion, u"yyyy-mm-dd") + u"'   where cdocumento='" + key.folio +
+                         kind + u"\r and nempresa= " + decimal(key.company) + u" and nsucursal= " +
+                         decimal(key.branch);
         shared_connection(session).execute(sql);
         return true;
     });
 }
 
-bool BorraFacturaElectronica(Session& session, std::int16_t Empresa, std::int16_t Sucursal,
-                             const Text& FolioDocto)
+bool delete_document(Session& session, const DocumentKey& key)
 {
-    const Text filter = u"cdocumento='" + FolioDocto + u"'\r and nempresa= " + decimal(Empresa) +
-                        u" and nsucursal= " + decimal(Sucursal);
+    const Text filter = u"cdocumento='" + key.folio + u"'\r and nempresa= " + decimal(key.company) +
+                        u" and nsucursal= " + decimal(key.branch);
     const Text of_document = u"  where nIdFe in (Select nID from FE_VENTAS_RESUMEN  where " + filter + u")";
     const Text delete_document = u"Delete FE_VENTAS_RESUMEN  where " + filter;
     return trapping(false, [&] {
@@ -35,7 +50,7 @@ bool BorraFacturaElectronica(Session& session, std::int16_t Empresa, std::int16_
     });
 }
 
-bool fgObtenFolioFactura(Session& session, const Text& Caja, Text& FolioFactura)
+bool next_folio_of_range(Session& session, const Text& Caja, Text& FolioFactura)
 {
     FolioFactura = u"0";
     const Text sql =

@@ -1,18 +1,35 @@
-// What can be done with documents already stored: cancel, delete, and ask a range for its next folio.
+// What can be done with documents already stored: count, read, cancel, delete; and ask a range for its next
+// folio.
 #pragma once
 
 #include "session/session.hpp"
 
 namespace tolvex {
 
+struct DocumentKey
+{
+    Text folio; // as it was issued
+    std::int16_t company = 0, branch = 0;
+};
+
+// How many documents have that key; of the kind "F" or "N", or of both when it is empty. Throws Error.
+std::int32_t count_documents(Session& session, const DocumentKey& key, const Text& kind = u"");
+
+// What is stored of a document besides its amounts.
+struct StoredDocument
+{
+    Text original_string, sello; // one character per byte
+    Text amount_in_words;
+};
+// The newest document of that kind ("F", "N") with that folio. Throws Error when there is none.
+StoredDocument read_document(Session& session, const Text& folio, const Text& kind);
+
 // True when the statement ran, whether or not a document has that folio. NotadeCredito chooses the kind.
-bool CancelaFacturaElectronica(Session& session, const Text& FolioDocto, Date FechaCancelacion,
-                               std::int16_t Empresa, std::int16_t Sucursal, bool NotadeCredito);
+bool cancel_document(Session& session, const DocumentKey& key, Date FechaCancelacion, bool NotadeCredito);
 // Deletes the documents with that folio, whatever their kind, receiver and lines first.
-bool BorraFacturaElectronica(Session& session, std::int16_t Empresa, std::int16_t Sucursal,
-                             const Text& FolioDocto);
+bool delete_document(Session& session, const DocumentKey& key);
 // Next folio of the range numbered Caja into FolioFactura; "0" and false when it is used up or missing. Reads
 // the counter without advancing it. Throws Error when the database fails.
-bool fgObtenFolioFactura(Session& session, const Text& Caja, Text& FolioFactura);
+bool next_folio_of_range(Session& session, const Text& Caja, Text& FolioFactura);
 
 } // namespace tolvex

@@ -3,14 +3,26 @@
 
 #include "database/connection.hpp"
 
-#include <array>
+#include <vector>
 
 namespace tolvex {
 
-// Lines of texts numbered from 1, each with the same count of fields, also numbered from 1. Only the count
-// says how many lines are valid: an emptied table keeps nothing that a reader may see.
-template <std::size_t Fields>
-using StagedRows = std::vector<std::array<Text, Fields + 1>>;
+// One staged line item, in the order of its fields.
+struct DetalleRow
+{
+    Text FolioDocto, TipoDocumento, Producto, Cantidad, Unidad, PrecioSinIva, Iva, Importe, PorcIva,
+        FolioDoctoEntero, CveProducto;
+};
+
+// One staged value of the addenda, and one of a line of it.
+struct AddendaRow
+{
+    Text cRfcCte, nRama, nPadre, cValor;
+};
+struct AddendaDetRow
+{
+    Text cRfcCte, nRama, nPadre, cValor, nRenglon;
+};
 
 struct Session
 {
@@ -53,15 +65,13 @@ struct Session
         gDatoAdicional2, gDatoAdicional3;
     Text gSubtotalDD; // subtotal after discount, set while issuing
 
-    // Line items: folio key clipped, kind, product, quantity, unit, price, VAT, amount, VAT percent, folio
-    // key whole, product code.
-    StagedRows<11> gDetalle;
+    // Staged rows are numbered from 1. Only the count says how many are valid: an emptied table keeps nothing
+    // that a reader may see.
+    std::vector<DetalleRow> gDetalle;
     std::int32_t gNumDetalle = 0;
-
-    // Addenda: receiver, node, parent, value, and for lines the line number.
-    StagedRows<4> gAddenda;
+    std::vector<AddendaRow> gAddenda;
     std::int32_t gNumAddenda = 0;
-    StagedRows<5> gAddendaDet;
+    std::vector<AddendaDetRow> gAddendaDet;
     std::int32_t gNumAddendaDet = 0;
 };
 

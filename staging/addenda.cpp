@@ -1,32 +1,28 @@
+#include "staging/addenda.hpp"
+
+#include "core/values.hpp"
 #include "staging/staged_rows.hpp"
-#include "tolvex/tolvex.hpp"
 
 namespace tolvex {
 
-void Addenda::SetAddenda(const Text& cRfcCte, std::int16_t nRama, std::int16_t nPadre, const Text& cValor)
+void stage_addenda(Session& session, const Text& cRfcCte, std::int16_t nRama, std::int16_t nPadre,
+                   const Text& cValor)
 {
-    auto& row = add_row<4>(session().gAddenda, session().gNumAddenda);
-    row[1] = cRfcCte;
-    row[2] = decimal(nRama);
-    row[3] = decimal(nPadre);
-    row[4] = cValor;
+    add_row(session.gAddenda, session.gNumAddenda) = {cRfcCte, decimal(nRama), decimal(nPadre), cValor};
 }
 
-void Addenda::InicializaAddenda()
+// Deliberate: the line number, first of the parameters, is the last field.
+void stage_line_addenda(Session& session, std::int32_t nRenglon, const Text& cRfcCte, std::int16_t nRama,
+                        std::int16_t nPadre, const Text& cValor)
 {
-    empty_rows<4>(session().gAddenda, session().gNumAddenda);
-    empty_rows<5>(session().gAddendaDet, session().gNumAddendaDet);
+    add_row(session.gAddendaDet, session.gNumAddendaDet) = {cRfcCte, decimal(nRama), decimal(nPadre), cValor,
+                                                            decimal(nRenglon)};
 }
 
-void Addenda::SetAddendaDet(std::int32_t nRenglon, const Text& cRfcCte, std::int16_t nRama,
-                            std::int16_t nPadre, const Text& cValor)
+void empty_addenda(Session& session)
 {
-    auto& row = add_row<5>(session().gAddendaDet, session().gNumAddendaDet);
-    row[1] = cRfcCte;
-    row[2] = decimal(nRama);
-    row[3] = decimal(nPadre);
-    row[4] = cValor;
-    row[5] = decimal(nRenglon); // Deliberate: first parameter, last field.
+    empty_rows(session.gAddenda, session.gNumAddenda);
+    empty_rows(session.gAddendaDet, session.gNumAddendaDet);
 }
 
 } // namespace tolvex

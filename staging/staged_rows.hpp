@@ -9,8 +9,8 @@
 namespace tolvex {
 
 // The new last row. Throws Error 6 past the largest 32-bit count.
-template <std::size_t Fields>
-std::array<Text, Fields + 1>& add_row(StagedRows<Fields>& rows, std::int32_t& count)
+template <class Row>
+Row& add_row(std::vector<Row>& rows, std::int32_t& count)
 {
     if (count == std::numeric_limits<std::int32_t>::max()) throw overflow();
     ++count;
@@ -19,8 +19,8 @@ std::array<Text, Fields + 1>& add_row(StagedRows<Fields>& rows, std::int32_t& co
 }
 
 // Deliberate: row 1 keeps its old content until it is overwritten.
-template <std::size_t Fields>
-void empty_rows(StagedRows<Fields>& rows, std::int32_t& count)
+template <class Row>
+void empty_rows(std::vector<Row>& rows, std::int32_t& count)
 {
     rows.resize(2);
     count = 0;

@@ -3,8 +3,6 @@
 
 #include "tolvex/types.hpp"
 
-#include <memory>
-
 namespace tolvex {
 
 // Connection to the database that holds master data and documents.
@@ -63,17 +61,10 @@ public:
                        const Text& cValor = u"");
 };
 
-struct DocumentValues;
-
 // Issuing, cancelling, deleting and printing of documents.
 class TOLVEX_API GeneraDocto
 {
 public:
-    GeneraDocto();
-    ~GeneraDocto();
-    GeneraDocto(GeneraDocto&&) noexcept;
-    GeneraDocto& operator=(GeneraDocto&&) noexcept;
-
     // Loads the branch and its certificate number; false when there is none or on an error.
     bool GetDatosSucursal(std::int16_t vlnEmpresa, std::int16_t vlnSucursal);
     // Loads the certificate that GetDatosSucursal named. True also after an error half-way: see last_error().
@@ -109,9 +100,6 @@ public:
     Text GeneraFacturaElectronicaDesdeArchivoPlano(const Text& prtRutaArchivo, const Text& prtArchivo,
                                                    const Text& prtUsuario, const Text& prtContraseña,
                                                    const Text& prtServidor, const Text& prtBaseDeDatos);
-
-private:
-    std::unique_ptr<DocumentValues> document_;
 };
 
 // Maintenance windows of the master data; each call opens a connection of its own that becomes the shared

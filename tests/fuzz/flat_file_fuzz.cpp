@@ -1,6 +1,6 @@
 // Any bytes may be handed over as a flat file: the result is a message with a line, never harm. Without a
 // database every record but EMISOR and EMITE goes its whole way.
-#include "issuing/flat_file.hpp"
+#include "flat_file/flat_file.hpp"
 #include "platform/files.hpp"
 
 #include <cstdlib>

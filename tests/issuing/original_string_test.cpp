@@ -13,18 +13,15 @@ class OriginalString : public Station
 protected:
     OriginalString() { stage_document(); }
 
-    Text header(bool credit_note = false)
+    Text header()
     {
-        prepare_document_values(session(), document);
-        copy_issuer_address(session(), document);
-        return header_piece(session(), document, credit_note);
+        document = document_values(session(), 1, {});
+        return header_piece(session(), document);
     }
 
-    Text whole(const Text& rate = u"16.00")
+    Text whole(const IssueOptions& options = {})
     {
-        prepare_document_values(session(), document);
-        copy_issuer_address(session(), document);
-        document.DocTasa = rate;
+        document = document_values(session(), 1, options);
         return original_string(session(), document);
     }
 
@@ -46,8 +43,7 @@ TEST_F(OriginalString, of_a_credit_note_with_withholdings_in_another_currency)
     other.Paridad = 17.5;
     other.ISRRet = 137.005;
     stage(other);
-    document.es_nota_credito = true;
-    EXPECT_EQ(whole(u"11.00"),
+    EXPECT_EQ(whole({.vlTipoDocumento = u"egreso", .vlTasaDeIva = 11}),
               u"||3.0|2011-03-15T14:05:09|egreso|PAGO EN UNA SOLA EXHIBICION|1370.00|17.5000|USD|1508.00" +
                   Text(issuer) + Text(receiver) + Text(concepts) + u"ISR|137.01|IVA|0.00|IVA|11.00|208.00||");
 }

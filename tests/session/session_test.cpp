@@ -1,6 +1,7 @@
 #include "session/session.hpp"
 
 #include "session/configuracion.hpp"
+#include "session/opening.hpp"
 #include "support/station.hpp"
 #include "support/tables.hpp"
 
@@ -16,7 +17,7 @@ TEST_F(SessionTest, connection_data_are_kept_as_given_and_used_at_the_next_openi
     EXPECT_EQ(s.gUserBd + u"|" + s.gPswBd + u"|" + s.gBd + u"|" + s.gServerBd,
               u" sa |cla;ve|otra.db|SERVIDOR\\SQL");
     EXPECT_EQ(count(u"FE_FOLIOS"), 3); // still connected to the station's database
-    EXPECT_EQ(connection_string(u" sa ", u"cla;ve", u"ventas", u"SRV"),
+    EXPECT_EQ(connection_string({u" sa ", u"cla;ve", u"ventas", u"SRV"}),
               u"uid= sa ;pwd=cla;ve;driver={SQL Server};server=SRV;database=ventas");
 }
 

@@ -1,3 +1,4 @@
+#include "core/text.hpp"
 #include "session/session.hpp"
 #include "support/tables.hpp"
 #include "tolvex/tolvex.hpp"
@@ -12,11 +13,18 @@ class Staging : public ::testing::Test
 protected:
     Staging() { session() = Session(); }
 
-    // The line's fields 1 to 11.
+    // The line's fields, in their order.
     static std::vector<Text> line(std::size_t i)
     {
-        const auto& fields = session().gDetalle[i];
-        return {fields.begin() + 1, fields.end()};
+        const DetalleRow& row = session().gDetalle[i];
+        return {row.FolioDocto, row.TipoDocumento,    row.Producto,   row.Cantidad,
+                row.Unidad,     row.PrecioSinIva,     row.Iva,        row.Importe,
+                row.PorcIva,    row.FolioDoctoEntero, row.CveProducto};
+    }
+    static Text staged_addenda(std::size_t i)
+    {
+        const AddendaRow& row = session().gAddenda[i];
+        return join({row.cRfcCte, row.nRama, row.nPadre, row.cValor}, u"|");
     }
     static void add_line(const Text& folio)
     {
@@ -89,10 +97,11 @@ TEST_F(Staging, addenda_values_keep_their_fields_and_are_counted_apart)
     addenda.SetAddendaDet(70000, u"ABC010101AAA", 5, -3, u" ");
     EXPECT_EQ(session().gNumAddenda, 2);
     EXPECT_EQ(session().gNumAddendaDet, 1);
-    EXPECT_EQ(session().gAddenda[1], (std::array<Text, 5>{u"", u"ABC010101AAA", u"3", u"1", u""}));
-    EXPECT_EQ(session().gAddenda[2], (std::array<Text, 5>{u"", u"", u"-1", u"7", Text(3000, u'v')}));
-    EXPECT_EQ(session().gAddendaDet[1],
-              (std::array<Text, 6>{u"", u"ABC010101AAA", u"5", u"-3", u" ", u"70000"}));
+    EXPECT_EQ(staged_addenda(1), u"ABC010101AAA|3|1|");
+    EXPECT_EQ(staged_addenda(2), u"|-1|7|" + Text(3000, u'v'));
+    const AddendaDetRow& row = session().gAddendaDet[1];
+    EXPECT_EQ(join({row.cRfcCte, row.nRama, row.nPadre, row.cValor, row.nRenglon}, u"|"),
+              u"ABC010101AAA|5|-3| |70000");
     addenda.InicializaAddenda();
     EXPECT_EQ(session().gNumAddenda, 0);
     EXPECT_EQ(session().gNumAddendaDet, 0);

@@ -1,38 +1,30 @@
 #include "core/errors.hpp"
-#include "issuing/flat_file.hpp"
+#include "flat_file/flat_file.hpp"
 #include "issuing/issue.hpp"
 #include "issuing/master_data.hpp"
 #include "issuing/stored_documents.hpp"
-#include "tolvex/tolvex.hpp"
+#include "tolvex/classes.hpp"
 
 namespace tolvex {
 
-GeneraDocto::GeneraDocto() : document_(std::make_unique<DocumentValues>()) {}
-GeneraDocto::~GeneraDocto() = default;
-GeneraDocto::GeneraDocto(GeneraDocto&&) noexcept = default;
-GeneraDocto& GeneraDocto::operator=(GeneraDocto&&) noexcept = default;
-
 bool GeneraDocto::GetDatosSucursal(std::int16_t vlnEmpresa, std::int16_t vlnSucursal)
 {
-    return tolvex::GetDatosSucursal(session(), vlnEmpresa, vlnSucursal);
+    return load_branch(session(), vlnEmpresa, vlnSucursal);
 }
 
 bool GeneraDocto::GetDatosCertificado(std::int16_t vlnEmpresa)
 {
-    return tolvex::GetDatosCertificado(session(), vlnEmpresa);
+    return load_certificate(session(), vlnEmpresa);
 }
 
-bool GeneraDocto::GetDatosEmpresa(std::int16_t vlnEmpresa)
-{
-    return tolvex::GetDatosEmpresa(session(), vlnEmpresa);
-}
+bool GeneraDocto::GetDatosEmpresa(std::int16_t vlnEmpresa) { return load_company(session(), vlnEmpresa); }
 
 bool GeneraDocto::GeneraFacturaElectronica(Text& vlnFactura, bool CtrlFolioInterno,
                                            const Text& vlTipoDocumento, std::int16_t vlTasaDeIva,
                                            bool vlGeneraAddenda)
 {
-    return issue_document(session(), *document_, vlnFactura,
-                          {CtrlFolioInterno, vlTipoDocumento, vlTasaDeIva, vlGeneraAddenda});
+    const IssueOptions options{CtrlFolioInterno, vlTipoDocumento, vlTasaDeIva, vlGeneraAddenda};
+    return issue_document(session(), vlnFactura, options).issued;
 }
 
 void GeneraDocto::Main() {}
@@ -51,18 +43,17 @@ void GeneraDocto::ImprimeDocuentoConVisor(const Text&, std::int16_t, std::int16_
 bool GeneraDocto::CancelaFacturaElectronica(const Text& FolioDocto, Date FechaCancelacion,
                                             std::int16_t Empresa, std::int16_t Sucursal, bool NotadeCredito)
 {
-    return tolvex::CancelaFacturaElectronica(session(), FolioDocto, FechaCancelacion, Empresa, Sucursal,
-                                             NotadeCredito);
+    return cancel_document(session(), {FolioDocto, Empresa, Sucursal}, FechaCancelacion, NotadeCredito);
 }
 
 bool GeneraDocto::BorraFacturaElectronica(std::int16_t Empresa, std::int16_t Sucursal, const Text& FolioDocto)
 {
-    return tolvex::BorraFacturaElectronica(session(), Empresa, Sucursal, FolioDocto);
+    return delete_document(session(), {FolioDocto, Empresa, Sucursal});
 }
 
 bool GeneraDocto::fgObtenFolioFactura(const Text& Caja, Text& FolioFactura)
 {
-    return tolvex::fgObtenFolioFactura(session(), Caja, FolioFactura);
+    return next_folio_of_range(session(), Caja, FolioFactura);
 }
 
 Text GeneraDocto::GeneraFacturaElectronicaDesdeArchivoPlano(const Text& prtRutaArchivo,
@@ -72,7 +63,7 @@ Text GeneraDocto::GeneraFacturaElectronicaDesdeArchivoPlano(const Text& prtRutaA
                                                             const Text& prtBaseDeDatos)
 {
     return issue_flat_file(session(), prtRutaArchivo, prtArchivo,
-                           {prtUsuario, prtContraseña, prtServidor, prtBaseDeDatos});
+                           {prtUsuario, prtContraseña, prtBaseDeDatos, prtServidor});
 }
 
 } // namespace tolvex

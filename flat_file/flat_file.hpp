@@ -1,16 +1,11 @@
 // Issues the documents of a flat file: one record a line, fields separated by "|" (docs/archivo-plano.md).
 #pragma once
 
-#include "session/session.hpp"
+#include "session/opening.hpp"
 
 #include <functional>
 
 namespace tolvex {
-
-struct ConnectionData
-{
-    Text user, password, server, database;
-};
 
 struct IssuedDocument
 {
@@ -40,7 +35,6 @@ FlatFileResult issue_flat_file_records(Session& session, const Text& path, const
 
 // The same on a connection of its own, which is closed at the end while the shared one stays as it was; a
 // failure is shown in a message. Returns series_and_folios().
-Text issue_flat_file(Session& session, const Text& folder, const Text& name,
-                     const ConnectionData& connection);
+Text issue_flat_file(Session& session, const Text& folder, const Text& name, const ConnectionData& data);
 
 } // namespace tolvex

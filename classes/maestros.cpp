@@ -1,5 +1,5 @@
 #include "core/errors.hpp"
-#include "tolvex/tolvex.hpp"
+#include "tolvex/classes.hpp"
 
 namespace tolvex {
 

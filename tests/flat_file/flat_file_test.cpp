@@ -1,4 +1,4 @@
-#include "issuing/flat_file.hpp"
+#include "flat_file/flat_file.hpp"
 
 #include "core/errors.hpp"
 #include "support/station.hpp"

@@ -1,0 +1,23 @@
+#include "session/opening.hpp"
+#include "tolvex/classes.hpp"
+
+namespace tolvex {
+
+void ConfigFE::SetDatosConexion(const Text& UserBd, const Text& PswBd, const Text& Bd, const Text& ServerBd)
+{
+    keep_connection_data(session(), {UserBd, PswBd, Bd, ServerBd});
+}
+
+bool ConfigFE::AbrirConexion()
+{
+    open_shared_connection(session());
+    return true;
+}
+
+bool ConfigFE::CierraConexion()
+{
+    shared_connection(session()).close();
+    return true;
+}
+
+} // namespace tolvex

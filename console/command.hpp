@@ -1,0 +1,53 @@
+// One command of the program: its name, its options with their help, and what it does.
+#pragma once
+
+#include "console/place.hpp"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+
+namespace CLI {
+class App;
+}
+
+namespace tolvex::console {
+
+// How a command declares what may follow its name. The values must outlive the parsing.
+class Options
+{
+public:
+    explicit Options(CLI::App& app) : app_(app) {}
+
+    // Must be given: a word by its place, or a value after its option.
+    void argument(const char* name, std::string& value, const char* help);
+    void required(const char* name, std::int16_t& value, const char* help);
+    // May be given; the help shows the value that stands otherwise.
+    void option(const char* name, std::string& value, const char* help);
+    void flag(const char* name, bool& value, const char* help);
+
+private:
+    CLI::App& app_;
+};
+
+class Command
+{
+public:
+    virtual ~Command() = default;
+    virtual const char* name() const = 0;
+    virtual const char* purpose() const = 0;
+    virtual void declare(Options&) {}
+    // Prints its result on standard output and gives the process's exit code: 0 on success, 1 when it failed
+    // and said why. Throws Error for what ends it unforeseen.
+    virtual int run(const Place& place) = 0;
+};
+
+std::unique_ptr<Command> demo_command();
+std::unique_ptr<Command> emite_command();
+std::unique_ptr<Command> cancela_command();
+std::unique_ptr<Command> borra_command();
+std::unique_ptr<Command> folio_command();
+std::unique_ptr<Command> esquema_command();
+std::unique_ptr<Command> conexion_command();
+
+} // namespace tolvex::console

@@ -1,0 +1,136 @@
+#include "console/command_line.hpp"
+
+#include "console/output.hpp"
+
+#include <CLI/CLI.hpp>
+
+namespace tolvex::console {
+
+namespace {
+
+constexpr auto description =
+    "Emite facturas y notas de crédito electrónicas (CFDI 3.0), las cancela y las borra.\n"
+    "\n"
+    "Ejemplos:\n"
+    "  tolvex demo --carpeta prueba            una empresa de prueba con sus documentos\n"
+    "  tolvex emite ventas.txt --bd tienda.db  emite los documentos de un archivo plano\n"
+    "  tolvex folio 1                          siguiente folio del rango 1\n"
+    "  tolvex cancela 15 --empresa 1 --sucursal 1";
+
+constexpr auto connection_notes =
+    "La conexión también se toma del entorno: TOLVEX_SERVIDOR, TOLVEX_BD, TOLVEX_USUARIO, TOLVEX_CLAVE.\n"
+    "Código de salida: 0 si todo salió bien, 1 si la operación falló, 2 si la orden está mal escrita.";
+
+constexpr int wrong_usage = 2;
+
+void add_connection_options(CLI::App& app, Place& place)
+{
+    app.add_option("--servidor", place.server,
+                   "Servidor SQL Server (host o host,puerto), o sqlite: para un archivo")
+        ->envname("TOLVEX_SERVIDOR")
+        ->capture_default_str();
+    app.add_option("--bd", place.database, "Base de datos; con sqlite:, la ruta del archivo")
+        ->envname("TOLVEX_BD")
+        ->capture_default_str();
+    app.add_option("--usuario", place.user, "Usuario del servidor")->envname("TOLVEX_USUARIO");
+    app.add_option("--clave", place.password, "Contraseña del usuario")->envname("TOLVEX_CLAVE");
+}
+
+void speak_spanish(CLI::App& app)
+{
+    app.option_defaults()->group("Opciones");
+    app.set_help_flag("-h,--help", "Muestra esta ayuda");
+    const auto formatter = app.get_formatter();
+    for (const auto& [english, spanish] : {std::pair{"Usage", "Uso"},
+                                           {"OPTIONS", "OPCIONES"},
+                                           {"OPTION", "OPCIÓN"},
+                                           {"SUBCOMMAND", "ORDEN"},
+                                           {"SUBCOMMANDS", "ÓRDENES"},
+                                           {"Positionals", "Argumentos"},
+                                           {"POSITIONALS", "ARGUMENTOS"},
+                                           {"REQUIRED", "(obligatorio)"},
+                                           {"Env", "Entorno"},
+                                           {"TEXT", "TEXTO"},
+                                           {"INT", "NÚMERO"}})
+        formatter->label(english, spanish);
+    formatter->column_width(32);
+}
+
+// The part of a library's message that names the argument.
+std::string named(const std::string& message, const std::string& before, const std::string& after)
+{
+    const auto start = message.find(before);
+    const auto from = before.empty() || start == std::string::npos ? 0 : start + before.size();
+    return message.substr(from, after.empty() ? std::string::npos : message.find(after, from) - from);
+}
+
+// What is wrong with the command line, in Spanish.
+std::string usage_message(const CLI::App*, const CLI::Error& error)
+{
+    const auto kind = static_cast<CLI::ExitCodes>(error.get_exit_code());
+    const std::string message = error.what();
+    std::string reason = message;
+    if (message.starts_with("A subcommand"))
+        reason = "falta la orden";
+    else if (kind == CLI::ExitCodes::RequiredError)
+        reason = "falta " + named(message, "", " is required");
+    else if (kind == CLI::ExitCodes::ExtrasError)
+        reason = "no se conoce o sobra: " + named(message, ": ", "");
+    else if (kind == CLI::ExitCodes::ConversionError)
+        reason = "no es un número válido: " + named(message, ": ", "");
+    else if (kind == CLI::ExitCodes::ArgumentMismatch)
+        reason = "falta el valor de " + named(message, "", ":");
+    return "tolvex: " + reason + "\nVea «tolvex --help» o «tolvex ORDEN --help».\n";
+}
+
+} // namespace
+
+void Options::argument(const char* name, std::string& value, const char* help)
+{
+    app_.add_option(name, value, help)->required();
+}
+
+void Options::required(const char* name, std::int16_t& value, const char* help)
+{
+    app_.add_option(name, value, help)->required();
+}
+
+void Options::option(const char* name, std::string& value, const char* help)
+{
+    app_.add_option(name, value, help)->capture_default_str();
+}
+
+void Options::flag(const char* name, bool& value, const char* help) { app_.add_flag(name, value, help); }
+
+int run_command_line(int argc, char** argv, const std::vector<std::unique_ptr<Command>>& commands)
+{
+    CLI::App app{description, "tolvex"};
+    app.footer(connection_notes);
+    app.require_subcommand(1);
+    app.fallthrough(); // connection options may stand before or after the command
+    app.failure_message(usage_message);
+    speak_spanish(app);
+    Place place;
+    add_connection_options(app, place);
+
+    int result = 0;
+    for (const auto& command : commands) {
+        CLI::App* added = app.add_subcommand(command->name(), command->purpose())->group("Órdenes");
+        added->get_help_ptr()->group("Opciones"); // inherited before the options' group is
+        Options options(*added);
+        command->declare(options);
+        added->callback([&result, &place, order = command.get()] { result = order->run(place); });
+    }
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? 0 : wrong_usage;
+    } catch (const std::exception& error) {
+        say_error(error.what());
+        return 1;
+    }
+    return all_written_out() ? result : 1;
+}
+
+} // namespace tolvex::console

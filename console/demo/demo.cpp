@@ -1,0 +1,222 @@
+// The demonstration: a company of its own with a real key pair, four documents issued from flat files, their
+// seals verified with openssl.
+#include "console/command.hpp"
+#include "console/demo/demo_files.hpp"
+#include "console/output.hpp"
+#include "core/errors.hpp"
+#include "core/values.hpp"
+#include "flat_file/flat_file.hpp"
+#include "issuing/stored_documents.hpp"
+#include "platform/batch_runner.hpp"
+#include "platform/clock.hpp"
+#include "platform/files.hpp"
+#include "schema/sample_company.hpp"
+#include "schema/schema.hpp"
+
+namespace tolvex::console {
+
+namespace {
+
+constexpr TextView certificate_number = u"20001000000100005867";
+constexpr TextView company_rfc = u"AES010101AAA";
+constexpr TextView key_password = u"12345678a";
+
+// The tax authority spells a certificate's number in the ASCII codes of its serial: digit 2 is the byte 32.
+Text serial_in_hex(TextView number)
+{
+    Text hex;
+    for (const char16_t digit : number) {
+        hex += u'3';
+        hex += digit;
+    }
+    return hex;
+}
+
+// The lines between the BEGIN and END marks of a PEM file.
+Text pem_body(const Text& pem)
+{
+    Text body;
+    for (const Text& line : split(pem, u'\n'))
+        if (!line.empty() && !line.starts_with(u"-----")) body += line + u"\r\n";
+    return body;
+}
+
+class Demo
+{
+public:
+    Demo(const Place& place, const Text& folder) : place_(place), folder_(folder) {}
+
+    void run();
+
+private:
+    Text path(const Text& name) const { return folder_ + u"\\" + name; }
+    void make_folder();
+    void open_database();
+    void make_certificate();
+    void store_master_data();
+    void issue(const DemoFile& file);
+    void verify_seal(const IssuedDocument& document, const Text& kind);
+    void look_up_and_cancel();
+    void openssl(const std::vector<Text>& commands);
+
+    const Place place_;
+    const Text folder_;
+    std::vector<IssuedDocument> issued_;
+};
+
+void Demo::run()
+{
+    make_folder();
+    open_database();
+    make_certificate();
+    store_master_data();
+    for (const DemoFile& file : demo_files) issue(file);
+    look_up_and_cancel();
+    disconnect();
+    print_line(u"\nTodo está en " + folder_ + u":");
+    print_line(u"  base de datos     " + to_text(place_.database) +
+               u" (empresa 1, sucursal 1, certificado 1, rangos de folios 1 y 2)");
+    print_line(u"  Facturas/         los documentos XML");
+    print_line(
+        u"  certificado.cer   el certificado; pkey.key.pem es su llave y llave.key la misma con contraseña " +
+        Text(key_password));
+    print_line(u"  *.txt             los archivos planos; emita otro con: tolvex emite ARCHIVO --bd " +
+               to_text(place_.database));
+}
+
+void Demo::make_folder()
+{
+    if (folder_.find(u' ') != Text::npos)
+        throw invalid_call(
+            u"La carpeta no puede llevar blancos, pues las líneas de sello.bat no los admiten: " + folder_);
+    if (!files::folder_exists(folder_)) files::create_folder(folder_);
+}
+
+// The demonstration replaces company 1; it must be its own.
+void Demo::open_database()
+{
+    connect(place_);
+    create_schema(shared_connection(session()));
+    if (has_another_company(shared_connection(session()), Text(company_rfc)))
+        throw invalid_call(
+            u"La base de datos ya tiene una empresa 1 que no es la de la demostración: use otra base");
+}
+
+// Runs openssl commands through the batch runner; throws when the last one fails.
+void Demo::openssl(const std::vector<Text>& commands)
+{
+    const Text batch = path(u"demo.bat");
+    Text lines;
+    for (const Text& command : commands) lines += u"openssl " + command + u"\r\n";
+    files::write(batch, batch_file_bytes(lines));
+    const int exit_code = run_batch_file(batch, WindowStyle::hidden);
+    files::remove(batch);
+    if (exit_code != 0)
+        throw invalid_call(u"openssl no pudo ejecutar su orden (código " + decimal(exit_code) +
+                           u"): revise que esté instalado: " + commands.back());
+}
+
+void Demo::make_certificate()
+{
+    if (files::exists(path(u"pkey.key.pem")) && files::exists(path(u"certificado.cer"))) return;
+    const Text plain_key = path(u"llave.tmp");
+    openssl({u"genrsa -out " + plain_key + u" 2048",
+             u"req -x509 -new -sha1 -key " + plain_key + u" -set_serial 0x" +
+                 serial_in_hex(certificate_number) +
+                 u" -days 1460 -subj \"/C=MX/O=Abarrotes La Esperanza/CN=Abarrotes La Esperanza\" -outform "
+                 u"DER -out " +
+                 path(u"certificado.cer"),
+             u"pkcs8 -topk8 -v1 PBE-SHA1-3DES -in " + plain_key + u" -outform DER -passout pass:" +
+                 Text(key_password) + u" -out " + path(u"llave.key"),
+             u"pkcs8 -inform DER -in " + path(u"llave.key") + u" -passin pass:" + Text(key_password) +
+                 u" -out " + path(u"pkey.key.pem")});
+    files::remove(plain_key);
+    print_line(u"Llave y certificado " + Text(certificate_number) + u" hechos con openssl");
+}
+
+void Demo::store_master_data()
+{
+    openssl({u"x509 -inform DER -in " + path(u"certificado.cer") + u" -out " + path(u"certificado.pem")});
+    SampleCompany company;
+    company.rfc = company_rfc;
+    company.folder = folder_;
+    company.certificate_number = certificate_number;
+    company.certificate_serial = serial_in_hex(certificate_number);
+    company.certificate_body = pem_body(to_text(files::read(path(u"certificado.pem"))));
+    company.valid_from = format(local_now(), u"yyyy-mm-dd");
+    company.valid_until = format(Date{local_now().days + 1460}, u"yyyy-mm-dd");
+    store_sample_company(shared_connection(session()), company);
+}
+
+void Demo::issue(const DemoFile& file)
+{
+    const Text name = to_text(file.name);
+    const Text moment = format(local_now(), u"yyyy-mm-dd hh:mm:ss");
+    files::write(path(name), to_utf8(replace_all(to_text(file.content), u"{FECHA}", moment)));
+    const FlatFileResult result = issue_flat_file_records(session(), path(name), {});
+    if (!result.failure.empty()) throw invalid_call(files::native_path(path(name)) + u": " + result.failure);
+    for (const IssuedDocument& document : result.documents) {
+        print_line(u"\n" + name + u": " + document.series + document.folio);
+        print_line(u"  " + files::native_path(document.xml_path));
+        verify_seal(document, document.series == u"NC" ? u"N" : u"F");
+        issued_.push_back(document);
+    }
+}
+
+// Checks the stored seal of the stored original string against the certificate, with openssl alone.
+void Demo::verify_seal(const IssuedDocument& document, const Text& kind)
+{
+    const StoredDocument stored = read_document(session(), document.folio, kind);
+    files::write(path(u"cadena.tmp"), bytes_of_text(stored.original_string));
+    files::write(path(u"sello.tmp"), bytes_of_text(stored.sello));
+    openssl({u"x509 -in " + path(u"certificado.pem") + u" -noout -pubkey > " + path(u"publica.tmp"),
+             u"enc -base64 -d -A -in " + path(u"sello.tmp") + u" -out " + path(u"firma.tmp"),
+             u"dgst -sha1 -verify " + path(u"publica.tmp") + u" -signature " + path(u"firma.tmp") + u" " +
+                 path(u"cadena.tmp") + u" > " + path(u"resultado.tmp")});
+    print_line(u"  openssl dgst -verify: " +
+               trim(without(to_text(files::read(path(u"resultado.tmp"))), u'\n')));
+    print_line(u"  " + stored.amount_in_words);
+    for (const char16_t* name : {u"cadena.tmp", u"sello.tmp", u"publica.tmp", u"firma.tmp", u"resultado.tmp"})
+        files::remove(path(name));
+}
+
+void Demo::look_up_and_cancel()
+{
+    Text next;
+    next_folio_of_range(session(), u"1", next);
+    print_line(u"\nSiguiente folio del rango 1: " + next);
+    const IssuedDocument& first = issued_.front();
+    if (!cancel_document(session(), {first.folio, 1, 1}, local_now(), false))
+        throw invalid_call(last_error());
+    print_line(u"Cancelada la factura " + first.series + first.folio);
+}
+
+class DemoCommand : public Command
+{
+public:
+    const char* name() const override { return "demo"; }
+    const char* purpose() const override
+    {
+        return "Prepara una empresa de prueba y emite documentos de verdad";
+    }
+
+    void declare(Options& options) override { options.option("--carpeta", folder_, "Carpeta de trabajo"); }
+
+    // On the embedded database in the folder, or on the server that the place names.
+    int run(const Place& place) override
+    {
+        const Text path = files::absolute_path(to_text(folder_));
+        const bool embedded = place.server == "sqlite:";
+        Demo(embedded ? Place{"sqlite:", to_utf8(path) + "/tolvex.db", "", ""} : place, path).run();
+        return 0;
+    }
+
+private:
+    std::string folder_ = "demo";
+};
+
+} // namespace
+
+std::unique_ptr<Command> demo_command() { return std::make_unique<DemoCommand>(); }
+
+} // namespace tolvex::console

@@ -1,0 +1,25 @@
+#include "console/output.hpp"
+
+#include <cstdio>
+#include <fmt/core.h>
+
+namespace tolvex::console {
+
+void print_line(const Text& text) { fmt::print("{}\n", to_utf8(text)); }
+
+void say_error(const std::string& reason) noexcept { std::fprintf(stderr, "tolvex: %s\n", reason.c_str()); }
+
+int fail(const Text& reason)
+{
+    say_error(to_utf8(reason));
+    return 1;
+}
+
+bool all_written_out()
+{
+    if (std::fflush(stdout) == 0 && !std::ferror(stdout)) return true;
+    say_error("no se pudo escribir el resultado en la salida estándar");
+    return false;
+}
+
+} // namespace tolvex::console

@@ -1,0 +1,21 @@
+// What the program says: results on standard output, reasons on standard error.
+#pragma once
+
+#include "tolvex/types.hpp"
+
+#include <string>
+
+namespace tolvex::console {
+
+void print_line(const Text& text);
+
+// Standard error itself may be full or gone.
+void say_error(const std::string& reason) noexcept;
+
+// Says why a command failed and gives its exit code.
+int fail(const Text& reason);
+
+// Whether all that was printed reached standard output; says so when it did not.
+bool all_written_out();
+
+} // namespace tolvex::console

@@ -1,0 +1,25 @@
+#include "console/progress_line.hpp"
+
+#include <fmt/core.h>
+#include <unistd.h>
+
+namespace tolvex::console {
+
+ProgressLine::ProgressLine() : on_terminal_(isatty(STDERR_FILENO) != 0) {}
+
+void ProgressLine::show(std::size_t line, std::size_t lines)
+{
+    const std::size_t percent = 100 * line / lines;
+    if (!on_terminal_ || percent == shown_) return;
+    shown_ = percent;
+    fmt::print(stderr, "\rlínea {} de {} ({} %)", line, lines, percent);
+    std::fflush(stderr);
+}
+
+void ProgressLine::clear()
+{
+    if (on_terminal_ && shown_ != none) fmt::print(stderr, "\r\033[K");
+    shown_ = none;
+}
+
+} // namespace tolvex::console
