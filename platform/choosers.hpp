@@ -5,8 +5,9 @@
 
 namespace tolvex {
 
-// Handle of the window that the chooser belongs to; null for none.
-using WindowHandle = void*;
+// A window of the host's own system, known to its adapter only; null for none.
+struct NativeWindow;
+using WindowHandle = NativeWindow*;
 
 // Path of a file-system folder; empty when the user cancels. Errors count as cancelling.
 Text choose_folder(WindowHandle owner, const Text& title);

@@ -14,8 +14,7 @@ public:
     NewFile(const NewFile&) = delete;
     ~NewFile()
     {
-        if (!in_place_ && files::exists(path_beside()))
-            quietly([&] { files::remove(path_beside()); });
+        if (!in_place_ && files::exists(path_beside())) quietly([&] { files::remove(path_beside()); });
     }
 
     // Where to write it.

@@ -9,6 +9,7 @@
 namespace tolvex {
 
 class XmlDocument;
+struct XmlNode; // an element as the adapter's own library knows it
 
 // A reference to an element; it lives as long as its document.
 class XmlElement
@@ -22,10 +23,10 @@ public:
 
 private:
     friend class XmlDocument;
-    XmlElement(XmlDocument& document, void* node) : document_(&document), node_(node) {}
+    XmlElement(XmlDocument& document, XmlNode* node) : document_(&document), node_(node) {}
 
     XmlDocument* document_;
-    void* node_;
+    XmlNode* node_;
 };
 
 class XmlDocument

@@ -38,7 +38,8 @@ struct FreeBuffer
     void operator()(xmlBuffer* buffer) const { xmlBufferFree(buffer); }
 };
 
-xmlNode* node(void* pointer) { return static_cast<xmlNode*>(pointer); }
+xmlNode* node(XmlNode* element) { return reinterpret_cast<xmlNode*>(element); }
+XmlNode* element(xmlNode* node) { return reinterpret_cast<XmlNode*>(node); }
 
 } // namespace
 
@@ -65,7 +66,7 @@ XmlElement XmlElement::append(const Text& name)
 {
     xmlNode* child = checked(xmlNewDocNode(node(node_)->doc, nullptr, bytes(name_of(name)), nullptr));
     xmlAddChild(node(node_), child);
-    return {*document_, child};
+    return {*document_, element(child)};
 }
 
 void XmlElement::set_text(const Text& text)
@@ -87,7 +88,7 @@ XmlElement XmlDocument::create_root(const Text& name)
 {
     xmlNode* root = checked(xmlNewDocNode(native_->document.get(), nullptr, bytes(name_of(name)), nullptr));
     xmlDocSetRootElement(native_->document.get(), root);
-    return {*this, root};
+    return {*this, element(root)};
 }
 
 void XmlDocument::save(TextView path) const

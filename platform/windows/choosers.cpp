@@ -24,7 +24,7 @@ Text choose_folder(WindowHandle owner, const Text& title)
 {
     wchar_t display_name[MAX_PATH] = {}, path[MAX_PATH] = {};
     BROWSEINFOW browse{};
-    browse.hwndOwner = static_cast<HWND>(owner);
+    browse.hwndOwner = reinterpret_cast<HWND>(owner);
     browse.pszDisplayName = display_name;
     browse.lpszTitle = wide(title);
     browse.ulFlags = BIF_RETURNONLYFSDIRS;
@@ -39,7 +39,7 @@ Text choose_file(WindowHandle owner, const Text& title, const FileKind& kind)
     wchar_t path[MAX_PATH] = {};
     OPENFILENAMEW dialog{};
     dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = static_cast<HWND>(owner);
+    dialog.hwndOwner = reinterpret_cast<HWND>(owner);
     dialog.lpstrFilter = wide(filter);
     dialog.lpstrFile = path;
     dialog.nMaxFile = std::size(path);

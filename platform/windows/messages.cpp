@@ -43,8 +43,8 @@ MessageAnswer show_natively(const Message& message)
 {
     if (somebody_sees_windows()) {
         const UINT style = static_cast<UINT>(message.icon) | static_cast<UINT>(message.buttons);
-        return static_cast<MessageAnswer>(MessageBoxW(GetActiveWindow(), wide(message.text),
-                                                      wide(message.title), style | MB_TASKMODAL));
+        return static_cast<MessageAnswer>(
+            MessageBoxW(GetActiveWindow(), wide(message.text), wide(message.title), style | MB_TASKMODAL));
     }
     write_to_event_log(message);
     return message.buttons == MessageButtons::ok ? MessageAnswer::ok : MessageAnswer::no;

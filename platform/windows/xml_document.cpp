@@ -16,7 +16,8 @@ constexpr CLSID dom_document_class{
 constexpr IID dom_document_interface = {
     0x2933BF95, 0x7B36, 0x11D2, {0xB2, 0x0E, 0x00, 0xC0, 0x4F, 0x98, 0x3E, 0x60}};
 
-IXMLDOMElement* element(void* node) { return static_cast<IXMLDOMElement*>(node); }
+IXMLDOMElement* element(XmlNode* node) { return reinterpret_cast<IXMLDOMElement*>(node); }
+XmlNode* node(IXMLDOMElement* element) { return reinterpret_cast<XmlNode*>(element); }
 
 constexpr char16_t instruction_target[] = u"xml", instruction_data[] = u"version='1.0' encoding='UTF-8'";
 
@@ -56,7 +57,7 @@ XmlElement XmlElement::append(const Text& name)
 {
     IXMLDOMElement* child = document_->native_->create(name);
     check(element(node_)->appendChild(child, nullptr), u"XML appendChild");
-    return {*document_, child};
+    return {*document_, node(child)};
 }
 
 void XmlElement::set_text(const Text& text)
@@ -85,7 +86,7 @@ XmlElement XmlDocument::create_root(const Text& name)
 {
     IXMLDOMElement* root = native_->create(name);
     check(native_->document->putref_documentElement(root), u"XML documentElement");
-    return {*this, root};
+    return {*this, node(root)};
 }
 
 void XmlDocument::save(TextView path) const
