@@ -1,6 +1,7 @@
 #include "database/connection.hpp"
 
 #include "core/errors.hpp"
+#include "core/text.hpp"
 
 #include <algorithm>
 #include <cmath>

@@ -1,7 +1,7 @@
 // One column of one row, as a driver reads or writes it.
 #pragma once
 
-#include "core/values.hpp"
+#include "core/numbers.hpp"
 
 #include <variant>
 

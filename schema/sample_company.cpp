@@ -1,5 +1,6 @@
 #include "schema/sample_company.hpp"
 
+#include "core/text.hpp"
 #include "schema/schema.hpp"
 #include "schema/scripts.hpp"
 

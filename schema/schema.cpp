@@ -1,6 +1,7 @@
 #include "schema/schema.hpp"
 
 #include "core/errors.hpp"
+#include "core/text.hpp"
 #include "database/connection_keywords.hpp"
 #include "schema/scripts.hpp"
 

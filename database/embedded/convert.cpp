@@ -1,6 +1,9 @@
 #include "database/embedded/convert.hpp"
 
+#include "core/display_patterns.hpp"
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "database/embedded/dates.hpp"
 
 #include <cmath>

@@ -1,7 +1,10 @@
 #include "database/embedded/dates.hpp"
 
+#include "core/dates.hpp"
+#include "core/display_patterns.hpp"
 #include "core/errors.hpp"
-#include "core/values.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 
 #include <algorithm>
 #include <array>
@@ -16,8 +19,7 @@ constexpr std::array<TextView, 12> months = {u"Jan", u"Feb", u"Mar", u"Apr", u"M
 
 bool is_compact(TextView text)
 {
-    return text.size() >= 8 &&
-           std::all_of(text.begin(), text.begin() + 8, [](char16_t c) { return c >= u'0' && c <= u'9'; });
+    return text.size() >= 8 && std::all_of(text.begin(), text.begin() + 8, is_digit);
 }
 
 // "yyyymmdd…" to "yyyy-mm-dd…"

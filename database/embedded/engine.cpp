@@ -1,6 +1,8 @@
 #include "database/embedded/engine.hpp"
 
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "database/embedded/dates.hpp"
 
 #include <algorithm>

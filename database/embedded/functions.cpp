@@ -1,6 +1,8 @@
 #include "database/embedded/functions.hpp"
 
+#include "core/dates.hpp"
 #include "core/errors.hpp"
+#include "core/text.hpp"
 #include "database/embedded/amount_in_words.hpp"
 #include "database/embedded/convert.hpp"
 #include "database/embedded/dates.hpp"

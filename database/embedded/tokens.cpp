@@ -25,11 +25,9 @@ constexpr std::size_t longest_keyword = 11;
 
 bool is_letter_or_digit(char16_t c)
 {
-    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || (c >= u'0' && c <= u'9') || c == u'_' ||
-           c == u'@' || c == u'#' || c == u'$' || c >= 0x80;
+    return (c >= u'a' && c <= u'z') || (c >= u'A' && c <= u'Z') || is_digit(c) || c == u'_' || c == u'@' ||
+           c == u'#' || c == u'$' || c >= 0x80;
 }
-
-bool is_digit(char16_t c) { return c >= u'0' && c <= u'9'; }
 
 bool is_blank(char16_t c) { return c == u' ' || (c >= u'\t' && c <= u'\r'); }
 

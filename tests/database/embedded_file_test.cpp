@@ -1,6 +1,7 @@
 // The embedded database as a file: created when it is missing, shared, durable, and clear about what is wrong
 // with it.
 #include "core/errors.hpp"
+#include "core/text.hpp"
 #include "database/connection.hpp"
 #include "support/rows.hpp"
 #include "support/tables.hpp"

@@ -1,5 +1,6 @@
 // What the ODBC driver does beyond the common contract, on Debian's driver for SQLite.
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
 #include "database/connection.hpp"
 #include "database/odbc/driver_choice.hpp"
 #include "support/tables.hpp"
