@@ -13,6 +13,13 @@ constexpr TextView windows_1252_upper_controls =
 
 bool is_upper_control(char16_t c) { return c >= 0x80 && c < 0xA0; }
 
+// Beyond U+FFFF a character takes two units.
+Text character_at(TextView text, std::size_t i)
+{
+    const bool takes_two = text[i] >= 0xD800 && text[i] < 0xDC00;
+    return Text(text.substr(i, takes_two ? 2 : 1));
+}
+
 } // namespace
 
 Text text_of_bytes(std::string_view bytes)
@@ -40,6 +47,24 @@ Text from_windows_1252(std::string_view bytes)
     for (char16_t& c : text)
         if (is_upper_control(c)) c = windows_1252_upper_controls[c - 0x80];
     return text;
+}
+
+std::string to_windows_1252(TextView text)
+{
+    std::string bytes;
+    bytes.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const char16_t c = text[i];
+        const auto place = windows_1252_upper_controls.find(c);
+        if (c <= 0xFF && !is_upper_control(c))
+            bytes += static_cast<char>(c);
+        else if (place != TextView::npos)
+            bytes += static_cast<char>(0x80 + place);
+        else
+            throw invalid_call(u"El carácter «" + character_at(text, i) +
+                               u"» no existe en la página de códigos 1252 de Windows");
+    }
+    return bytes;
 }
 
 } // namespace tolvex

@@ -12,5 +12,7 @@ Text text_of_bytes(std::string_view bytes);
 std::string bytes_of_text(TextView text);
 
 Text from_windows_1252(std::string_view bytes);
+// Throws Error 5, which names the character, for one that the code page lacks.
+std::string to_windows_1252(TextView text);
 
 } // namespace tolvex
