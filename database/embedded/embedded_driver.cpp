@@ -1,9 +1,9 @@
 // The embedded database as a driver: one file, SQLite through its C interface.
 #include "core/errors.hpp"
-#include "database/embedded/engine.hpp"
-#include "database/embedded/functions.hpp"
-#include "database/embedded/rewriter.hpp"
 #include "database/embedded/schema.hpp"
+#include "database/embedded/statement.hpp"
+#include "database/embedded/tsql/functions.hpp"
+#include "database/embedded/tsql/rewriter.hpp"
 
 #include <algorithm>
 

@@ -10,9 +10,4 @@ Text stored_date(Date date);
 // "yyyymmdd", and dd-mm-yyyy. Throws Error 13 for anything else.
 Date read_date(TextView text);
 
-// The text that T-SQL's convert gives a date in a style (101 to 126), and what it reads by that style.
-// Throws Error 5 for an unknown style.
-Text date_in_style(Date date, int style);
-Date read_date(TextView text, int style);
-
 } // namespace tolvex::embedded

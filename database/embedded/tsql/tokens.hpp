@@ -1,4 +1,4 @@
-// The words of a T-SQL text.
+// The words of a T-SQL text, and what is to be written with them.
 #pragma once
 
 #include "tolvex/types.hpp"
@@ -38,7 +38,18 @@ struct Token
 
 using Tokens = std::vector<Token>;
 
-// Views into the text, without blanks and comments. A quote that nobody closes runs to the end.
-Tokens tokenize(TextView sql);
+// The token at a position; past the end one that is nothing.
+const Token& at(const Tokens& tokens, std::size_t i);
+
+// Whether it is this word, in any letter case.
+bool is_word(const Token& token, TextView word);
+
+// Dropped tokens keep their places until they are removed.
+void drop(Token& token);
+void remove_dropped(Tokens& tokens);
+
+// For every parenthesis the position of the other one; the number of tokens where there is none.
+using Partners = std::vector<std::size_t>;
+Partners partners_of(const Tokens& tokens);
 
 } // namespace tolvex::embedded

@@ -1,14 +1,13 @@
-#include "database/embedded/dates.hpp"
+#include "database/embedded/tsql/date_styles.hpp"
 
 #include "core/dates.hpp"
 #include "core/display_patterns.hpp"
 #include "core/errors.hpp"
 #include "core/numbers.hpp"
 #include "core/text.hpp"
+#include "database/embedded/stored_dates.hpp"
 
-#include <algorithm>
 #include <array>
-#include <utility>
 
 namespace tolvex::embedded {
 
@@ -16,17 +15,6 @@ namespace {
 
 constexpr std::array<TextView, 12> months = {u"Jan", u"Feb", u"Mar", u"Apr", u"May", u"Jun",
                                              u"Jul", u"Aug", u"Sep", u"Oct", u"Nov", u"Dec"};
-
-bool is_compact(TextView text)
-{
-    return text.size() >= 8 && std::all_of(text.begin(), text.begin() + 8, is_digit);
-}
-
-// "yyyymmdd…" to "yyyy-mm-dd…"
-Text with_dashes(TextView text)
-{
-    return Text(text.substr(0, 4)) + u"-" + Text(text.substr(4, 2)) + u"-" + Text(text.substr(6));
-}
 
 // "mm/dd/yyyy…" to "dd/mm/yyyy…"
 Text day_first(const Text& text)
@@ -38,14 +26,6 @@ Text day_first(const Text& text)
 }
 
 } // namespace
-
-Text stored_date(Date date) { return format(date, u"yyyy-mm-dd hh:mm:ss"); }
-
-Date read_date(TextView text)
-{
-    const Text trimmed = trim(text);
-    return to_date(is_compact(trimmed) ? with_dashes(trimmed) : trimmed);
-}
 
 Text date_in_style(Date date, int style)
 {

@@ -1,4 +1,4 @@
-#include "database/embedded/amount_in_words.hpp"
+#include "database/embedded/tsql/amount_in_words.hpp"
 
 #include "core/text.hpp"
 

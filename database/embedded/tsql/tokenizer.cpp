@@ -1,4 +1,4 @@
-#include "database/embedded/tokens.hpp"
+#include "database/embedded/tsql/tokenizer.hpp"
 
 #include "core/text.hpp"
 

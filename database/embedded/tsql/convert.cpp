@@ -1,10 +1,11 @@
-#include "database/embedded/convert.hpp"
+#include "database/embedded/tsql/convert.hpp"
 
 #include "core/display_patterns.hpp"
 #include "core/errors.hpp"
 #include "core/numbers.hpp"
 #include "core/text.hpp"
-#include "database/embedded/dates.hpp"
+#include "database/embedded/stored_dates.hpp"
+#include "database/embedded/tsql/date_styles.hpp"
 
 #include <cmath>
 #include <limits>
@@ -44,14 +45,9 @@ struct Type
     }
 };
 
-bool is_text(const Value& value)
-{
-    return value.visit([]<class Held>(const Held&) { return std::is_same_v<Held, Text>; });
-}
-
 Text text_of(const Value& value, int style)
 {
-    if (!is_text(value) || style <= first_date_style) return value.text();
+    if (!value.is_text() || style <= first_date_style) return value.text();
     return date_in_style(read_date(value.text()), style);
 }
 
@@ -61,7 +57,7 @@ Value to_characters(const Value& value, const Type& type, int style)
     const std::size_t length = type.length(default_length);
     const Text text = text_of(value, style);
     // As T-SQL marks a number that does not fit, rather than cut it.
-    if (!is_text(value) && text.size() > length) return u"*";
+    if (!value.is_text() && text.size() > length) return u"*";
     return clip(text, length);
 }
 

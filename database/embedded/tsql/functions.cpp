@@ -1,11 +1,11 @@
-#include "database/embedded/functions.hpp"
+#include "database/embedded/tsql/functions.hpp"
 
 #include "core/dates.hpp"
 #include "core/errors.hpp"
 #include "core/text.hpp"
-#include "database/embedded/amount_in_words.hpp"
-#include "database/embedded/convert.hpp"
-#include "database/embedded/dates.hpp"
+#include "database/embedded/stored_dates.hpp"
+#include "database/embedded/tsql/amount_in_words.hpp"
+#include "database/embedded/tsql/convert.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -25,11 +25,6 @@ struct Function
     Value (*body)(const Arguments&);
 };
 
-bool is_text(const Value& value)
-{
-    return value.visit([]<class Held>(const Held&) { return std::is_same_v<Held, Text>; });
-}
-
 const std::int64_t* whole(const Value& value)
 {
     return value.visit([]<class Held>(const Held& held) -> const std::int64_t* {
@@ -44,7 +39,7 @@ Value plus(const Arguments& terms)
 {
     const auto &a = terms[0], &b = terms[1];
     if (b.is_null()) return {};
-    if (is_text(a) && is_text(b)) return a.text() + b.text();
+    if (a.is_text() && b.is_text()) return a.text() + b.text();
     std::int64_t sum = 0;
     if (whole(a) && whole(b) && !__builtin_add_overflow(*whole(a), *whole(b), &sum)) return sum;
     return a.number() + b.number();

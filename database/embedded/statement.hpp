@@ -1,43 +1,12 @@
-// The embedded engine's handles and the one door that its calls go through.
+// One prepared statement of the embedded database: its parameters and its rows.
 #pragma once
 
 #include "database/driver.hpp"
-
-#include <memory>
-#include <sqlite3.h>
+#include "database/embedded/database.hpp"
 
 namespace tolvex::embedded {
 
-// One open database file. Failures name it and say why and what to do.
-class Database
-{
-public:
-    // Opens the file or creates it; the engine reads it only at the first statement. Throws Error.
-    explicit Database(Text file);
-
-    const Text& file() const { return file_; }
-    sqlite3* handle() const { return handle_.get(); }
-    // Throws Error(database_error), with the engine's own text, unless the code says that all went well.
-    void check(int code) const;
-    // Runs one statement of the engine's own SQL, or several.
-    void run(const char* sql);
-    // First column of the first row of a query.
-    std::string answer(const char* sql);
-    bool in_transaction() const { return !sqlite3_get_autocommit(handle()); }
-
-private:
-    struct Close
-    {
-        void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
-    };
-
-    Text why(int code) const;
-
-    Text file_;
-    std::unique_ptr<sqlite3, Close> handle_;
-};
-
-// One prepared statement. It keeps the database open for as long as it lives.
+// It keeps the database open for as long as it lives.
 class Statement
 {
 public:
