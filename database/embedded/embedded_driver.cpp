@@ -51,7 +51,8 @@ void create_schema(Database& database)
     if (database.answer("SELECT count(*) FROM sqlite_master") != "0") return;
     database.run("BEGIN IMMEDIATE");
     // Another process may have been quicker.
-    if (database.answer("SELECT count(*) FROM sqlite_master") == "0") database.run(embedded_schema().data());
+    if (database.answer("SELECT count(*) FROM sqlite_master") == "0")
+        database.run(embedded::tables_and_indexes);
     database.run("COMMIT");
 }
 

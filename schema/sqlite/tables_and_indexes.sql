@@ -1,12 +1,7 @@
-#include "database/embedded/schema.hpp"
+-- The tables and indexes of a new embedded database, with the columns of ../sql_server/tables.sql under SQL Server's
+-- names of kinds. Texts compare without regard to case, as on the server. Keys that statements take as "highest plus
+-- one" are plain keys; the document's nID alone is handed out by the database, which also takes the highest plus one.
 
-namespace tolvex {
-
-// Texts compare without regard to case, as on the server. Keys that statements take as "highest plus one" are
-// plain keys; the document's nID alone is handed out by the database, which also takes the highest plus one.
-std::string_view embedded_schema()
-{
-    return R"(
 CREATE TABLE FE_EMPRESAS (
     nEmpresa smallint NOT NULL,
     cNombre nvarchar(500) COLLATE NOCASE,
@@ -202,7 +197,3 @@ CREATE TABLE fe_ctl_adendasDet (
     cValor ntext COLLATE NOCASE
 );
 CREATE INDEX fe_ctl_adendasDet_nodo ON fe_ctl_adendasDet (crfccte, nPadre, nRama);
-)";
-}
-
-} // namespace tolvex
