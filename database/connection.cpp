@@ -2,6 +2,7 @@
 
 #include "core/errors.hpp"
 #include "core/text.hpp"
+#include "database/errors.hpp"
 
 #include <algorithm>
 #include <cmath>
@@ -10,20 +11,12 @@ namespace tolvex {
 
 namespace {
 
-Error closed()
-{
-    return {3709, u"La conexión con la base de datos está cerrada: llame antes a AbrirConexion"};
-}
-
-Error no_current_row() { return {3021, u"El conjunto de resultados no tiene un registro actual"}; }
-
 std::size_t position_of(const std::vector<Column>& columns, TextView name)
 {
     const auto found = std::find_if(columns.begin(), columns.end(), [&](const Column& column) {
         return equal_ignoring_case(column.name, name);
     });
-    if (found == columns.end())
-        throw Error(3265, u"No existe la columna " + Text(name) + u" en el resultado");
+    if (found == columns.end()) throw no_such_column(name);
     return found - columns.begin();
 }
 
@@ -116,7 +109,7 @@ Text Connection::description() { return driver().description(); }
 
 Driver& Connection::driver()
 {
-    if (!driver_) throw closed();
+    if (!driver_) throw connection_closed();
     return *driver_;
 }
 

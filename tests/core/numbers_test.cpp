@@ -34,8 +34,8 @@ TEST(ToNumber, takes_whole_texts_only)
     expect_all<Text, double>(to_number, {{u"1,234,567.5", 1234567.5}, {u"1E-2", 0.01}, {u"1e-400", 0}});
     for (const Text text : {u"", u" ", u"12a", u"1 2", u"1.2.3", u"--1", u"1e", u".", u"1,23", u"1234,567",
                             u",1", u"0x10", u"١"})
-        EXPECT_EQ(error_number([&] { to_number(text); }), 13) << to_utf8(text);
-    EXPECT_EQ(error_number([] { to_number(u"1e400"); }), 6);
+        EXPECT_EQ(error_number([&] { to_number(text); }), numbers::type_mismatch) << to_utf8(text);
+    EXPECT_EQ(error_number([] { to_number(u"1e400"); }), numbers::overflow);
 }
 
 TEST(ToCurrency, is_exact_and_ties_go_to_even)
@@ -44,10 +44,10 @@ TEST(ToCurrency, is_exact_and_ties_go_to_even)
     expect_all<Text, std::int64_t>(scaled, {{u"0.00005", 0}, {u"0.00015", 2}, {u"-0.00025", -2}});
     expect_all<Text, std::int64_t>(scaled, {{u"0.000250001", 3}, {u"922337203685477.5807", largest}});
     for (const Text text : {u"922337203685477.5808", u"-922337203685477.5809", u"1e300"})
-        EXPECT_EQ(error_number([&] { to_currency(text); }), 6) << to_utf8(text);
-    EXPECT_EQ(error_number([] { to_currency(u"12 pesos"); }), 13);
+        EXPECT_EQ(error_number([&] { to_currency(text); }), numbers::overflow) << to_utf8(text);
+    EXPECT_EQ(error_number([] { to_currency(u"12 pesos"); }), numbers::type_mismatch);
     EXPECT_EQ(Currency(1.00005), Currency(1.0));
-    EXPECT_EQ(error_number([] { Currency(std::numeric_limits<double>::quiet_NaN()); }), 6);
+    EXPECT_EQ(error_number([] { Currency(std::numeric_limits<double>::quiet_NaN()); }), numbers::overflow);
 }
 
 TEST(LeadingNumber, reads_as_far_as_it_can)
@@ -56,7 +56,7 @@ TEST(LeadingNumber, reads_as_far_as_it_can)
     expect_all<Text, double>(leading_number,
                              {{u"1.2.3", 1.2}, {u"1e2z", 100}, {u"1,234", 1}, {u"1e-999", 0}});
     EXPECT_EQ(leading_number(u"12 de marzo"), 12);
-    EXPECT_EQ(error_number([] { leading_number(u"1e999"); }), 6);
+    EXPECT_EQ(error_number([] { leading_number(u"1e999"); }), numbers::overflow);
 }
 
 TEST(WholeNumbers, round_to_even_and_overflow)
@@ -64,10 +64,10 @@ TEST(WholeNumbers, round_to_even_and_overflow)
     expect_all<double, std::int16_t>(to_int16,
                                      {{0.5, 0}, {1.5, 2}, {2.5, 2}, {-1.5, -2}, {-32768.5, -32768}});
     for (const double number : {32767.5, -32768.6, 1e300, std::numeric_limits<double>::quiet_NaN()})
-        EXPECT_EQ(error_number([=] { to_int16(number); }), 6) << number;
+        EXPECT_EQ(error_number([=] { to_int16(number); }), numbers::overflow) << number;
     EXPECT_EQ(to_int32(2147483647.4), 2147483647);
-    EXPECT_EQ(error_number([] { to_int32(2147483647.5); }), 6);
-    EXPECT_EQ(error_number([] { to_int32(-2147483649.0); }), 6);
+    EXPECT_EQ(error_number([] { to_int32(2147483647.5); }), numbers::overflow);
+    EXPECT_EQ(error_number([] { to_int32(-2147483649.0); }), numbers::overflow);
 }
 
 TEST(RoundHalfEven, works_on_the_decimal_form)
