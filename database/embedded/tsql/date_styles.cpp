@@ -8,6 +8,7 @@
 #include "database/embedded/stored_dates.hpp"
 
 #include <array>
+#include <utility>
 
 namespace tolvex::embedded {
 
@@ -15,6 +16,20 @@ namespace {
 
 constexpr std::array<TextView, 12> months = {u"Jan", u"Feb", u"Mar", u"Apr", u"May", u"Jun",
                                              u"Jul", u"Aug", u"Sep", u"Oct", u"Nov", u"Dec"};
+
+// Those without a month's name.
+constexpr std::pair<int, TextView> patterns[] = {{101, u"mm/dd/yyyy"},
+                                                 {102, u"yyyy.mm.dd"},
+                                                 {103, u"dd/mm/yyyy"},
+                                                 {104, u"dd.mm.yyyy"},
+                                                 {105, u"dd-mm-yyyy"},
+                                                 {108, u"hh:mm:ss"},
+                                                 {110, u"mm-dd-yyyy"},
+                                                 {111, u"yyyy/mm/dd"},
+                                                 {112, u"yyyymmdd"},
+                                                 {120, u"yyyy-mm-dd hh:mm:ss"},
+                                                 {121, u"yyyy-mm-dd hh:mm:ss.000"},
+                                                 {126, u"yyyy-mm-ddThh:mm:ss"}};
 
 // "mm/dd/yyyy…" to "dd/mm/yyyy…"
 Text day_first(const Text& text)
@@ -29,36 +44,11 @@ Text day_first(const Text& text)
 
 Text date_in_style(Date date, int style)
 {
-    switch (style) {
-    case 101:
-        return format(date, u"mm/dd/yyyy");
-    case 102:
-        return format(date, u"yyyy.mm.dd");
-    case 103:
-        return format(date, u"dd/mm/yyyy");
-    case 104:
-        return format(date, u"dd.mm.yyyy");
-    case 105:
-        return format(date, u"dd-mm-yyyy");
-    case 106:
+    if (style == 106)
         return format(date, u"dd ") + Text(months[calendar(date).month - 1]) + format(date, u" yyyy");
-    case 108:
-        return format(date, u"hh:mm:ss");
-    case 110:
-        return format(date, u"mm-dd-yyyy");
-    case 111:
-        return format(date, u"yyyy/mm/dd");
-    case 112:
-        return format(date, u"yyyymmdd");
-    case 113:
-        return date_in_style(date, 106) + format(date, u" hh:mm:ss") + u":000";
-    case 120:
-        return stored_date(date);
-    case 121:
-        return stored_date(date) + u".000";
-    case 126:
-        return format(date, u"yyyy-mm-ddThh:mm:ss");
-    }
+    if (style == 113) return date_in_style(date, 106) + format(date, u" hh:mm:ss:000");
+    for (const auto& [number, pattern] : patterns)
+        if (number == style) return format(date, pattern);
     throw invalid_call(u"convert: el estilo " + decimal(style) + u" no existe para fechas");
 }
 
