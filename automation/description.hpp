@@ -1,14 +1,5 @@
 // The words in which the public surface is told: classes, methods, parameters, and the names that hosts find
-// them by. surface.cpp fills them in.
-//
-// Layers of this room; each includes only what stands above it here:
-//   description, component      what a class looks like; how long the module stays loaded
-//   variants, failures          values and errors at the boundary
-//   object, dispatch            an object as COM sees it, late-bound calls
-//   signature                   from a C++ method to its entry points
-//   surface                     the table
-//   registration, describe/     what is made of the table
-//   server                      class factory and exports
+// them by. surface.cpp fills them in. docs/automation.md tells the layers of this room; this is the lowest.
 #pragma once
 
 #include "automation/library.hpp"

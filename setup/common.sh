@@ -31,8 +31,8 @@ update_package_lists() { as_root apt-get "${apt_options[@]}" update; }
 
 update_and_install() {
     update_package_lists
-    as_root env DEBIAN_FRONTEND=noninteractive apt-get "${apt_options[@]}" install -y --no-install-recommends "$@" \
-        > /dev/null
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get "${apt_options[@]}" install -y --no-remove \
+        --no-install-recommends "$@" > /dev/null
 }
 
 # Installs the Debian packages that are not there yet.
