@@ -5,6 +5,7 @@
 #include "support/rows.hpp"
 #include "support/tables.hpp"
 #include "support/temporary_folder.hpp"
+#include "support/watched_disk.hpp"
 
 #include <chrono>
 #include <csignal>
@@ -171,6 +172,45 @@ TEST_F(EmbeddedFile, a_full_disk_says_so_and_keeps_what_was_stored)
                 }),
                 AllOf(HasSubstr("Año 2011.db"), HasSubstr("disco está lleno")));
     EXPECT_EQ(documents(connection), 1);
+}
+
+TEST_F(EmbeddedFile, each_statement_reaches_the_disk_by_itself_and_a_burst_at_once_however_it_ends)
+{
+    testing::WatchedDisk disk;
+    Connection connection = open(file_);
+    const auto two_statements = [&] {
+        for (int i = 0; i < 2; ++i) connection.execute(add_document);
+    };
+    const auto events_of = [&](auto work) {
+        disk.log_events();
+        work();
+        return disk.log_events();
+    };
+    EXPECT_EQ(events_of(two_statements), "wfwf");
+    EXPECT_EQ(events_of([&] {
+                  WriteBurst burst(connection);
+                  EXPECT_EQ(events_of(two_statements), "w");
+                  burst.finish();
+                  EXPECT_EQ(disk.log_events(), "f");
+              }),
+              "");
+    EXPECT_EQ(events_of([&] {
+                  database_failure([&] {
+                      WriteBurst burst(connection);
+                      two_statements();
+                      connection.execute(u"insert into nada values(1)");
+                  });
+              }),
+              "wf");
+    EXPECT_EQ(events_of(two_statements), "wfwf");
+
+    // A transaction that outlives the burst reaches the disk when it ends.
+    {
+        WriteBurst burst(connection);
+        connection.begin_transaction();
+        two_statements();
+    }
+    EXPECT_EQ(events_of([&] { connection.commit(); }), "wf");
 }
 
 TEST_F(EmbeddedFile, a_burst_ends_durable_whatever_happens_in_it)
