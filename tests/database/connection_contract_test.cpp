@@ -109,7 +109,9 @@ TEST_P(ConnectionContract, a_set_value_takes_the_kind_of_its_column)
     EXPECT_EQ(stored(u"nCorto", 2.5), Value(2));
     EXPECT_EQ(stored(u"cTexto", Currency(13.5)), Value(u"13.5"));
     EXPECT_EQ(stored(u"dFecha", u"22-10-2010"), Value(Date::of(2010, 10, 22)));
-    EXPECT_EQ(stored(u"bActivo", 1), Value(true));
+    EXPECT_EQ(stored(u"nCorto", true), Value(-1));
+    EXPECT_EQ(stored(u"bActivo", 1).number(), -1); // True, though the database holds a 1
+    EXPECT_EQ(connection_.query(u"Select nClave from tolvex_prueba where bActivo=1").eof(), false);
     auto row = new_row(2);
     EXPECT_EQ(error_number([&] { row.set(u"nImporte", u"12 pesos"); }), 13);
     EXPECT_EQ(error_number([&] { row.set(u"dFecha", u"2011-02-30"); }), 13);
