@@ -1,7 +1,9 @@
-// wrong_arguments SURFACE: every parameter of every public method with every kind of wrong argument, late and
+// Every parameter of every public method with every kind of wrong argument, late and
 // early: an error, never a crash. One argument is wrong at a time, so that no method gets as far as doing
 // anything.
 #include "surface.hpp"
+
+#include <gtest/gtest.h>
 
 #include <limits>
 #include <sstream>
@@ -85,9 +87,9 @@ void calls_late(IDispatch* object, const Method& method)
             std::vector<VARIANT> arguments(method.types.size(), of_type(VT_EMPTY, nullptr));
             arguments[arguments.size() - 1 - wrong] = kind.value;
             const Answer answer = invoke(object, method.id, arguments);
-            expect(answer.outcome == DISP_E_EXCEPTION && answer.code == run_time_error(kind.error),
-                   method.name + ", argumento " + shown(wrong) + " " + kind.name + ": " + shown(answer.code),
-                   __LINE__);
+            EXPECT_EQ(answer.outcome, DISP_E_EXCEPTION);
+            EXPECT_EQ(answer.code, run_time_error(kind.error))
+                << method.name << ", argument " << wrong << ": " << kind.name;
         }
     }
 }
@@ -107,8 +109,8 @@ void calls_early(IDispatch* object, const Method& method)
         Variant outcome;
         const HRESULT called = DispCallFunc(object, offset, CC_STDCALL, VT_ERROR, static_cast<UINT>(pointers),
                                             types.data(), addresses.data(), &outcome);
-        expect(called == S_OK && outcome.scode == E_POINTER,
-               method.name + ", puntero nulo " + shown(null) + ": " + shown(outcome.scode), __LINE__);
+        EXPECT_EQ(called, S_OK);
+        EXPECT_EQ(outcome.scode, E_POINTER) << method.name << ", null pointer " << null;
     }
 }
 
@@ -124,14 +126,12 @@ ComPtr<IDispatch> dual_interface_of(IDispatch* object)
     return dual;
 }
 
-} // namespace
-
-int main(int, char** arguments)
+TEST(WrongArguments, are_an_error_in_every_place_of_every_method)
 {
     const Apartment apartment;
     std::string last_class;
     DISPID id = 0;
-    for (const std::string& line : surface_lines(arguments[1])) {
+    for (const std::string& line : surface_lines()) {
         const std::string class_name = line.substr(0, line.find('.'));
         id = class_name == last_class ? id + 1 : 1;
         last_class = class_name;
@@ -141,5 +141,6 @@ int main(int, char** arguments)
         calls_late(object.Get(), method);
         calls_early(dual_interface_of(object.Get()).Get(), method);
     }
-    return end_of_checks();
 }
+
+} // namespace
