@@ -187,10 +187,17 @@ TEST_P(ConnectionContract, a_transaction_counts_when_it_is_committed)
     connection_.roll_back(); // without a transaction it does nothing
     EXPECT_EQ(count(), 1);
 
+    Connection other;
+    other.connection_string = GetParam().connection_string;
+    other.open();
+    add(2); // counts by itself again
+    EXPECT_EQ(count(other), 2);
+    other.close();
+
     connection_.begin_transaction();
-    add(2);
+    add(3);
     connection_.open(); // opening again ends what was open
-    EXPECT_EQ(count(), 1);
+    EXPECT_EQ(count(), 2);
 }
 
 TEST_P(ConnectionContract, others_see_each_statement_of_a_burst_at_once)
