@@ -13,6 +13,7 @@
 #include <gmock/gmock.h>
 #include <regex>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 namespace tolvex {
@@ -253,6 +254,19 @@ TEST_F(EmbeddedFile, what_a_killed_process_had_stored_is_there)
     Connection connection = open(file_);
     EXPECT_EQ(documents(connection), 100);
     EXPECT_EQ(connection.query(u"PRAGMA integrity_check").value(0).text(), u"ok");
+}
+
+TEST_F(EmbeddedFile, who_opens_a_new_file_while_another_creates_it_waits)
+{
+    sqlite3* creator = nullptr;
+    ASSERT_EQ(sqlite3_open(to_utf8(file_).c_str(), &creator), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(creator, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    std::thread end([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        sqlite3_close(creator);
+    });
+    EXPECT_EQ(error_number([&] { open(file_, 10).execute(add_document); }), 0);
+    end.join();
 }
 
 TEST_F(EmbeddedFile, processes_that_create_and_write_at_once_all_succeed)
