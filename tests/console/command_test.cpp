@@ -1,5 +1,6 @@
 // The command as a user runs it.
 #include "core/text.hpp"
+#include "database/connection.hpp"
 #include "support/files.hpp"
 #include "support/process.hpp"
 #include "support/temporary_folder.hpp"
@@ -106,6 +107,18 @@ TEST_F(Command, connection_comes_from_options_anywhere_or_the_environment)
     EXPECT_THAT(tolvex({"folio", "1", "--bd", "no/hay.db"}).errors, HasSubstr("no/hay.db"));
 }
 
+TEST_F(Command, what_the_database_lacks_is_told)
+{
+    demo();
+    Connection connection;
+    connection.connection_string = u"server=sqlite:;database=" + to_text((path() / database).string());
+    connection.open();
+    connection.execute(u"drop table fe_ctl_adendas");
+    const Outcome lacking = tolvex({"conexion", "--bd", database});
+    EXPECT_EQ(lacking.exit_code, 1);
+    EXPECT_THAT(lacking.output, HasSubstr("fe_ctl_adendas"));
+}
+
 TEST_F(Command, documents_are_cancelled_and_deleted_by_their_key)
 {
     demo();
@@ -162,20 +175,25 @@ TEST_F(Command, help_is_in_spanish)
 
 TEST_F(Command, a_badly_written_order_says_so_in_spanish_with_exit_code_2)
 {
-    using Words = std::vector<std::string>;
-    for (const Words& words :
-         std::initializer_list<Words>{{},
-                                      {"imprime"},
-                                      {"emite"},
-                                      {"emite", "a", "b"},
-                                      {"cancela", "1", "--empresa", "1"},
-                                      {"cancela", "1", "--empresa", "40000", "--sucursal", "1"},
-                                      {"folio", "1", "--otra"},
-                                      {"folio", "1", "--bd"}}) {
+    struct Case
+    {
+        std::vector<std::string> words;
+        std::string told;
+    };
+    for (const auto& [words, told] :
+         std::initializer_list<Case>{{{}, "falta la orden"},
+                                     {{"imprime"}, "falta la orden"},
+                                     {{"emite"}, "falta ARCHIVO"},
+                                     {{"emite", "a", "b"}, "no se conoce o sobra: b"},
+                                     {{"cancela", "1", "--empresa", "1"}, "falta --sucursal"},
+                                     {{"cancela", "1", "--empresa", "40000", "--sucursal", "1"},
+                                      "no es un número válido: --empresa = 40000"},
+                                     {{"folio", "1", "--otra"}, "no se conoce o sobra: --otra"},
+                                     {{"folio", "1", "--bd"}, "falta el valor de --bd"}}) {
         const Outcome outcome = tolvex(words);
-        EXPECT_EQ(outcome.exit_code, 2) << ::testing::PrintToString(words);
+        EXPECT_EQ(outcome.exit_code, 2) << told;
         EXPECT_EQ(outcome.output, "");
-        EXPECT_THAT(outcome.errors, StartsWith("tolvex: "));
+        EXPECT_THAT(outcome.errors, StartsWith("tolvex: " + told + "\n"));
         expect_spanish(outcome.errors);
     }
 }
