@@ -1,6 +1,6 @@
 #include "platform/clock.hpp"
 
-#include "support/text_io.hpp"
+#include "support/tables.hpp"
 
 #include <cstdlib>
 #include <ctime>
