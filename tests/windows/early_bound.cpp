@@ -94,6 +94,17 @@ TEST_F(EarlyBound, refuses_dates_out_of_range)
     }
 }
 
+TEST_F(EarlyBound, refuses_null_pointers)
+{
+    const auto addenda = create<TOLVEX::_Addenda>(L"TOLVEX.Addenda");
+    Bstr text(L"1");
+    SHORT one = 1;
+    Variant result;
+    EXPECT_EQ(addenda->SetAddenda(nullptr, &one, &one, &text, &result), E_POINTER);
+    EXPECT_EQ(addenda->SetAddenda(&text, &one, nullptr, &text, &result), E_POINTER);
+    EXPECT_EQ(addenda->SetAddenda(&text, &one, &one, &text, nullptr), E_POINTER);
+}
+
 // The functions behind the pointer are not the component's own.
 bool is_proxy(IUnknown* object)
 {
