@@ -254,7 +254,7 @@ TEST_F(EmbeddedFile, who_opens_a_new_file_while_another_creates_it_waits)
 {
     sqlite3* creator = nullptr;
     ASSERT_EQ(sqlite3_open(to_utf8(file_).c_str(), &creator), SQLITE_OK);
-    ASSERT_EQ(sqlite3_exec(creator, "BEGIN EXCLUSIVE", nullptr, nullptr, nullptr), SQLITE_OK);
+    ASSERT_EQ(sqlite3_exec(creator, "BEGIN IMMEDIATE", nullptr, nullptr, nullptr), SQLITE_OK);
     std::thread end([&] {
         std::this_thread::sleep_for(std::chrono::milliseconds(100));
         sqlite3_close(creator);
