@@ -1,11 +1,14 @@
 // The command as a user runs it.
 #include "core/text.hpp"
+#include "database/connection.hpp"
 #include "support/files.hpp"
-#include "support/process.hpp"
 #include "support/temporary_folder.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <sys/wait.h>
 
 namespace tolvex::testing {
 namespace {
@@ -14,14 +17,34 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
 
+struct Outcome
+{
+    int exit_code;
+    std::string output, errors;
+};
+
+std::string quoted(const std::string& word)
+{
+    return to_utf8(u"'" + replace_all(to_text(word), u"'", u"'\\''") + u"'");
+}
+
 class Command : public ::testing::Test
 {
 protected:
-    Outcome tolvex(std::vector<std::string> words,
-                   std::vector<std::pair<std::string, std::string>> variables = {})
+    // An order of the shell, given in the test's folder.
+    Outcome in_shell(const std::string& order)
     {
-        words.insert(words.begin(), TOLVEX_COMMAND);
-        return run_program(words, folder_.path(), variables);
+        const std::string output = said_.path() / "output", errors = said_.path() / "errors",
+                          line = "cd " + quoted(path()) + " && (" + order + ") >" + output + " 2>" + errors;
+        const int status = std::system(line.c_str());
+        return {WEXITSTATUS(status), read_file(output), read_file(errors)};
+    }
+
+    Outcome tolvex(const std::vector<std::string>& words, const std::string& variables = "")
+    {
+        std::string order = variables + " " TOLVEX_COMMAND;
+        for (const std::string& word : words) order += " " + quoted(word);
+        return in_shell(order);
     }
 
     void demo()
@@ -45,7 +68,7 @@ protected:
     const std::string database = "demo/tolvex.db";
 
 private:
-    TemporaryFolder folder_;
+    TemporaryFolder folder_, said_;
 };
 
 TEST_F(Command, demonstration_runs_again_and_again)
@@ -94,8 +117,8 @@ TEST_F(Command, connection_comes_from_options_anywhere_or_the_environment)
 {
     demo();
     EXPECT_EQ(tolvex({"--bd", database, "folio", "1"}).output, "4\n");
-    EXPECT_EQ(tolvex({"folio", "1"}, {{"TOLVEX_BD", database}}).output, "4\n");
-    EXPECT_EQ(tolvex({"folio", "1", "--bd", database}, {{"TOLVEX_BD", "otra.db"}}).output, "4\n");
+    EXPECT_EQ(tolvex({"folio", "1"}, "TOLVEX_BD=" + database).output, "4\n");
+    EXPECT_EQ(tolvex({"folio", "1", "--bd", database}, "TOLVEX_BD=otra.db").output, "4\n");
     EXPECT_FALSE(exists(path() / "otra.db"));
     EXPECT_EQ(tolvex({"folio", "1"}).exit_code, 1); // a new, empty tolvex.db here
     EXPECT_TRUE(exists(path() / "tolvex.db"));
@@ -104,6 +127,18 @@ TEST_F(Command, connection_comes_from_options_anywhere_or_the_environment)
     EXPECT_THAT(reached.output, HasSubstr("SQLite"));
     EXPECT_THAT(script.output, HasSubstr("cEstaadoCte"));
     EXPECT_THAT(tolvex({"folio", "1", "--bd", "no/hay.db"}).errors, HasSubstr("no/hay.db"));
+}
+
+TEST_F(Command, what_the_database_lacks_is_told)
+{
+    demo();
+    Connection connection;
+    connection.connection_string = u"server=sqlite:;database=" + to_text((path() / database).string());
+    connection.open();
+    connection.execute(u"drop table fe_ctl_adendas");
+    const Outcome lacking = tolvex({"conexion", "--bd", database});
+    EXPECT_EQ(lacking.exit_code, 1);
+    EXPECT_THAT(lacking.output, HasSubstr("fe_ctl_adendas"));
 }
 
 TEST_F(Command, documents_are_cancelled_and_deleted_by_their_key)
@@ -130,14 +165,12 @@ TEST_F(Command, documents_are_cancelled_and_deleted_by_their_key)
 TEST_F(Command, output_that_cannot_be_written_is_no_success)
 {
     demo();
-    const auto in_shell = [&](const std::string& order) {
-        return run_program({"sh", "-c", "exec \"$0\" " + order, TOLVEX_COMMAND}, path());
-    };
-    const Outcome lost = in_shell("folio 1 --bd " + database + " >/dev/full");
+    const std::string tolvex = TOLVEX_COMMAND " ";
+    const Outcome lost = in_shell(tolvex + "folio 1 --bd " + database + " >/dev/full");
     EXPECT_EQ(lost.exit_code, 1);
     EXPECT_THAT(lost.errors, HasSubstr("salida estándar"));
-    EXPECT_EQ(in_shell("folio 9 --bd " + database + " 2>/dev/full").exit_code, 1);
-    EXPECT_EQ(in_shell("folio 1 --bd no/hay.db 2>/dev/full").exit_code, 1);
+    EXPECT_EQ(in_shell(tolvex + "folio 9 --bd " + database + " 2>/dev/full").exit_code, 1);
+    EXPECT_EQ(in_shell(tolvex + "folio 1 --bd no/hay.db 2>/dev/full").exit_code, 1);
 }
 
 // Words of the command line's library that a user must not meet.
@@ -162,20 +195,25 @@ TEST_F(Command, help_is_in_spanish)
 
 TEST_F(Command, a_badly_written_order_says_so_in_spanish_with_exit_code_2)
 {
-    using Words = std::vector<std::string>;
-    for (const Words& words :
-         std::initializer_list<Words>{{},
-                                      {"imprime"},
-                                      {"emite"},
-                                      {"emite", "a", "b"},
-                                      {"cancela", "1", "--empresa", "1"},
-                                      {"cancela", "1", "--empresa", "40000", "--sucursal", "1"},
-                                      {"folio", "1", "--otra"},
-                                      {"folio", "1", "--bd"}}) {
+    struct Case
+    {
+        std::vector<std::string> words;
+        std::string told;
+    };
+    for (const auto& [words, told] :
+         std::initializer_list<Case>{{{}, "falta la orden"},
+                                     {{"imprime"}, "falta la orden"},
+                                     {{"emite"}, "falta ARCHIVO"},
+                                     {{"emite", "a", "b"}, "no se conoce o sobra: b"},
+                                     {{"cancela", "1", "--empresa", "1"}, "falta --sucursal"},
+                                     {{"cancela", "1", "--empresa", "40000", "--sucursal", "1"},
+                                      "no es un número válido: --empresa = 40000"},
+                                     {{"folio", "1", "--otra"}, "no se conoce o sobra: --otra"},
+                                     {{"folio", "1", "--bd"}, "falta el valor de --bd"}}) {
         const Outcome outcome = tolvex(words);
-        EXPECT_EQ(outcome.exit_code, 2) << ::testing::PrintToString(words);
+        EXPECT_EQ(outcome.exit_code, 2) << told;
         EXPECT_EQ(outcome.output, "");
-        EXPECT_THAT(outcome.errors, StartsWith("tolvex: "));
+        EXPECT_THAT(outcome.errors, StartsWith("tolvex: " + told + "\n"));
         expect_spanish(outcome.errors);
     }
 }

@@ -7,7 +7,7 @@ namespace {
 
 TEST(Utf8, is_read_and_written_exactly)
 {
-    for (const char* utf8 : {"", "A|B", "áÑü", "€ 5.00", "\U0001F600 fin"})
+    for (const char* utf8 : {"", "A|B", "áÑü", "€ 5.00", "\U0001F600 fin", "fin \U0001F600"})
         EXPECT_EQ(to_utf8(to_text(utf8)), utf8);
     EXPECT_EQ(to_text("\U0001F600").size(), 2u);
 }
@@ -25,6 +25,7 @@ TEST(Utf8, bytes_that_are_none_become_replacement_characters)
         EXPECT_FALSE(is_valid_utf8(bytes));
     }
     EXPECT_EQ(to_utf8(Text{char16_t{0xDC00}, char16_t{0xD800}}), "\xEF\xBF\xBD\xEF\xBF\xBD");
+    EXPECT_EQ(to_utf8(TextView(u"a\U0001F600").substr(0, 2)), "a\xEF\xBF\xBD"); // cut inside a pair
 }
 
 } // namespace

@@ -110,7 +110,9 @@ TEST_P(ConnectionContract, a_set_value_takes_the_kind_of_its_column)
     EXPECT_EQ(stored(u"nCorto", 2.5), Value(2));
     EXPECT_EQ(stored(u"cTexto", Currency(13.5)), Value(u"13.5"));
     EXPECT_EQ(stored(u"dFecha", u"22-10-2010"), Value(Date::of(2010, 10, 22)));
-    EXPECT_EQ(stored(u"bActivo", 1), Value(true));
+    EXPECT_EQ(stored(u"nCorto", true), Value(-1));
+    EXPECT_EQ(stored(u"bActivo", 1).number(), -1); // True, though the database holds a 1
+    EXPECT_EQ(connection_.query(u"Select nClave from tolvex_prueba where bActivo=1").eof(), false);
     auto row = new_row(2);
     EXPECT_EQ(error_number([&] { row.set(u"nImporte", u"12 pesos"); }), numbers::type_mismatch);
     EXPECT_EQ(error_number([&] { row.set(u"dFecha", u"2011-02-30"); }), numbers::type_mismatch);
@@ -186,10 +188,17 @@ TEST_P(ConnectionContract, a_transaction_counts_when_it_is_committed)
     connection_.roll_back(); // without a transaction it does nothing
     EXPECT_EQ(count(), 1);
 
+    Connection other;
+    other.connection_string = GetParam().connection_string;
+    other.open();
+    add(2); // counts by itself again
+    EXPECT_EQ(count(other), 2);
+    other.close();
+
     connection_.begin_transaction();
-    add(2);
+    add(3);
     connection_.open(); // opening again ends what was open
-    EXPECT_EQ(count(), 1);
+    EXPECT_EQ(count(), 2);
 }
 
 TEST_P(ConnectionContract, others_see_each_statement_of_a_burst_at_once)

@@ -104,6 +104,12 @@ TEST_F(OdbcConnection, a_failure_carries_the_drivers_state_number_and_words)
         << "no rows to read";
 }
 
+TEST_F(OdbcConnection, is_described_by_product_database_and_driver)
+{
+    EXPECT_THAT(to_utf8(connection_.description()),
+                AllOf(HasSubstr("SQLite 3."), HasSubstr("odbc.db"), HasSubstr("sqlite3odbc")));
+}
+
 TEST_F(OdbcConnection, a_driver_that_is_not_installed_is_told_with_what_to_install)
 {
     connection_.connection_string = u"driver={Ninguno};server=caja;database=v";

@@ -36,6 +36,9 @@ TEST_F(BatchRunner, gives_the_last_exit_code_and_a_missing_program_stops_nothing
     EXPECT_EQ(run("false\r\ntrue"), 0);
     EXPECT_EQ(run("no_hay_tal_programa\r\n"), 127);
     EXPECT_EQ(run(" \t\r\n> x\r\n\"\"\r\n"), 127);
+    ::testing::internal::CaptureStderr();
+    EXPECT_NE(run("ls /no/hay/tal/carpeta\r\n"), 0);
+    EXPECT_EQ(::testing::internal::GetCapturedStderr(), ""); // hidden
     EXPECT_EQ(run(""), 0);
     EXPECT_EQ(error_number([&] { run_batch_file(folder_.file("otra.bat")); }), 53);
 }

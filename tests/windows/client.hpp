@@ -1,58 +1,16 @@
-// The assertions of the C++ tests of the Windows edition, and what every automation client needs.
+// What an automation client in C++ needs: the host's texts and variants, objects, calls and what comes of
+// them.
 #pragma once
 
 #include "TOLVEX.hpp"
 
-#include <cstdio>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
 #include <wrl/client.h>
 
 using Microsoft::WRL::ComPtr;
-
-inline int checks = 0, failures = 0;
-
-// A failed check tells where it stands and goes on.
-#define EXPECT(condition) expect((condition), #condition, __LINE__)
-#define EXPECT_EQ(actual, expected) expect_equal((actual), (expected), #actual, __LINE__)
-
-inline void expect(bool holds, const std::string& what, int line)
-{
-    ++checks;
-    if (holds) return;
-    ++failures;
-    std::printf("FALLA: línea %d: %s\n", line, what.c_str());
-}
-
-inline std::string shown(const std::wstring& text)
-{
-    std::string bytes(text.size() * 3 + 1, '\0');
-    const int length = WideCharToMultiByte(CP_UTF8, 0, text.data(), static_cast<int>(text.size()),
-                                           bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr);
-    return bytes.substr(0, static_cast<std::size_t>(length));
-}
-
-inline std::string shown(long long number)
-{
-    char text[40];
-    std::snprintf(text, sizeof text, "%lld (%llX)", number, number);
-    return text;
-}
-
-template <class Actual, class Expected>
-void expect_equal(const Actual& actual, const Expected& expected, const std::string& what, int line)
-{
-    expect(actual == expected,
-           what + " es " + shown(actual) + " en vez de " + shown(static_cast<Actual>(expected)), line);
-}
-
-// The last line of a test; without it the runner takes the test as failed.
-inline int end_of_checks()
-{
-    std::printf("FIN: %d comprobaciones, %d fallas\n", checks, failures);
-    return failures == 0 ? 0 : 1;
-}
 
 // A text of the host.
 class Bstr
@@ -105,8 +63,7 @@ ComPtr<Interface> create(const wchar_t* program_id)
     HRESULT outcome = CLSIDFromProgID(program_id, &id);
     if (SUCCEEDED(outcome))
         outcome = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_PPV_ARGS(&made));
-    EXPECT_EQ(outcome, S_OK);
-    if (!made) std::exit(end_of_checks());
+    if (FAILED(outcome)) throw std::runtime_error("no object: " + std::to_string(outcome));
     return made;
 }
 
