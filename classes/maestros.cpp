@@ -1,21 +1,24 @@
 #include "core/errors.hpp"
+#include "maintenance/maintenance.hpp"
 #include "tolvex/classes.hpp"
 
 namespace tolvex {
 
-void Maestros::MuestraEmpresas(const Text&, const Text&, const Text&, const Text&)
+void Maestros::MuestraEmpresas(const Text& UserBd, const Text& PswBd, const Text& Bd, const Text& ServerBd)
 {
-    throw not_available(u"El maestro de empresas");
+    show_companies(session(), {UserBd, PswBd, Bd, ServerBd});
 }
 
-void Maestros::MuestraSucursales(const Text&, const Text&, const Text&, const Text&, std::int16_t)
+void Maestros::MuestraSucursales(const Text& UserBd, const Text& PswBd, const Text& Bd, const Text& ServerBd,
+                                 std::int16_t Empresa)
 {
-    throw not_available(u"El maestro de sucursales");
+    show_branches(session(), {UserBd, PswBd, Bd, ServerBd}, Empresa);
 }
 
-void Maestros::MuestraCertificados(const Text&, const Text&, const Text&, const Text&, std::int16_t)
+void Maestros::MuestraCertificados(const Text& UserBd, const Text& PswBd, const Text& Bd,
+                                   const Text& ServerBd, std::int16_t Empresa)
 {
-    throw not_available(u"El maestro de certificados");
+    show_certificates(session(), {UserBd, PswBd, Bd, ServerBd}, Empresa);
 }
 
 void Maestros::GeneraReporteDeFoliosUtilizados(const Text&, const Text&, const Text&, const Text&,
@@ -24,9 +27,10 @@ void Maestros::GeneraReporteDeFoliosUtilizados(const Text&, const Text&, const T
     throw not_available(u"El reporte de folios utilizados");
 }
 
-void Maestros::MuestraSeriesyFolios(const Text&, const Text&, const Text&, const Text&, std::int16_t)
+void Maestros::MuestraSeriesyFolios(const Text& UserBd, const Text& PswBd, const Text& Bd,
+                                    const Text& ServerBd, std::int16_t Empresa)
 {
-    throw not_available(u"El maestro de series y folios");
+    show_folios(session(), {UserBd, PswBd, Bd, ServerBd}, Empresa);
 }
 
 } // namespace tolvex

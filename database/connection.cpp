@@ -133,6 +133,11 @@ Value UpdatableRecordset::operator[](TextView column) const
     return (*current_)[position_of(columns_, column)];
 }
 
+const Column& UpdatableRecordset::column(TextView name) const
+{
+    return columns_[position_of(columns_, name)];
+}
+
 void UpdatableRecordset::add_new()
 {
     adding_ = true;

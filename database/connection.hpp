@@ -73,6 +73,8 @@ public:
 
     bool eof() const { return !current_; }
     Value operator[](TextView column) const;
+    // Kind and size of a column of the statement. Throws Error 3265 when there is none of that name.
+    const Column& column(TextView name) const;
     void add_new();
     // Sets a column of the new or the current row, anew if it was set before; the name must be a column of
     // the statement (Error 3265). The value is converted to the column's kind: Error 13 when it cannot be, 6

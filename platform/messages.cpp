@@ -12,10 +12,7 @@ MessageHandler& handler()
     return current;
 }
 
-MessageAnswer show(const Message& message)
-{
-    return handler() ? handler()(message) : show_natively(message);
-}
+MessageAnswer show(const Message& message) { return handler() ? handler()(message) : show_natively(message); }
 
 } // namespace
 

@@ -1,5 +1,7 @@
 #include "session/configuracion.hpp"
 
+#include "core/errors.hpp"
+
 namespace tolvex {
 
 Value fgValorCampo(Session& session, const Text& column, const Text& sql)
@@ -8,6 +10,9 @@ Value fgValorCampo(Session& session, const Text& column, const Text& sql)
     return rows.eof() ? Value() : rows[column];
 }
 
-Text fgSeleccionaCarpeta(WindowHandle owner, const Text& title) { return choose_folder(owner, title); }
+Text fgSeleccionaCarpeta(WindowHandle owner, const Text& title)
+{
+    return trapping(Text(), [&] { return toolkit().choose_folder(owner, title); });
+}
 
 } // namespace tolvex

@@ -1,7 +1,7 @@
 // Helpers around the shared connection and the user that several rooms above use.
 #pragma once
 
-#include "platform/choosers.hpp"
+#include "platform/forms.hpp"
 #include "session/session.hpp"
 
 namespace tolvex {

@@ -33,4 +33,11 @@ void open_shared_connection(Session& session)
     read_dates_as_year_month_day(connection);
 }
 
+void replace_shared_connection(Session& session, const ConnectionData& data)
+{
+    auto connection = std::make_shared<Connection>();
+    open_connection(*connection, data);
+    session.gConexion = connection;
+}
+
 } // namespace tolvex

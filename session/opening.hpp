@@ -25,5 +25,8 @@ void read_dates_as_year_month_day(Connection& connection);
 void keep_connection_data(Session& session, const ConnectionData& data);
 // Opens the shared connection with the data kept, dates as year-month-day.
 void open_shared_connection(Session& session);
+// Opens a connection of its own and makes it the shared one, which stays as it was when the opening fails.
+// Deliberate: dates are read as the login's language says.
+void replace_shared_connection(Session& session, const ConnectionData& data);
 
 } // namespace tolvex

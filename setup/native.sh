@@ -3,6 +3,6 @@
 . "$(dirname "$0")/common.sh"
 
 install_packages g++ make cmake ninja-build pkg-config git ca-certificates openssl sqlite3 \
-    libsqlite3-dev libxml2-dev libfmt-dev libcli11-dev \
+    libsqlite3-dev libxml2-dev libfmt-dev libcli11-dev libtomlplusplus-dev \
     unixodbc unixodbc-dev tdsodbc libsqliteodbc \
     libgtest-dev libgmock-dev libbenchmark-dev

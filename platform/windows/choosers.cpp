@@ -1,4 +1,4 @@
-#include "platform/choosers.hpp"
+#include "platform/windows/choosers.hpp"
 
 #include "platform/windows/windows.hpp"
 

@@ -1,0 +1,48 @@
+#include "maintenance/maintenance.hpp"
+
+#include "maintenance/pickers.hpp"
+#include "platform/messages.hpp"
+
+namespace tolvex {
+
+namespace {
+
+bool ExisteEmpresa(Session& session, std::int16_t company)
+{
+    return !shared_connection(session)
+                .query(u"Select nEmpresa from FE_Empresas (nolock) where NEmpresa=" + decimal(company))
+                .eof();
+}
+
+void show_of_company(Session& session, const ConnectionData& data, std::int16_t company,
+                     std::unique_ptr<Form> (*picker)(Session&, std::int16_t))
+{
+    replace_shared_connection(session, data);
+    if (ExisteEmpresa(session, company)) return toolkit().show(picker(session, company));
+    show_message(u"Ocurrio un error al conectar la empresa, verifique", u"Atención", MessageIcon::critical);
+}
+
+} // namespace
+
+void show_companies(Session& session, const ConnectionData& data)
+{
+    replace_shared_connection(session, data);
+    toolkit().show(companies_picker(session));
+}
+
+void show_branches(Session& session, const ConnectionData& data, std::int16_t company)
+{
+    show_of_company(session, data, company, branches_picker);
+}
+
+void show_certificates(Session& session, const ConnectionData& data, std::int16_t company)
+{
+    show_of_company(session, data, company, certificates_picker);
+}
+
+void show_folios(Session& session, const ConnectionData& data, std::int16_t company)
+{
+    show_of_company(session, data, company, folios_picker);
+}
+
+} // namespace tolvex
