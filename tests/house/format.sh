@@ -4,5 +4,5 @@ cd "$(dirname "$0")/../.." || exit
 sources=$(tests/house/sources.sh)
 columns=$(sed -n 's/^ColumnLimit: *//p' .clang-format)
 
-clang-format-14 --dry-run -Werror $sources || { echo "'make format' lays the sources out." && exit 1; }
+clang-format-14 --dry-run -Werror --ferror-limit=1 $sources || { echo "'make format' lays the sources out." && exit 1; }
 ! LC_ALL=C.UTF-8 grep -nE "^.{$columns}." $sources | grep //
