@@ -1,6 +1,7 @@
 #include "console/command.hpp"
 #include "console/output.hpp"
 #include "console/table.hpp"
+#include "core/numbers.hpp"
 #include "maintenance/certificate_expiry.hpp"
 #include "maintenance/pickers.hpp"
 #include "platform/clock.hpp"

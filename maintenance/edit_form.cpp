@@ -1,6 +1,8 @@
 #include "maintenance/edit_form.hpp"
 
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "database/connection_keywords.hpp"
 #include "platform/messages.hpp"
 #include "session/configuracion.hpp"

@@ -1,5 +1,6 @@
 #include "platform/last_line.hpp"
 
+#include "core/code_pages.hpp"
 #include "core/text.hpp"
 #include "platform/files.hpp"
 

@@ -2,6 +2,8 @@
 
 #include "console/output.hpp"
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "maintenance/branches_form.hpp"
 #include "maintenance/certificates_form.hpp"
 #include "maintenance/companies_form.hpp"

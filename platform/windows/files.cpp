@@ -1,3 +1,4 @@
+#include "core/text.hpp"
 #include "platform/files.hpp"
 
 #include "platform/windows/windows.hpp"

@@ -1,9 +1,10 @@
+#include "core/numbers.hpp"
 #include "database/connection.hpp"
-#include "database/embedded/amount_in_words.hpp"
+#include "database/embedded/tsql/amount_in_words.hpp"
 #include "support/amounts_in_words.hpp"
-#include "tolvex/errors.hpp"
 #include "support/temporary_folder.hpp"
 #include "support/text_io.hpp"
+#include "tolvex/errors.hpp"
 
 #include <gtest/gtest.h>
 

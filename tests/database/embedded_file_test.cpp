@@ -1,6 +1,7 @@
 // The embedded database as a file: created when it is missing, shared, durable, and clear about what is wrong
 // with it.
 #include "core/errors.hpp"
+#include "core/text.hpp"
 #include "database/connection.hpp"
 #include "support/rows.hpp"
 #include "support/tables.hpp"
@@ -89,7 +90,7 @@ TEST_F(EmbeddedFile, a_file_that_does_not_exist_is_created_shared_and_durable)
 TEST_F(EmbeddedFile, its_columns_are_those_of_the_server)
 {
     Connection connection = open(file_);
-    std::ifstream script(TOLVEX_SOURCE_DIR "/schema/tables.sql");
+    std::ifstream script(TOLVEX_SOURCE_DIR "/schema/sql_server/tables.sql");
     const std::regex create("CREATE TABLE dbo\\.(\\w+)"),
         declared(" {8}(\\w+) (\\w+(\\([\\w, ]+\\))?) (NOT|NULL|IDENTITY).*");
     Text table;

@@ -1,4 +1,5 @@
 // The whole system on a real SQL Server, the one that TOLVEX_PRUEBA_SQLSERVER names.
+#include "core/code_pages.hpp"
 #include "core/errors.hpp"
 #include "database/connection_keywords.hpp"
 #include "issuing/master_data.hpp"

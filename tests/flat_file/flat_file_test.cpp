@@ -1,6 +1,8 @@
 #include "flat_file/flat_file.hpp"
 
+#include "core/code_pages.hpp"
 #include "core/errors.hpp"
+#include "core/text.hpp"
 #include "support/station.hpp"
 
 namespace tolvex::testing {

@@ -1,4 +1,6 @@
+#include "core/code_pages.hpp"
 #include "core/errors.hpp"
+#include "core/text.hpp"
 #include "support/station.hpp"
 
 namespace tolvex::testing {
