@@ -66,6 +66,19 @@ bool next_code_point(std::string_view bytes, std::size_t& position, char32_t& c)
 bool is_high_surrogate(char16_t c) { return c >= 0xD800 && c < 0xDC00; }
 bool is_low_surrogate(char16_t c) { return c >= 0xDC00 && c < 0xE000; }
 
+// Beyond U+FFFF a character takes two units.
+Text character_at(TextView text, std::size_t i)
+{
+    return Text(text.substr(i, is_high_surrogate(text[i]) ? 2 : 1));
+}
+
+// The characters of 0x80 to 0x9F; the five codes without one stay as control characters.
+constexpr TextView windows_1252_upper_controls =
+    u"\u20AC\u0081\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\u008D\u017D\u008F"
+    u"\u0090\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\u009D\u017E\u0178";
+
+bool is_upper_control(char16_t c) { return c >= 0x80 && c < 0xA0; }
+
 char16_t to_upper(char16_t c)
 {
     if ((c >= u'a' && c <= u'z') || (c >= 0xE0 && c <= 0xFE && c != 0xF7)) return c - 0x20;
@@ -216,14 +229,27 @@ std::string bytes_of_text(TextView text)
 
 Text from_windows_1252(std::string_view bytes)
 {
-    // 0x80 to 0x9F; the five codes without a character stay as control characters.
-    static constexpr char16_t upper_controls[] =
-        u"\u20AC\u0081\u201A\u0192\u201E\u2026\u2020\u2021\u02C6\u2030\u0160\u2039\u0152\u008D\u017D\u008F"
-        u"\u0090\u2018\u2019\u201C\u201D\u2022\u2013\u2014\u02DC\u2122\u0161\u203A\u0153\u009D\u017E\u0178";
     Text text = text_of_bytes(bytes);
     for (char16_t& c : text)
-        if (c >= 0x80 && c < 0xA0) c = upper_controls[c - 0x80];
+        if (is_upper_control(c)) c = windows_1252_upper_controls[c - 0x80];
     return text;
+}
+
+std::string to_windows_1252(TextView text)
+{
+    std::string bytes;
+    bytes.reserve(text.size());
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const auto place = windows_1252_upper_controls.find(text[i]);
+        if (text[i] <= 0xFF && !is_upper_control(text[i]))
+            bytes += static_cast<char>(text[i]);
+        else if (place != TextView::npos)
+            bytes += static_cast<char>(0x80 + place);
+        else
+            throw invalid_call(u"El carácter «" + character_at(text, i) +
+                               u"» no existe en la página de códigos 1252 de Windows");
+    }
+    return bytes;
 }
 
 bool is_valid_utf8(std::string_view bytes)

@@ -30,6 +30,8 @@ Text text_of_bytes(std::string_view bytes);
 std::string bytes_of_text(TextView text);
 // Windows code page 1252 to Text.
 Text from_windows_1252(std::string_view bytes);
+// Throws Error 5, which names the character, for one that the code page lacks.
+std::string to_windows_1252(TextView text);
 bool is_valid_utf8(std::string_view bytes);
 
 } // namespace tolvex
