@@ -132,6 +132,19 @@ public:
     virtual WindowHandle window() const = 0;
 };
 
+// Runs a work, showing meanwhile that the form is busy.
+template <class Work>
+auto while_busy(FormView& view, Work work)
+{
+    struct Busy
+    {
+        explicit Busy(FormView& form) : view(form) { view.set_busy(true); }
+        ~Busy() { view.set_busy(false); }
+        FormView& view;
+    } busy(view);
+    return work();
+}
+
 // --- how it behaves ---
 
 // An error that leaves one of these is shown to the user; the window stays open.

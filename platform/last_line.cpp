@@ -19,4 +19,15 @@ Text last_line(TextView path)
     return content.substr(end_of_previous + (with_line_feed ? 2 : 1));
 }
 
+void restore_line_feeds(TextView path)
+{
+    if (path.empty() || !files::exists(path)) return;
+    const std::string written = files::read(path);
+    std::string restored;
+    restored.reserve(written.size());
+    for (std::size_t i = 0; i < written.size(); ++i)
+        if (written[i] != '\r' || i + 1 == written.size() || written[i + 1] != '\n') restored += written[i];
+    if (restored != written) files::write(path, restored);
+}
+
 } // namespace tolvex

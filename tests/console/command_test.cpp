@@ -2,13 +2,11 @@
 #include "core/text.hpp"
 #include "database/connection.hpp"
 #include "support/files.hpp"
+#include "support/shell.hpp"
 #include "support/temporary_folder.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <sys/wait.h>
 
 namespace tolvex::testing {
 namespace {
@@ -17,28 +15,11 @@ using ::testing::HasSubstr;
 using ::testing::Not;
 using ::testing::StartsWith;
 
-struct Outcome
-{
-    int exit_code;
-    std::string output, errors;
-};
-
-std::string quoted(const std::string& word)
-{
-    return to_utf8(u"'" + replace_all(to_text(word), u"'", u"'\\''") + u"'");
-}
-
 class Command : public ::testing::Test
 {
 protected:
     // An order of the shell, given in the test's folder.
-    Outcome in_shell(const std::string& order)
-    {
-        const std::string output = said_.path() / "output", errors = said_.path() / "errors",
-                          line = "cd " + quoted(path()) + " && (" + order + ") >" + output + " 2>" + errors;
-        const int status = std::system(line.c_str());
-        return {WEXITSTATUS(status), read_file(output), read_file(errors)};
-    }
+    Outcome in_shell(const std::string& order) { return run_in_shell(order, path()); }
 
     Outcome tolvex(const std::vector<std::string>& words, const std::string& variables = "")
     {
@@ -68,7 +49,7 @@ protected:
     const std::string database = "demo/tolvex.db";
 
 private:
-    TemporaryFolder folder_, said_;
+    TemporaryFolder folder_;
 };
 
 TEST_F(Command, demonstration_runs_again_and_again)
