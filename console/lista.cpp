@@ -54,7 +54,7 @@ private:
         for (const ListRow& row : certificates) {
             const auto number = to_int16(leading_number(row.front()));
             const Text warning = expiry_warning(session(), company_, number, local_now());
-            if (!warning.empty()) say_error("aviso: " + to_utf8(warning));
+            if (!warning.empty()) say_warning(warning);
         }
     }
 
