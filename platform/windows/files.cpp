@@ -1,5 +1,5 @@
-#include "core/text.hpp"
 #include "platform/files.hpp"
+#include "core/text.hpp"
 
 #include "platform/windows/windows.hpp"
 
