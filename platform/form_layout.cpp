@@ -8,7 +8,7 @@ namespace {
 
 constexpr int character = 4, line = 8;
 constexpr int margin = 7, row_gap = 4, section_gap = 7, control_gap = 8, label_gap = 3, button_gap = 5;
-constexpr int field_height = 12, button_height = 14, tool_bar_height = 18;
+constexpr int field_height = 12, button_height = 14, tool_bar_height = 17, tool_bar_gap = 3;
 constexpr int field_padding = 6, combo_padding = 14, check_padding = 12,
               button_padding = 18; // beside the text
 constexpr int least_field = 30 * character, least_list = 90 * character, least_button = 48;
@@ -160,7 +160,6 @@ public:
     FormLayout lay_out()
     {
         add_tool_bar();
-        y_ += margin;
         for (const Section& section : form_.sections) add(section);
         if (!form_.sections.empty()) y_ += margin - section_gap;
         if (!form_.buttons.empty()) y_ += button_height + margin;
@@ -183,9 +182,10 @@ public:
 private:
     void add_tool_bar()
     {
+        y_ = margin;
         if (form_.tools.empty()) return;
-        made_.tool_bar = {0, 0, width_ + 2 * margin, tool_bar_height};
-        y_ = tool_bar_height;
+        made_.tool_bar = {margin, tool_bar_gap, width_, tool_bar_height};
+        y_ = made_.tool_bar.bottom() + tool_bar_gap;
     }
 
     void add(const Section& section)

@@ -105,10 +105,13 @@ void FormWindow::close_older(TextView name)
     const auto windows = open_windows();
     for (const auto& open : windows) {
         if (!open->owned_ || open->description_.name != name) continue;
-        if (!IsWindow(open->handle_)) // its thread has ended
+        const DWORD thread = GetWindowThreadProcessId(open->handle_, nullptr);
+        if (thread == 0) // it has ended, and the window with it
             std::erase(open_windows(), open);
-        else
+        else if (open->running_ || thread != GetCurrentThreadId())
             open->close();
+        else
+            open->destroy();
     }
 }
 
@@ -173,11 +176,7 @@ void FormWindow::take_least_size()
 void FormWindow::place_controls()
 {
     const FormLayout layout = lay_out(description_, font_->units(client_size(handle_)));
-    if (tool_bar_) {
-        RECT across = font_->pixels(layout.tool_bar);
-        across.right = client_size(handle_).cx;
-        tool_bar_->place(across);
-    }
+    if (tool_bar_) tool_bar_->place(font_->pixels(layout.tool_bar));
     for (std::size_t i = 0; i < frames_.size(); ++i)
         move_window(frames_[i], font_->pixels(layout.frames[i].box));
     for (std::size_t i = 0; i < controls_.size(); ++i)

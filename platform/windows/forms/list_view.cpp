@@ -25,18 +25,13 @@ void ListView::set_columns(const std::vector<ListColumn>& columns, const FormFon
     const int before = Header_GetItemCount(ListView_GetHeader(window_));
     for (int i = 0; i < before; ++i) ListView_DeleteColumn(window_, 0);
     columns_ = columns;
-
-    // The first column to be inserted is always left-aligned, so it is one that goes again.
-    LVCOLUMNW first{};
-    ListView_InsertColumn(window_, 0, &first);
     for (std::size_t i = 0; i < columns_.size(); ++i) {
         LVCOLUMNW column{};
         column.mask = LVCF_TEXT | LVCF_FMT;
         column.fmt = columns_[i].right_aligned ? LVCFMT_RIGHT : LVCFMT_LEFT;
         column.pszText = wide(columns_[i].caption);
-        ListView_InsertColumn(window_, static_cast<int>(i) + 1, &column);
+        ListView_InsertColumn(window_, static_cast<int>(i), &column);
     }
-    ListView_DeleteColumn(window_, 0);
     widen_columns(font);
 }
 

@@ -58,8 +58,8 @@ void run_modal(FormWindow& form)
         form.show();
         pump_until_closed(form);
     }
-    form.destroy();
     if (owner) SetActiveWindow(owner);
+    form.destroy();
 }
 
 } // namespace tolvex

@@ -57,7 +57,6 @@ void ToolBar::set_font(const FormFont& font, const Box& box)
     SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
     SendMessageW(window_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(drawn));
     SendMessageW(window_, TB_SETBUTTONSIZE, 0, MAKELPARAM(height, height - 2));
-    SendMessageW(window_, TB_SETINDENT, static_cast<WPARAM>(font.pixels_across(4)), 0);
     SendMessageW(window_, TB_AUTOSIZE, 0, 0);
     if (images_) ImageList_Destroy(images_);
     images_ = drawn;
