@@ -1,9 +1,5 @@
 #include "automation/failures.hpp"
 
-#include "automation/variants.hpp"
-#include "core/errors.hpp"
-#include "tolvex/tolvex.hpp"
-
 #include <new>
 
 namespace tolvex::automation {
@@ -18,19 +14,15 @@ HRESULT code_of(std::int32_t number)
 
 void set_error_information(const Class& source, const Text& description)
 {
-    ICreateErrorInfo* created = nullptr;
-    if (FAILED(CreateErrorInfo(&created))) return;
-    Text name = text_from(library_name) + u"." + text_from(source.name);
+    ComPtr<ICreateErrorInfo> created;
+    if (FAILED(CreateErrorInfo(created.GetAddressOf()))) return;
+    std::wstring name = program_id(source);
     Text words = description;
     created->SetGUID(source.interface_id);
-    created->SetSource(reinterpret_cast<LPOLESTR>(name.data()));
-    created->SetDescription(reinterpret_cast<LPOLESTR>(words.data()));
-    IErrorInfo* information = nullptr;
-    if (SUCCEEDED(created->QueryInterface(IID_IErrorInfo, reinterpret_cast<void**>(&information)))) {
-        SetErrorInfo(0, information);
-        information->Release();
-    }
-    created->Release();
+    created->SetSource(name.data());
+    created->SetDescription(wide(words));
+    ComPtr<IErrorInfo> information;
+    if (SUCCEEDED(created.As(&information))) SetErrorInfo(0, information.Get());
 }
 
 HRESULT report(const Class& source, HRESULT code, const Text& description)
@@ -72,15 +64,14 @@ try {
 
 HRESULT as_late_failure(HRESULT failure, EXCEPINFO* exception) noexcept
 {
-    IErrorInfo* information = nullptr;
-    if (GetErrorInfo(0, &information) != S_OK) return failure;
+    ComPtr<IErrorInfo> information;
+    if (GetErrorInfo(0, information.GetAddressOf()) != S_OK) return failure;
     if (exception) {
         *exception = {};
         exception->scode = failure;
         information->GetSource(&exception->bstrSource);
         information->GetDescription(&exception->bstrDescription);
     }
-    information->Release();
     return DISP_E_EXCEPTION;
 }
 

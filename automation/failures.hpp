@@ -2,7 +2,7 @@
 // information.
 #pragma once
 
-#include "automation/surface.hpp"
+#include "automation/description.hpp"
 
 namespace tolvex::automation {
 

@@ -1,7 +1,5 @@
 #include "automation/object.hpp"
 
-#include "automation/server.hpp"
-
 namespace tolvex::automation {
 
 namespace {
@@ -12,38 +10,21 @@ EntryPoint entry_point(Function function)
     return reinterpret_cast<EntryPoint>(function);
 }
 
-std::vector<EntryPoint> function_table(const Class& described)
+} // namespace
+
+Object::Object(const Class& described)
+    : functions(described.functions.data()), described(described), implementation(described.create())
+{}
+
+std::vector<EntryPoint> function_table(const std::vector<Method>& methods)
 {
     std::vector<EntryPoint> table = {entry_point(query_interface), entry_point(add_ref),
                                      entry_point(release),         entry_point(get_type_info_count),
                                      entry_point(get_type_info),   entry_point(get_ids_of_names),
                                      entry_point(invoke)};
-    for (const Method& method : described.methods) table.push_back(method.early);
+    for (const Method& method : methods) table.push_back(method.early);
     return table;
 }
-
-std::vector<std::vector<EntryPoint>> function_tables()
-{
-    std::vector<std::vector<EntryPoint>> tables;
-    for (const Class& described : surface()) tables.push_back(function_table(described));
-    return tables;
-}
-
-const EntryPoint* functions_of(const Class& described)
-{
-    static const std::vector<std::vector<EntryPoint>> tables = function_tables();
-    return tables[static_cast<std::size_t>(&described - surface().data())].data();
-}
-
-} // namespace
-
-Object::Object(const Class& described)
-    : functions(functions_of(described)), described(described), implementation(described.create())
-{
-    server::object_created();
-}
-
-Object::~Object() { server::object_destroyed(); }
 
 HRESULT STDMETHODCALLTYPE query_interface(Object* self, REFIID interface_id, void** found)
 {
@@ -72,6 +53,10 @@ ULONG STDMETHODCALLTYPE release(Object* self)
     return static_cast<ULONG>(left);
 }
 
+ULONG Object::AddRef() { return add_ref(this); }
+
+ULONG Object::Release() { return release(this); }
+
 HRESULT STDMETHODCALLTYPE get_type_info_count(Object*, UINT* count)
 {
     if (!count) return E_POINTER;
@@ -84,7 +69,7 @@ HRESULT STDMETHODCALLTYPE get_type_info(Object* self, UINT index, LCID, ITypeInf
     if (!found) return E_POINTER;
     *found = nullptr;
     if (index != 0) return DISP_E_BADINDEX;
-    return server::type_information(self->described.interface_id, found);
+    return component::type_information(self->described.interface_id, found);
 }
 
 HRESULT ErrorSupport::QueryInterface(REFIID interface_id, void** found)

@@ -1,7 +1,8 @@
 // An automation object: one of the six classes behind its dual interface.
 #pragma once
 
-#include "automation/surface.hpp"
+#include "automation/component.hpp"
+#include "automation/description.hpp"
 
 namespace tolvex::automation {
 
@@ -19,22 +20,25 @@ private:
     Object& owner_;
 };
 
-// COM sees an object through the table that its first member points to. That table is built from the
-// description of the class: the seven functions of every dual interface, then one per method.
+// COM sees an object through the table of functions that its first member points to.
 struct Object
 {
     explicit Object(const Class& described);
-    ~Object();
     Object(const Object&) = delete;
+
+    // For a reference that this component holds itself (ComPtr); hosts come through the table.
+    ULONG AddRef();
+    ULONG Release();
 
     const EntryPoint* functions;
     const Class& described;
     std::shared_ptr<void> implementation;
-    LONG references = 1;
+    LONG references = 0; // whoever holds it counts itself
     ErrorSupport error_support{*this};
+    component::Use use;
 };
 
-// The functions that every dual interface starts with.
+// The seven functions that every dual interface starts with; the last two are in dispatch.cpp.
 HRESULT STDMETHODCALLTYPE query_interface(Object* self, REFIID interface_id, void** found);
 ULONG STDMETHODCALLTYPE add_ref(Object* self);
 ULONG STDMETHODCALLTYPE release(Object* self);
@@ -45,5 +49,8 @@ HRESULT STDMETHODCALLTYPE get_ids_of_names(Object* self, REFIID reserved, LPOLES
 HRESULT STDMETHODCALLTYPE invoke(Object* self, DISPID id, REFIID reserved, LCID locale, WORD flags,
                                  DISPPARAMS* arguments, VARIANT* result, EXCEPINFO* exception,
                                  UINT* argument_at_fault);
+
+// Those seven, then the early entry of each method.
+std::vector<EntryPoint> function_table(const std::vector<Method>& methods);
 
 } // namespace tolvex::automation

@@ -1,30 +1,22 @@
-#include "automation/server.hpp"
-
+// The class factory and the five functions that the component exports (TOLVEX.def).
 #include "automation/object.hpp"
 #include "automation/registration.hpp"
-#include "core/errors.hpp"
+#include "automation/surface.hpp"
 
 #include <atomic>
 #include <new>
 
 #include <olectl.h>
 
-extern "C" IMAGE_DOS_HEADER __ImageBase; // where this module lies in memory
-
 namespace tolvex::automation {
 
 namespace {
-
-std::atomic<long> objects = 0;
-std::atomic<long> locks = 0;
-std::atomic<bool> session_used = false;
 
 // Makes the objects of one class.
 class Factory final : public IClassFactory
 {
 public:
-    explicit Factory(const Class& described) : described_(described) { server::object_created(); }
-    ~Factory() { server::object_destroyed(); }
+    explicit Factory(const Class& described) : described_(described) {}
 
     HRESULT STDMETHODCALLTYPE QueryInterface(REFIID interface_id, void** found) override
     {
@@ -49,10 +41,8 @@ public:
         if (!created) return E_POINTER;
         *created = nullptr;
         if (outer) return CLASS_E_NOAGGREGATION;
-        auto* object = new Object(described_);
-        const HRESULT outcome = query_interface(object, interface_id, created);
-        release(object);
-        return outcome;
+        const ComPtr<Object> object(new Object(described_));
+        return query_interface(object.Get(), interface_id, created);
     } catch (const std::bad_alloc&) {
         return E_OUTOFMEMORY;
     } catch (...) {
@@ -61,13 +51,14 @@ public:
 
     HRESULT STDMETHODCALLTYPE LockServer(BOOL lock) override
     {
-        locks += lock ? 1 : -1;
+        component::lock(lock);
         return S_OK;
     }
 
 private:
     const Class& described_;
-    std::atomic<long> references_ = 1;
+    std::atomic<long> references_ = 0; // whoever holds it counts itself
+    component::Use use_;
 };
 
 const Class* class_with(REFCLSID class_id)
@@ -91,41 +82,10 @@ try {
 
 } // namespace
 
-namespace server {
-
-void object_created() noexcept { ++objects; }
-
-void object_destroyed() noexcept { --objects; }
-
-void session_in_use() noexcept { session_used = true; }
-
-std::wstring path()
-{
-    std::wstring buffer(32768, L'\0'); // the longest path there is
-    const auto module = reinterpret_cast<HMODULE>(&__ImageBase);
-    const DWORD length = GetModuleFileNameW(module, buffer.data(), static_cast<DWORD>(buffer.size()));
-    if (length == 0) throw Error(HRESULT_FROM_WIN32(GetLastError()), u"No se conoce la ruta del componente");
-    buffer.resize(length);
-    return buffer;
-}
-
-HRESULT type_information(REFIID interface_id, ITypeInfo** found) noexcept
-try {
-    ITypeLib* library = nullptr;
-    HRESULT outcome = LoadTypeLibEx(path().c_str(), REGKIND_NONE, &library);
-    if (FAILED(outcome)) return outcome;
-    outcome = library->GetTypeInfoOfGuid(interface_id, found);
-    library->Release();
-    return outcome;
-} catch (...) {
-    return E_OUTOFMEMORY;
-}
-
-} // namespace server
-
 } // namespace tolvex::automation
 
 using namespace tolvex::automation;
+using tolvex::ComPtr;
 
 extern "C" {
 
@@ -135,18 +95,13 @@ try {
     *found = nullptr;
     const Class* described = class_with(class_id);
     if (!described) return CLASS_E_CLASSNOTAVAILABLE;
-    auto* factory = new Factory(*described);
-    const HRESULT outcome = factory->QueryInterface(interface_id, found);
-    factory->Release();
-    return outcome;
+    const ComPtr<Factory> factory(new Factory(*described));
+    return factory->QueryInterface(interface_id, found);
 } catch (...) {
     return E_OUTOFMEMORY;
 }
 
-HRESULT STDAPICALLTYPE DllCanUnloadNow()
-{
-    return objects == 0 && locks == 0 && !session_used ? S_OK : S_FALSE;
-}
+HRESULT STDAPICALLTYPE DllCanUnloadNow() { return component::can_unload() ? S_OK : S_FALSE; }
 
 HRESULT STDAPICALLTYPE DllRegisterServer()
 {

@@ -1,11 +1,36 @@
-// From the signature of a C++ method to an automation method: the type of every parameter, and the two
-// functions that a host reaches it by.
+// From the signature of a C++ method to an automation method: the types of its parameters, and the two
+// functions that hosts reach it by. For
+//
+//   bool GeneraDocto::GetDatosSucursal(std::int16_t vlnEmpresa, std::int16_t vlnSucursal);
+//
+// the table of surface.cpp says no more than the names,
+//
+//   method<&GeneraDocto::GetDatosSucursal>(L"GetDatosSucursal", {{L"vlnEmpresa"}, {L"vlnSucursal"}})
+//
+// and gets a Method with two parameters of type VT_I2, the result VT_BOOL, and these two:
+//
+//   HRESULT __stdcall early(Object* self, SHORT* vlnEmpresa, SHORT* vlnSucursal, VARIANT_BOOL* result)
+//   {
+//       *result = self->implementation.GetDatosSucursal(*vlnEmpresa, *vlnSucursal);
+//   }
+//   HRESULT late(Object& self, VARIANT* arguments, VARIANT& result)
+//   {
+//       return early(&self, &arguments[0].iVal, &arguments[1].iVal, &result.boolVal);
+//   }
+//
+// `early` stands in the interface's function table; it also checks the pointers and lets no exception out.
+// `late` is for dispatch.cpp, which has given each argument exactly the type of its parameter by then.
+//
+// The rule: Argument<P> says how a parameter of C++ type P travels (what the host points to, its automation
+// type, both conversions), Result<R> the same for a result. A new type in a signature is a new
+// specialisation; a method whose types do not fit is a free function in surface.cpp that takes the object
+// first.
 #pragma once
 
+#include "automation/component.hpp"
+#include "automation/description.hpp"
 #include "automation/failures.hpp"
 #include "automation/object.hpp"
-#include "automation/server.hpp"
-#include "automation/surface.hpp"
 #include "automation/variants.hpp"
 
 #include <functional>
@@ -41,7 +66,7 @@ struct Argument<Text&> : Travels<BSTR, VT_BSTR>
 {
     static constexpr bool written = true;
     explicit Argument(BSTR& raw) : text(text_of(raw)), raw(raw) {}
-    ~Argument() { SysReAllocStringLen(&raw, characters(text), length(text)); }
+    ~Argument() { SysReAllocStringLen(&raw, wide(text), static_cast<UINT>(text.size())); }
     Argument(const Argument&) = delete;
     Argument& operator=(const Argument&) = delete;
     operator Text&() { return text; }
@@ -186,7 +211,7 @@ struct Entry<function, Value, std::tuple<Parameters...>, std::tuple<Out...>>
                                            Out*... out)
     {
         if ((!raw || ...) || (!out || ...)) return E_POINTER;
-        server::session_in_use();
+        component::session_in_use();
         return guard(self->described, [&] {
             using Implementation = typename Signature<decltype(function)>::Implementation;
             auto& implementation = *static_cast<Implementation*>(self->implementation.get());
@@ -211,12 +236,6 @@ struct Entry<function, Value, std::tuple<Parameters...>, std::tuple<Out...>>
     }
 };
 
-#ifdef TOLVEX_DESCRIBE_ONLY
-inline constexpr bool describe_only = true; // the program that writes the type library runs no method
-#else
-inline constexpr bool describe_only = false;
-#endif
-
 // --- the entries of the table ---
 
 template <class... Parameters>
@@ -232,13 +251,9 @@ Method entry(const wchar_t* name, std::vector<Parameter> parameters)
 {
     using Parameters = typename Signature<decltype(function)>::Parameters;
     add_types(parameters, static_cast<Parameters*>(nullptr));
-    Method made{name, std::move(parameters), Result<Result_>::type, nullptr, nullptr};
-    if constexpr (!describe_only) {
-        using Called = Entry<function, Result_, Parameters, typename Result<Result_>::Out>;
-        made.early = reinterpret_cast<EntryPoint>(&Called::early);
-        made.late = &Called::late;
-    }
-    return made;
+    using Called = Entry<function, Result_, Parameters, typename Result<Result_>::Out>;
+    return {name, std::move(parameters), Result<Result_>::type, reinterpret_cast<EntryPoint>(&Called::early),
+            &Called::late};
 }
 
 template <auto function, class Result_ = typename Signature<decltype(function)>::Value, std::size_t count>
@@ -260,10 +275,9 @@ template <class Implementation>
 Class described(const wchar_t* name, const wchar_t* description, const CLSID& class_id,
                 const IID& interface_id, std::vector<Method> methods)
 {
-    Class entry{name, description, class_id, interface_id, nullptr, std::move(methods)};
-    if constexpr (!describe_only)
-        entry.create = [] { return std::shared_ptr<void>(std::make_shared<Implementation>()); };
-    return entry;
+    const auto create = [] { return std::shared_ptr<void>(std::make_shared<Implementation>()); };
+    std::vector<EntryPoint> functions = function_table(methods);
+    return {name, description, class_id, interface_id, create, std::move(methods), std::move(functions)};
 }
 
 } // namespace tolvex::automation

@@ -1,12 +1,9 @@
 #include "automation/surface.hpp"
 
 #include "automation/signature.hpp"
-#include "automation/variants.hpp"
-#include "tolvex/tolvex.hpp"
+#include "tolvex/classes.hpp"
 
 namespace tolvex::automation {
-
-const GUID library_id = {0x5aa356af, 0xac30, 0x496a, {0x9d, 0x50, 0x5c, 0x53, 0x36, 0x27, 0x9f, 0xca}};
 
 namespace {
 

@@ -1,9 +1,6 @@
 #include "automation/variants.hpp"
 
-#include "core/errors.hpp"
-
 #include <cmath>
-#include <new>
 
 namespace tolvex::automation {
 
@@ -11,7 +8,7 @@ namespace {
 
 Error failed(const Error& error, const wchar_t* parameter)
 {
-    return with_detail(error, u"argumento " + text_from(parameter));
+    return with_detail(error, u"argumento " + from_wide(parameter));
 }
 
 Error failed_conversion(HRESULT reason, const wchar_t* parameter)
@@ -65,13 +62,6 @@ Variant without_reference(const VARIANT& argument, const wchar_t* parameter)
 
 } // namespace
 
-BSTR new_bstr(const Text& text)
-{
-    const BSTR made = SysAllocStringLen(characters(text), length(text));
-    if (!made) throw std::bad_alloc();
-    return made;
-}
-
 const VARIANT& referred(const VARIANT& argument)
 {
     const bool refers = argument.vt == (VT_BYREF | VT_VARIANT) && argument.pvarVal;
@@ -108,17 +98,12 @@ bool as_boolean(const VARIANT& argument, const wchar_t* parameter)
 Variant default_of(const Parameter& parameter)
 {
     Variant value;
-    if (const auto* flag = std::get_if<bool>(&parameter.default_value)) {
-        value.vt = VT_BOOL;
-        value.boolVal = *flag ? VARIANT_TRUE : VARIANT_FALSE;
-    } else if (const auto* number = std::get_if<int>(&parameter.default_value)) {
-        value.vt = VT_I4;
-        value.lVal = *number;
-    } else if (const auto* text = std::get_if<const wchar_t*>(&parameter.default_value)) {
-        value.bstrVal = SysAllocString(*text);
-        if (!value.bstrVal) throw std::bad_alloc();
-        value.vt = VT_BSTR;
-    }
+    if (const auto* flag = std::get_if<bool>(&parameter.default_value))
+        value = Variant(*flag);
+    else if (const auto* number = std::get_if<int>(&parameter.default_value))
+        value = Variant(LONG{*number});
+    else if (const auto* text = std::get_if<const wchar_t*>(&parameter.default_value))
+        value = Variant(from_wide(*text));
     return coerced(value, parameter.type, parameter.name);
 }
 

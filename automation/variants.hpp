@@ -1,39 +1,11 @@
-// Automation values: texts, variants, and their conversion to the type that a parameter has.
+// The values of a call, and their conversion to the type that a parameter has.
 #pragma once
 
-#include "automation/surface.hpp"
-#include "tolvex/errors.hpp"
-
-#include <utility>
+#include "automation/description.hpp"
 
 namespace tolvex::automation {
 
-// A variant that frees what it holds.
-struct Variant : VARIANT
-{
-    Variant() { VariantInit(this); }
-    ~Variant() { VariantClear(this); }
-    Variant(Variant&& other) noexcept : VARIANT(other.release()) {}
-    Variant& operator=(Variant&& other) noexcept
-    {
-        std::swap(static_cast<VARIANT&>(*this), static_cast<VARIANT&>(other));
-        return *this;
-    }
-    // Hands what it holds over to somebody who frees it.
-    VARIANT release() noexcept
-    {
-        const VARIANT held = *this;
-        VariantInit(this);
-        return held;
-    }
-};
-
 inline Text text_of(BSTR text) { return Text(text, text + SysStringLen(text)); }
-inline Text text_from(const wchar_t* text) { return Text(text, text + wcslen(text)); }
-inline const OLECHAR* characters(const Text& text) { return reinterpret_cast<const OLECHAR*>(text.c_str()); }
-inline UINT length(const Text& text) { return static_cast<UINT>(text.size()); }
-// A text for the host, which frees it. Throws std::bad_alloc.
-BSTR new_bstr(const Text& text);
 
 // Where a variant keeps its value: all plain values of the union share one place.
 template <class Raw>

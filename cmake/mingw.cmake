@@ -4,7 +4,6 @@ set(CMAKE_C_COMPILER ${TOLVEX_WINDOWS_TRIPLET}-gcc-posix)
 set(CMAKE_CXX_COMPILER ${TOLVEX_WINDOWS_TRIPLET}-g++-posix)
 set(CMAKE_RC_COMPILER ${TOLVEX_WINDOWS_TRIPLET}-windres)
 set(CMAKE_RC_FLAGS_INIT "-c 65001")
-set(TOLVEX_WIDL ${TOLVEX_WINDOWS_TRIPLET}-widl)
 
 # Headers and libraries come from the compiler's own folders and from what the set-up built, programs from the host.
 get_filename_component(TOLVEX_WINDOWS_BUILD ${CMAKE_CURRENT_LIST_DIR}/../build/windows ABSOLUTE)

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <vector>
 
 namespace CLI {
 class App;
@@ -21,9 +22,13 @@ public:
 
     // Must be given: a word by its place, or a value after its option.
     void argument(const char* name, std::string& value, const char* help);
+    void choice(const char* name, std::string& value, const std::vector<std::string>& choices,
+                const char* help);
     void required(const char* name, std::int16_t& value, const char* help);
+    void required(const char* name, std::string& value, const char* help);
     // May be given; the help shows the value that stands otherwise.
     void option(const char* name, std::string& value, const char* help);
+    void option(const char* name, std::int16_t& value, const char* help);
     void flag(const char* name, bool& value, const char* help);
 
 private:
@@ -49,5 +54,9 @@ std::unique_ptr<Command> borra_command();
 std::unique_ptr<Command> folio_command();
 std::unique_ptr<Command> esquema_command();
 std::unique_ptr<Command> conexion_command();
+std::unique_ptr<Command> maestros_command();
+std::unique_ptr<Command> certificado_command();
+std::unique_ptr<Command> lista_command();
+std::unique_ptr<Command> reporte_command();
 
 } // namespace tolvex::console

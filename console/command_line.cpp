@@ -78,6 +78,8 @@ std::string usage_message(const CLI::App*, const CLI::Error& error)
         reason = "no se conoce o sobra: " + named(message, ": ", "");
     else if (kind == CLI::ExitCodes::ConversionError)
         reason = "no es un número válido: " + named(message, ": ", "");
+    else if (kind == CLI::ExitCodes::ValidationError)
+        reason = "no es uno de los valores posibles: " + named(message, ": ", " not in");
     else if (kind == CLI::ExitCodes::ArgumentMismatch)
         reason = "falta el valor de " + named(message, "", ":");
     return "tolvex: " + reason + "\nVea «tolvex --help» o «tolvex ORDEN --help».\n";
@@ -90,7 +92,18 @@ void Options::argument(const char* name, std::string& value, const char* help)
     app_.add_option(name, value, help)->required();
 }
 
+void Options::choice(const char* name, std::string& value, const std::vector<std::string>& choices,
+                     const char* help)
+{
+    app_.add_option(name, value, help)->required()->check(CLI::IsMember(choices));
+}
+
 void Options::required(const char* name, std::int16_t& value, const char* help)
+{
+    app_.add_option(name, value, help)->required();
+}
+
+void Options::required(const char* name, std::string& value, const char* help)
 {
     app_.add_option(name, value, help)->required();
 }
@@ -98,6 +111,11 @@ void Options::required(const char* name, std::int16_t& value, const char* help)
 void Options::option(const char* name, std::string& value, const char* help)
 {
     app_.add_option(name, value, help)->capture_default_str();
+}
+
+void Options::option(const char* name, std::int16_t& value, const char* help)
+{
+    app_.add_option(name, value, help);
 }
 
 void Options::flag(const char* name, bool& value, const char* help) { app_.add_flag(name, value, help); }

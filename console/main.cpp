@@ -12,5 +12,8 @@ int main(int argc, char** argv)
     commands.push_back(folio_command());
     commands.push_back(esquema_command());
     commands.push_back(conexion_command());
+    commands.push_back(maestros_command());
+    commands.push_back(certificado_command());
+    commands.push_back(lista_command());
     return run_command_line(argc, argv, commands);
 }

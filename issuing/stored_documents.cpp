@@ -4,20 +4,29 @@
 
 namespace tolvex {
 
+namespace {
+
+// Both kinds when it is empty.
+Text where(const DocumentKey& key, const Text& kind)
+{
+    return u" Where cDocumento='" + key.folio + u"' And nEmpresa=" + decimal(key.company) +
+           u" And nSucursal=" + decimal(key.branch) +
+           (kind.empty() ? Text() : u" And cTipoDocumento='" + kind + u"'");
+}
+
+} // namespace
+
 std::int32_t count_documents(Session& session, const DocumentKey& key, const Text& kind)
 {
-    const Text sql = u"Select count(*) as n From FE_VENTAS_RESUMEN(nolock) Where cDocumento='" + key.folio +
-                     u"' And nEmpresa=" + decimal(key.company) + u" And nSucursal=" + decimal(key.branch) +
-                     (kind.empty() ? Text() : u" And cTipoDocumento='" + kind + u"'");
+    const Text sql = u"Select count(*) as n From FE_VENTAS_RESUMEN(nolock)" + where(key, kind);
     return shared_connection(session).query(sql)[u"n"].int32();
 }
 
-StoredDocument read_document(Session& session, const Text& folio, const Text& kind)
+StoredDocument read_document(Session& session, const DocumentKey& key, const Text& kind)
 {
     const Recordset row = shared_connection(session).query(
-        u"Select cCadenaOriginal,cSelloDigital,nImporteConLetra From FE_VENTAS_RESUMEN(nolock)"
-        u" Where cDocumento='" +
-        folio + u"' And cTipoDocumento='" + kind + u"' Order By nID Desc");
+        u"Select cCadenaOriginal,cSelloDigital,nImporteConLetra From FE_VENTAS_RESUMEN(nolock)" +
+        where(key, kind) + u" Order By nID Desc");
     return {row[u"cCadenaOriginal"].text(), row[u"cSelloDigital"].text(), row[u"nImporteConLetra"].text()};
 }
 

@@ -21,8 +21,8 @@ struct StoredDocument
     Text original_string, sello; // one character per byte
     Text amount_in_words;
 };
-// The newest document of that kind ("F", "N") with that folio. Throws Error when there is none.
-StoredDocument read_document(Session& session, const Text& folio, const Text& kind);
+// The newest document of that kind ("F", "N") with that key. Throws Error when there is none.
+StoredDocument read_document(Session& session, const DocumentKey& key, const Text& kind);
 
 // True when the statement ran, whether or not a document has that folio. NotadeCredito chooses the kind.
 bool cancel_document(Session& session, const DocumentKey& key, Date FechaCancelacion, bool NotadeCredito);

@@ -24,5 +24,7 @@ void move_over(TextView from, TextView to);
 void remove(TextView path);
 // Absolute form of a host path, from the current folder.
 Text absolute_path(TextView path);
+// A host path as a file means it that names it: relative to that file's folder, unless it is absolute.
+Text resolved(TextView naming_file, TextView path);
 
 } // namespace tolvex::files

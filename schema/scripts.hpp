@@ -6,6 +6,6 @@ namespace tolvex::schema {
 extern const char* const tables;
 extern const char* const indexes;
 extern const char* const fg_numero2letra;
-extern const char* const sample_company;
+extern const char* const sample_addenda;
 
 } // namespace tolvex::schema

@@ -22,7 +22,8 @@ as_root() {
     fi
 }
 
-is_installed() { [ "$(dpkg-query -W -f '${db:Status-Status}' "$1" 2> /dev/null)" = installed ]; }
+# Of several architectures any will do; a name may say which (wine32:i386).
+is_installed() { dpkg-query -W -f '${db:Status-Status}\n' "$1" 2> /dev/null | grep -qx installed; }
 
 # Set-up scripts may run side by side; apt waits for dpkg's lock, but not for that of its own lists.
 one_at_a_time() { (flock 9 && "$@") 9< "$build"; }
@@ -31,8 +32,8 @@ update_package_lists() { as_root apt-get "${apt_options[@]}" update; }
 
 update_and_install() {
     update_package_lists
-    as_root env DEBIAN_FRONTEND=noninteractive apt-get "${apt_options[@]}" install -y --no-install-recommends "$@" \
-        > /dev/null
+    as_root env DEBIAN_FRONTEND=noninteractive apt-get "${apt_options[@]}" install -y --no-remove \
+        --no-install-recommends "$@" > /dev/null
 }
 
 # Installs the Debian packages that are not there yet.

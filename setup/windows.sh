@@ -4,7 +4,6 @@
 #
 #   TRIPLET/include/sqlite3.h, TRIPLET/lib/libsqlite3.a   the embedded database
 #   TRIPLET/bin/openssl.exe                               for the tests; users have their own
-#   idl/                                                  what interface definitions import: *.idl, stdole2.tlb
 #
 # A part is built again when its recipe below or the compiler changes.
 . "$(dirname "$0")/common.sh"
@@ -90,24 +89,10 @@ compile_openssl() {
     "$1-strip" -o "$windows/$1/bin/openssl.exe" apps/openssl.exe
 }
 
-build_idl() {
-    rm -rf "$windows/idl"
-    mkdir -p "$windows/idl" "$work/archives"
-    cd "$work/archives"
-    private_apt download libwine-dev libwine
-    take_files libwine-dev '*.idl'
-    take_files libwine '*/x86_64-windows/stdole2.tlb'
-}
-
-take_files() {
-    dpkg-deb --fsys-tarfile "$1"_*.deb |
-        tar -x -C "$windows/idl" --transform 's|.*/||' --wildcards --no-anchored "$2"
-}
-
 # Runs a recipe unless its last run was with the same text and compiler.
 build_once() {
     local key stamp=$windows/$1.stamp log=$windows/$1.log
-    key=$({ declare -f "$@" unpack_source for_both_bitnesses take_files && "${triplets[0]}-gcc-posix" --version; } |
+    key=$({ declare -f "$@" unpack_source for_both_bitnesses && "${triplets[0]}-gcc-posix" --version; } |
         sha256sum)
     [ "$key" != "$(cat "$stamp" 2> /dev/null)" ] || return 0
     say "construyendo para Windows: ${1#build_}"
@@ -118,11 +103,10 @@ build_once() {
     echo "$key" > "$stamp"
 }
 
-install_packages make perl xz-utils patch dpkg-dev tcl ca-certificates \
-    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix mingw-w64-tools libz-mingw-w64-dev googletest
+install_packages cmake ninja-build gcc libc6-dev make perl xz-utils patch dpkg-dev tcl ca-certificates \
+    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix googletest
 mkdir -p "$windows"
 rm -rf "$work"
 build_once build_sqlite compile_sqlite
 build_once build_openssl compile_openssl
-build_once build_idl take_files
 rm -rf "$work"

@@ -1,7 +1,6 @@
 #include "automation/describe/descriptions.hpp"
 
 #include <cstdio>
-#include <memory>
 #include <stdexcept>
 
 namespace tolvex::automation {
@@ -47,10 +46,10 @@ std::wstring cpp_interface(const Class& described)
     const std::wstring class_id = text_of(described.class_id), interface_id = text_of(described.interface_id);
     const auto bare = [](const std::wstring& id) { return id.substr(1, id.size() - 2); };
     std::wstring text =
-        std::wstring(L"\n// ") + described.description + L": TOLVEX." + described.name + L"\n";
+        std::wstring(L"\n// ") + described.description + L": " + program_id(described) + L"\n";
     text += std::wstring(L"class DECLSPEC_UUID(\"") + bare(class_id) + L"\") " + described.name + L";\n";
-    text += std::wstring(L"struct DECLSPEC_UUID(\"") + bare(interface_id) + L"\") _" + described.name +
-            L" : public IDispatch\n{\n";
+    text += std::wstring(L"struct DECLSPEC_UUID(\"") + bare(interface_id) + L"\") " +
+            interface_name(described) + L" : public IDispatch\n{\n";
     for (const Method& method : described.methods) text += cpp_method(method);
     return text + L"};\n";
 }
@@ -71,50 +70,18 @@ std::wstring uuid_declaration(const std::wstring& name, const GUID& id)
 std::wstring manifest_class(const Class& described)
 {
     return std::wstring(L"    <comClass description=\"") + described.description + L"\" clsid=\"" +
-           text_of(described.class_id) + L"\" progid=\"" + library_name + L"." + described.name +
-           L"\" threadingModel=\"Apartment\" tlbid=\"" + text_of(library_id) + L"\"/>\n";
+           text_of(described.class_id) + L"\" progid=\"" + program_id(described) + L"\" threadingModel=\"" +
+           threading_model + L"\" tlbid=\"" + text_of(library_id) + L"\"/>\n";
 }
 
 std::wstring manifest_interface(const Class& described)
 {
-    return std::wstring(L"  <comInterfaceExternalProxyStub name=\"_") + described.name + L"\" iid=\"" +
-           text_of(described.interface_id) +
-           L"\" proxyStubClsid32=\"{00020424-0000-0000-C000-000000000046}\""
-           L" baseInterface=\"{00020400-0000-0000-C000-000000000046}\" tlbid=\"" +
-           text_of(library_id) + L"\"/>\n";
+    return L"  <comInterfaceExternalProxyStub name=\"" + interface_name(described) + L"\" iid=\"" +
+           text_of(described.interface_id) + L"\" proxyStubClsid32=\"" + type_library_marshaller +
+           L"\" baseInterface=\"" + text_of(IID_IDispatch) + L"\" tlbid=\"" + text_of(library_id) + L"\"/>\n";
 }
 
 } // namespace
-
-std::string utf8(const std::wstring& text)
-{
-    const int characters = static_cast<int>(text.size());
-    std::string bytes(text.size() * 3, '\0');
-    bytes.resize(
-        static_cast<std::size_t>(WideCharToMultiByte(CP_UTF8, 0, text.data(), characters, bytes.data(),
-                                                     static_cast<int>(bytes.size()), nullptr, nullptr)));
-    return bytes;
-}
-
-namespace {
-
-using File = std::unique_ptr<FILE, int (*)(FILE*)>;
-
-File open_file(const std::wstring& path, const wchar_t* mode)
-{
-    File file(_wfopen(path.c_str(), mode), std::fclose);
-    if (!file) throw std::runtime_error("cannot open " + utf8(path));
-    return file;
-}
-
-} // namespace
-
-std::wstring text_of(const GUID& id)
-{
-    wchar_t text[39];
-    StringFromGUID2(id, text, 39);
-    return text;
-}
 
 std::wstring cpp_header()
 {
@@ -126,38 +93,23 @@ std::wstring cpp_header()
     text += L"\n} // namespace TOLVEX\n\n#ifdef __CRT_UUID_DECL\n";
     for (const Class& described : surface()) {
         text += uuid_declaration(described.name, described.class_id);
-        text += uuid_declaration(std::wstring(L"_") + described.name, described.interface_id);
+        text += uuid_declaration(interface_name(described), described.interface_id);
     }
     return text + L"#endif\n";
 }
 
 std::wstring manifest(const std::wstring& architecture)
 {
-    std::wstring text =
-        L"<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
-        L"<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">\n"
-        L"  <assemblyIdentity type=\"win32\" name=\"TOLVEX\" version=\"1.0.0.0\" processorArchitecture=\"" +
-        architecture + L"\"/>\n  <file name=\"TOLVEX.dll\">\n";
+    std::wstring text = L"<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
+                        L"<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">\n"
+                        L"  <assemblyIdentity type=\"win32\" name=\"TOLVEX\" version=\"" +
+                        std::wstring(assembly_version) + L"\" processorArchitecture=\"" + architecture +
+                        L"\"/>\n  <file name=\"TOLVEX.dll\">\n";
     for (const Class& described : surface()) text += manifest_class(described);
-    text += std::wstring(L"    <typelib tlbid=\"") + text_of(library_id) +
-            L"\" version=\"1.0\" helpdir=\"\"/>\n  </file>\n";
+    text += std::wstring(L"    <typelib tlbid=\"") + text_of(library_id) + L"\" version=\"" +
+            library_version + L"\" helpdir=\"\"/>\n  </file>\n";
     for (const Class& described : surface()) text += manifest_interface(described);
     return text + L"</assembly>\n";
-}
-
-std::string read_file(const std::wstring& path)
-{
-    const File file = open_file(path, L"rb");
-    std::string bytes(1 << 20, '\0');
-    bytes.resize(std::fread(bytes.data(), 1, bytes.size(), file.get()));
-    return bytes;
-}
-
-void write_file(const std::wstring& path, const std::string& bytes)
-{
-    const File file = open_file(path, L"wb");
-    if (std::fwrite(bytes.data(), 1, bytes.size(), file.get()) != bytes.size())
-        throw std::runtime_error("cannot write " + utf8(path));
 }
 
 } // namespace tolvex::automation

@@ -1,6 +1,7 @@
 #include "automation/describe/descriptions.hpp"
 
 #include "automation/variants.hpp"
+#include "platform/files.hpp"
 
 #include <stdexcept>
 
@@ -8,61 +9,34 @@ namespace tolvex::automation {
 
 namespace {
 
-void check(HRESULT outcome, const char* step)
-{
-    if (SUCCEEDED(outcome)) return;
-    char code[16];
-    std::snprintf(code, sizeof code, "%08lX", static_cast<unsigned long>(outcome));
-    throw std::runtime_error(std::string(step) + " failed: " + code);
-}
-
-// A reference that is released.
-template <class Interface>
-class Owned
-{
-public:
-    Owned() = default;
-    Owned(Owned&& other) noexcept : interface_(std::exchange(other.interface_, nullptr)) {}
-    ~Owned()
-    {
-        if (interface_) interface_->Release();
-    }
-    Interface* operator->() const { return interface_; }
-    Interface* get() const { return interface_; }
-    Interface** out() { return &interface_; }
-
-private:
-    Interface* interface_ = nullptr;
-};
-
 LPOLESTR writable(const std::wstring& text) { return const_cast<LPOLESTR>(text.c_str()); }
 
-Owned<ITypeInfo> dispatch_interface()
+ComPtr<ITypeInfo> dispatch_interface()
 {
-    Owned<ITypeLib> standard;
-    check(LoadTypeLib(L"stdole2.tlb", standard.out()), "loading stdole2.tlb");
-    Owned<ITypeInfo> found;
-    check(standard->GetTypeInfoOfGuid(IID_IDispatch, found.out()), "finding IDispatch");
+    ComPtr<ITypeLib> standard;
+    check(LoadTypeLib(L"stdole2.tlb", standard.GetAddressOf()), u"loading stdole2.tlb");
+    ComPtr<ITypeInfo> found;
+    check(standard->GetTypeInfoOfGuid(IID_IDispatch, found.GetAddressOf()), u"finding IDispatch");
     return found;
 }
 
-Owned<ICreateTypeInfo> new_type(ICreateTypeLib2& library, const std::wstring& name, TYPEKIND kind,
-                                const GUID& id, const wchar_t* description)
+ComPtr<ICreateTypeInfo> new_type(ICreateTypeLib2& library, const std::wstring& name, TYPEKIND kind,
+                                 const GUID& id, const wchar_t* description)
 {
-    Owned<ICreateTypeInfo> type;
-    check(library.CreateTypeInfo(writable(name), kind, type.out()), "CreateTypeInfo");
-    check(type->SetGuid(id), "SetGuid");
-    check(type->SetVersion(library_major, library_minor), "SetVersion");
-    check(type->SetDocString(writable(description)), "SetDocString");
+    ComPtr<ICreateTypeInfo> type;
+    check(library.CreateTypeInfo(writable(name), kind, type.GetAddressOf()), u"CreateTypeInfo");
+    check(type->SetGuid(id), u"SetGuid");
+    check(type->SetVersion(library_major, library_minor), u"SetVersion");
+    check(type->SetDocString(writable(description)), u"SetDocString");
     return type;
 }
 
 void add_base(ICreateTypeInfo& type, ITypeInfo& base, INT flags)
 {
     HREFTYPE reference = 0;
-    check(type.AddRefTypeInfo(&base, &reference), "AddRefTypeInfo");
-    check(type.AddImplType(0, reference), "AddImplType");
-    if (flags) check(type.SetImplTypeFlags(0, flags), "SetImplTypeFlags");
+    check(type.AddRefTypeInfo(&base, &reference), u"AddRefTypeInfo");
+    check(type.AddImplType(0, reference), u"AddImplType");
+    if (flags) check(type.SetImplTypeFlags(0, flags), u"SetImplTypeFlags");
 }
 
 TYPEDESC by_reference(TYPEDESC& pointed)
@@ -81,35 +55,26 @@ public:
     Variant storable(Variant value)
     {
         if (value.vt != VT_CY) return value;
-        wchar_t mark[5];
-        std::swprintf(mark, 5, L"$%03zu", amounts_.size());
         amounts_.push_back(value.cyVal);
-        value.vt = VT_BSTR;
-        value.bstrVal = SysAllocString(mark);
-        return value;
+        return Variant(to_text(mark(amounts_.size() - 1)));
     }
 
     void apply(std::string& file) const
     {
         for (std::size_t i = 0; i < amounts_.size(); ++i) {
-            char marked[] = {VT_BSTR,
-                             0,
-                             4,
-                             0,
-                             0,
-                             0,
-                             '$',
-                             '0',
-                             static_cast<char>('0' + i / 10),
-                             static_cast<char>('0' + i % 10)};
-            std::string amount = {VT_CY, 0};
-            amount.append(reinterpret_cast<const char*>(&amounts_[i]), sizeof(CY));
-            replace(file, {marked, sizeof marked}, amount);
+            const auto* bytes = reinterpret_cast<const char*>(&amounts_[i]);
+            replace(file, std::string({VT_BSTR, 0, 4, 0, 0, 0}) + mark(i),
+                    std::string({VT_CY, 0}) + std::string(bytes, sizeof(CY)));
         }
         replace(file, {"\xFF\x00\x00\xAC", 4}, {"\xFF\xFF\x00\xAC", 4});
     }
 
 private:
+    static std::string mark(std::size_t i)
+    {
+        return {'$', '0', static_cast<char>('0' + i / 10), static_cast<char>('0' + i % 10)};
+    }
+
     static void replace(std::string& file, const std::string& stored, const std::string& meant)
     {
         const std::size_t place = file.find(stored);
@@ -143,10 +108,10 @@ public:
 
     void add_to(ICreateTypeInfo& type, std::size_t index)
     {
-        check(type.AddFuncDesc(static_cast<UINT>(index), &function_), "AddFuncDesc");
+        check(type.AddFuncDesc(static_cast<UINT>(index), &function_), u"AddFuncDesc");
         check(type.SetFuncAndParamNames(static_cast<UINT>(index), names_.data(),
                                         static_cast<UINT>(names_.size())),
-              "SetFuncAndParamNames");
+              u"SetFuncAndParamNames");
     }
 
 private:
@@ -187,17 +152,17 @@ private:
     std::vector<LPOLESTR> names_;
 };
 
-Owned<ICreateTypeInfo> add_interface(ICreateTypeLib2& library, const Class& described, ITypeInfo& dispatch,
-                                     Corrections& corrections)
+ComPtr<ICreateTypeInfo> add_interface(ICreateTypeLib2& library, const Class& described, ITypeInfo& dispatch,
+                                      Corrections& corrections)
 {
-    auto type = new_type(library, std::wstring(L"_") + described.name, TKIND_INTERFACE,
-                         described.interface_id, described.description);
-    add_base(*type.get(), dispatch, 0);
+    auto type = new_type(library, interface_name(described), TKIND_INTERFACE, described.interface_id,
+                         described.description);
+    add_base(*type.Get(), dispatch, 0);
     check(type->SetTypeFlags(TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FNONEXTENSIBLE),
-          "SetTypeFlags");
+          u"SetTypeFlags");
     for (std::size_t i = 0; i < described.methods.size(); ++i)
-        Description(described.methods[i], i, corrections).add_to(*type.get(), i);
-    check(type->LayOut(), "LayOut");
+        Description(described.methods[i], i, corrections).add_to(*type.Get(), i);
+    check(type->LayOut(), u"LayOut");
     return type;
 }
 
@@ -205,33 +170,33 @@ void add_class(ICreateTypeLib2& library, const Class& described, ITypeInfo& disp
                Corrections& corrections)
 {
     const auto interface_type = add_interface(library, described, dispatch, corrections);
-    Owned<ITypeInfo> made;
-    check(interface_type->QueryInterface(IID_ITypeInfo, reinterpret_cast<void**>(made.out())), "ITypeInfo");
+    ComPtr<ITypeInfo> made;
+    check(interface_type.As(&made), u"ITypeInfo");
     auto type = new_type(library, described.name, TKIND_COCLASS, described.class_id, described.description);
-    check(type->SetTypeFlags(TYPEFLAG_FCANCREATE), "SetTypeFlags");
-    add_base(*type.get(), *made.get(), IMPLTYPEFLAG_FDEFAULT);
-    check(type->LayOut(), "LayOut");
+    check(type->SetTypeFlags(TYPEFLAG_FCANCREATE), u"SetTypeFlags");
+    add_base(*type.Get(), *made.Get(), IMPLTYPEFLAG_FDEFAULT);
+    check(type->LayOut(), u"LayOut");
 }
 
 } // namespace
 
-void write_type_library(const std::wstring& path, SYSKIND system)
+void write_type_library(const Text& path, SYSKIND system)
 {
-    Owned<ICreateTypeLib2> library;
-    check(CreateTypeLib2(system, path.c_str(), library.out()), "CreateTypeLib2");
-    check(library->SetName(writable(library_name)), "SetName");
-    check(library->SetGuid(library_id), "SetGuid");
-    check(library->SetVersion(library_major, library_minor), "SetVersion");
-    check(library->SetLcid(LOCALE_NEUTRAL), "SetLcid");
-    check(library->SetDocString(writable(library_description)), "SetDocString");
+    ComPtr<ICreateTypeLib2> library;
+    check(CreateTypeLib2(system, wide(path), library.GetAddressOf()), u"CreateTypeLib2");
+    check(library->SetName(writable(library_name)), u"SetName");
+    check(library->SetGuid(library_id), u"SetGuid");
+    check(library->SetVersion(library_major, library_minor), u"SetVersion");
+    check(library->SetLcid(LOCALE_NEUTRAL), u"SetLcid");
+    check(library->SetDocString(writable(library_description)), u"SetDocString");
     const auto dispatch = dispatch_interface();
     Corrections corrections;
     for (const Class& described : surface())
-        add_class(*library.get(), described, *dispatch.get(), corrections);
-    check(library->SaveAllChanges(), "SaveAllChanges");
-    std::string file = read_file(path);
+        add_class(*library.Get(), described, *dispatch.Get(), corrections);
+    check(library->SaveAllChanges(), u"SaveAllChanges");
+    std::string file = files::read(path);
     corrections.apply(file);
-    write_file(path, file);
+    files::write(path, file);
 }
 
 } // namespace tolvex::automation

@@ -2,15 +2,17 @@
 // seals verified with openssl.
 #include "console/command.hpp"
 #include "console/demo/demo_files.hpp"
+#include "console/demo/own_command.hpp"
 #include "console/output.hpp"
 #include "core/errors.hpp"
 #include "core/values.hpp"
 #include "flat_file/flat_file.hpp"
 #include "issuing/stored_documents.hpp"
+#include "maintenance/records.hpp"
 #include "platform/batch_runner.hpp"
 #include "platform/clock.hpp"
 #include "platform/files.hpp"
-#include "schema/sample_company.hpp"
+#include "schema/sample_addenda.hpp"
 #include "schema/schema.hpp"
 
 namespace tolvex::console {
@@ -32,15 +34,6 @@ Text serial_in_hex(TextView number)
     return hex;
 }
 
-// The lines between the BEGIN and END marks of a PEM file.
-Text pem_body(const Text& pem)
-{
-    Text body;
-    for (const Text& line : split(pem, u'\n'))
-        if (!line.empty() && !line.starts_with(u"-----")) body += line + u"\r\n";
-    return body;
-}
-
 class Demo
 {
 public:
@@ -53,14 +46,18 @@ private:
     void make_folder();
     void open_database();
     void make_certificate();
-    void store_master_data();
+    void register_master_data();
+    void find_numbers();
     void issue(const DemoFile& file);
     void verify_seal(const IssuedDocument& document, const Text& kind);
     void look_up_and_cancel();
     void openssl(const std::vector<Text>& commands);
 
+    Text filled_in(const char* text) const;
+
     const Place place_;
     const Text folder_;
+    std::int16_t company_ = 0, branch_ = 0, invoices_ = 0, credit_notes_ = 0; // numbers of the records
     std::vector<IssuedDocument> issued_;
 };
 
@@ -69,13 +66,14 @@ void Demo::run()
     make_folder();
     open_database();
     make_certificate();
-    store_master_data();
+    register_master_data();
     for (const DemoFile& file : demo_files) issue(file);
     look_up_and_cancel();
     disconnect();
     print_line(u"\nTodo está en " + folder_ + u":");
     print_line(u"  base de datos     " + to_text(place_.database) +
-               u" (empresa 1, sucursal 1, certificado 1, rangos de folios 1 y 2)");
+               u" (empresa " + decimal(company_) + u", sucursal " + decimal(branch_) + u", rangos de folios " +
+               decimal(invoices_) + u" y " + decimal(credit_notes_) + u")");
     print_line(u"  Facturas/         los documentos XML");
     print_line(
         u"  certificado.cer   el certificado; pkey.key.pem es su llave y llave.key la misma con contraseña " +
@@ -92,14 +90,10 @@ void Demo::make_folder()
     if (!files::folder_exists(folder_)) files::create_folder(folder_);
 }
 
-// The demonstration replaces company 1; it must be its own.
 void Demo::open_database()
 {
     connect(place_);
     create_schema(shared_connection(session()));
-    if (has_another_company(shared_connection(session()), Text(company_rfc)))
-        throw invalid_call(
-            u"La base de datos ya tiene una empresa 1 que no es la de la demostración: use otra base");
 }
 
 // Runs openssl commands through the batch runner; throws when the last one fails.
@@ -118,7 +112,7 @@ void Demo::openssl(const std::vector<Text>& commands)
 
 void Demo::make_certificate()
 {
-    if (files::exists(path(u"pkey.key.pem")) && files::exists(path(u"certificado.cer"))) return;
+    if (files::exists(path(u"llave.key")) && files::exists(path(u"certificado.cer"))) return;
     const Text plain_key = path(u"llave.tmp");
     openssl({u"genrsa -out " + plain_key + u" 2048",
              u"req -x509 -new -sha1 -key " + plain_key + u" -set_serial 0x" +
@@ -127,32 +121,49 @@ void Demo::make_certificate()
                  u"DER -out " +
                  path(u"certificado.cer"),
              u"pkcs8 -topk8 -v1 PBE-SHA1-3DES -in " + plain_key + u" -outform DER -passout pass:" +
-                 Text(key_password) + u" -out " + path(u"llave.key"),
-             u"pkcs8 -inform DER -in " + path(u"llave.key") + u" -passin pass:" + Text(key_password) +
-                 u" -out " + path(u"pkey.key.pem")});
+                 Text(key_password) + u" -out " + path(u"llave.key")});
     files::remove(plain_key);
     print_line(u"Llave y certificado " + Text(certificate_number) + u" hechos con openssl");
 }
 
-void Demo::store_master_data()
+// As an installation script would: the master data from a file, the key's password typed by nobody.
+void Demo::register_master_data()
 {
+    const Text file = path(u"maestros.toml");
+    files::write(file, master_data);
+    disconnect();
+    if (run_own_command({"maestros", to_utf8(files::native_path(file))}, place_,
+                        to_utf8(key_password) + "\n") != 0)
+        throw invalid_call(u"No se pudieron registrar los datos maestros de la demostración");
+    connect(place_);
+    find_numbers();
+    store_sample_addenda(shared_connection(session()));
     openssl({u"x509 -inform DER -in " + path(u"certificado.cer") + u" -out " + path(u"certificado.pem")});
-    SampleCompany company;
-    company.rfc = company_rfc;
-    company.folder = folder_;
-    company.certificate_number = certificate_number;
-    company.certificate_serial = serial_in_hex(certificate_number);
-    company.certificate_body = pem_body(to_text(files::read(path(u"certificado.pem"))));
-    company.valid_from = format(local_now(), u"yyyy-mm-dd");
-    company.valid_until = format(Date{local_now().days + 1460}, u"yyyy-mm-dd");
-    store_sample_company(shared_connection(session()), company);
+}
+
+void Demo::find_numbers()
+{
+    company_ = find_company(session(), Text(company_rfc));
+    branch_ = find_branch(session(), company_, u"MATRIZ");
+    invoices_ = find_folio_range(session(), company_, u"FACTURAS", u"A", u"1");
+    credit_notes_ = find_folio_range(session(), company_, u"NOTAS DE CREDITO", u"NC", u"1");
+}
+
+Text Demo::filled_in(const char* text) const
+{
+    Text filled = to_text(text);
+    for (const auto& [mark, value] : {std::pair{u"{FECHA}", format(local_now(), u"yyyy-mm-dd hh:mm:ss")},
+                                      {u"{EMISOR}", decimal(company_) + u"|" + decimal(branch_)},
+                                      {u"{FACTURAS}", decimal(invoices_)},
+                                      {u"{NOTAS}", decimal(credit_notes_)}})
+        filled = replace_all(filled, mark, value);
+    return filled;
 }
 
 void Demo::issue(const DemoFile& file)
 {
     const Text name = to_text(file.name);
-    const Text moment = format(local_now(), u"yyyy-mm-dd hh:mm:ss");
-    files::write(path(name), to_utf8(replace_all(to_text(file.content), u"{FECHA}", moment)));
+    files::write(path(name), to_utf8(filled_in(file.content)));
     const FlatFileResult result = issue_flat_file_records(session(), path(name), {});
     if (!result.failure.empty()) throw invalid_call(files::native_path(path(name)) + u": " + result.failure);
     for (const IssuedDocument& document : result.documents) {
@@ -166,7 +177,7 @@ void Demo::issue(const DemoFile& file)
 // Checks the stored seal of the stored original string against the certificate, with openssl alone.
 void Demo::verify_seal(const IssuedDocument& document, const Text& kind)
 {
-    const StoredDocument stored = read_document(session(), document.folio, kind);
+    const StoredDocument stored = read_document(session(), {document.folio, company_, branch_}, kind);
     files::write(path(u"cadena.tmp"), bytes_of_text(stored.original_string));
     files::write(path(u"sello.tmp"), bytes_of_text(stored.sello));
     openssl({u"x509 -in " + path(u"certificado.pem") + u" -noout -pubkey > " + path(u"publica.tmp"),
@@ -183,10 +194,10 @@ void Demo::verify_seal(const IssuedDocument& document, const Text& kind)
 void Demo::look_up_and_cancel()
 {
     Text next;
-    next_folio_of_range(session(), u"1", next);
-    print_line(u"\nSiguiente folio del rango 1: " + next);
+    next_folio_of_range(session(), decimal(invoices_), next);
+    print_line(u"\nSiguiente folio del rango " + decimal(invoices_) + u": " + next);
     const IssuedDocument& first = issued_.front();
-    if (!cancel_document(session(), {first.folio, 1, 1}, local_now(), false))
+    if (!cancel_document(session(), {first.folio, company_, branch_}, local_now(), false))
         throw invalid_call(last_error());
     print_line(u"Cancelada la factura " + first.series + first.folio);
 }

@@ -30,6 +30,7 @@ public:
     // What a user sees.
     bool is_open() const { return open_; }
     const Text& caption() const { return caption_; }
+    ControlKind kind(TextView control) const { return at(control).kind; }
     bool is_enabled(TextView control) const { return at(control).enabled; }
     bool is_visible(TextView control) const { return at(control).visible; }
     Background background(TextView control) const { return at(control).background; }

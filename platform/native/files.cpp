@@ -143,4 +143,11 @@ Text absolute_path(TextView path)
     return to_text(fs::absolute(separated(path)).lexically_normal().string());
 }
 
+Text resolved(TextView naming_file, TextView path)
+{
+    fs::path joined = (separated(naming_file).parent_path() / separated(path)).lexically_normal();
+    if (!joined.has_filename()) joined = joined.parent_path(); // "." leaves a separator at the end
+    return to_text(joined.string());
+}
+
 } // namespace tolvex::files

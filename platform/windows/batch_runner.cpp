@@ -19,22 +19,6 @@ Text from_console_bytes(const std::string& bytes)
     return text;
 }
 
-VARIANT variant(LONG number)
-{
-    VARIANT value{};
-    value.vt = VT_I4;
-    value.lVal = number;
-    return value;
-}
-
-VARIANT variant(bool flag)
-{
-    VARIANT value{};
-    value.vt = VT_BOOL;
-    value.boolVal = flag ? VARIANT_TRUE : VARIANT_FALSE;
-    return value;
-}
-
 ComPtr<IDispatch> create_shell()
 {
     CLSID id;
@@ -54,11 +38,10 @@ int run_and_wait(const Text& path, WindowStyle style)
     DISPID method = 0;
     check(shell->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &method), u"WScript.Shell.Run");
 
-    const AutomationText text(u'"' + path + u'"'); // Run takes an unquoted path to end at its first blank
-    VARIANT arguments[] = {variant(true), variant(static_cast<LONG>(style)),
-                           text.argument()}; // last one first
-    DISPPARAMS parameters{arguments, nullptr, 3, 0};
-    VARIANT result{};
+    const Text quoted = u'"' + path + u'"'; // Run takes an unquoted path to end at its first blank
+    Variant last_first[] = {Variant(true), Variant(static_cast<LONG>(style)), Variant(quoted)};
+    DISPPARAMS parameters{last_first, nullptr, 3, 0};
+    Variant result;
     check(shell->Invoke(method, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &result, nullptr,
                         nullptr),
           u"WScript.Shell.Run");

@@ -103,4 +103,12 @@ Text absolute_path(TextView path)
     return absolute;
 }
 
+Text resolved(TextView naming_file, TextView path)
+{
+    const bool absolute = path.size() > 1 && (path[1] == u':' || path[0] == u'\\' || path[0] == u'/');
+    const auto separator = naming_file.find_last_of(u"\\/");
+    if (absolute || separator == TextView::npos) return native_path(path);
+    return absolute_path(Text(naming_file.substr(0, separator + 1)) + Text(path));
+}
+
 } // namespace tolvex::files

@@ -1,5 +1,7 @@
 #include "platform/windows/windows.hpp"
 
+#include <new>
+
 namespace tolvex {
 
 Text system_message(DWORD code)
@@ -17,6 +19,13 @@ void check(HRESULT result, const char16_t* what)
     if (SUCCEEDED(result)) return;
     throw Error(static_cast<std::int32_t>(result),
                 Text(what) + u": " + system_message(static_cast<DWORD>(result)));
+}
+
+BSTR new_bstr(const Text& text)
+{
+    const BSTR made = SysAllocStringLen(wide(text), static_cast<UINT>(text.size()));
+    if (!made) throw std::bad_alloc();
+    return made;
 }
 
 } // namespace tolvex

@@ -1,4 +1,4 @@
-// <windows.h>, the texts it speaks, and the two checks for its two kinds of failure.
+// <windows.h>, the texts and values it speaks, and what its two kinds of failure say.
 #pragma once
 
 #include "core/errors.hpp"
@@ -6,6 +6,9 @@
 #include <objbase.h>
 #include <windows.h>
 #include <wrl/client.h>
+
+#include <concepts>
+#include <utility>
 
 extern "C" IMAGE_DOS_HEADER __ImageBase; // where this module lies in memory
 
@@ -23,32 +26,46 @@ Text system_message(DWORD code);
 // Throws Error with the code and its description when a COM call failed.
 void check(HRESULT result, const char16_t* what);
 
+// Every reference to a COM object is held by one of these.
 using Microsoft::WRL::ComPtr;
 
-// An automation string for one call.
-class AutomationText
+// An automation string; the receiver frees it. Throws std::bad_alloc.
+BSTR new_bstr(const Text& text);
+
+// An automation value that frees what it holds.
+struct Variant : VARIANT
 {
-public:
-    explicit AutomationText(const Text& text)
-        : held_(SysAllocStringLen(wide(text), static_cast<UINT>(text.size())))
+    Variant() { VariantInit(this); }
+    explicit Variant(std::same_as<bool> auto flag) : Variant()
     {
-        if (!held_) throw std::bad_alloc();
+        vt = VT_BOOL;
+        boolVal = flag ? VARIANT_TRUE : VARIANT_FALSE;
     }
-    AutomationText(const AutomationText&) = delete;
-    ~AutomationText() { SysFreeString(held_); }
-
-    BSTR get() const { return held_; }
-    // The same as an argument; this keeps the string.
-    VARIANT argument() const
+    explicit Variant(LONG number) : Variant()
     {
-        VARIANT value{};
-        value.vt = VT_BSTR;
-        value.bstrVal = held_;
-        return value;
+        vt = VT_I4;
+        lVal = number;
     }
+    explicit Variant(const Text& text) : Variant()
+    {
+        bstrVal = new_bstr(text);
+        vt = VT_BSTR;
+    }
+    Variant(Variant&& other) noexcept : VARIANT(other.release()) {}
+    Variant& operator=(Variant&& other) noexcept
+    {
+        std::swap(static_cast<VARIANT&>(*this), static_cast<VARIANT&>(other));
+        return *this;
+    }
+    ~Variant() { VariantClear(this); }
 
-private:
-    BSTR held_;
+    // Hands what it holds over to somebody who frees it.
+    VARIANT release() noexcept
+    {
+        const VARIANT held = *this;
+        VariantInit(this);
+        return held;
+    }
 };
 
 } // namespace tolvex

@@ -41,7 +41,7 @@ struct XmlDocument::Native
     IXMLDOMElement* create(const Text& name)
     {
         ComPtr<IXMLDOMElement> made;
-        check(document->createElement(AutomationText(name).get(), made.GetAddressOf()), u"XML createElement");
+        check(document->createElement(Variant(name).bstrVal, made.GetAddressOf()), u"XML createElement");
         elements.push_back(std::move(made));
         return elements.back().Get();
     }
@@ -49,8 +49,8 @@ struct XmlDocument::Native
 
 void XmlElement::set_attribute(const Text& name, const Text& value)
 {
-    const AutomationText content(allowed_xml_content(value));
-    check(element(node_)->setAttribute(AutomationText(name).get(), content.argument()), u"XML setAttribute");
+    const Variant content(allowed_xml_content(value));
+    check(element(node_)->setAttribute(Variant(name).bstrVal, content), u"XML setAttribute");
 }
 
 XmlElement XmlElement::append(const Text& name)
@@ -62,7 +62,7 @@ XmlElement XmlElement::append(const Text& name)
 
 void XmlElement::set_text(const Text& text)
 {
-    check(element(node_)->put_text(AutomationText(allowed_xml_content(text)).get()), u"XML text");
+    check(element(node_)->put_text(Variant(allowed_xml_content(text)).bstrVal), u"XML text");
 }
 
 XmlDocument::XmlDocument() : native_(std::make_unique<Native>())
@@ -73,8 +73,8 @@ XmlDocument::XmlDocument() : native_(std::make_unique<Native>())
           u"Msxml2.DOMDocument");
     check(document->put_resolveExternals(VARIANT_TRUE), u"XML resolveExternals");
     ComPtr<IXMLDOMProcessingInstruction> instruction;
-    check(document->createProcessingInstruction(AutomationText(instruction_target).get(),
-                                                AutomationText(instruction_data).get(),
+    check(document->createProcessingInstruction(Variant(instruction_target).bstrVal,
+                                                Variant(instruction_data).bstrVal,
                                                 instruction.GetAddressOf()),
           u"XML createProcessingInstruction");
     check(document->appendChild(instruction.Get(), nullptr), u"XML appendChild");
@@ -92,8 +92,8 @@ XmlElement XmlDocument::create_root(const Text& name)
 void XmlDocument::save(TextView path) const
 {
     NewFile file(path);
-    const AutomationText target(files::native_path(file.path_beside()));
-    check(native_->document->save(target.argument()), u"XML save");
+    const Variant target(files::native_path(file.path_beside()));
+    check(native_->document->save(target), u"XML save");
     files::write(file.path_beside(), with_our_prolog(files::read(file.path_beside())));
     file.put_in_place();
 }

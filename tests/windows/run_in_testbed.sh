@@ -1,22 +1,27 @@
 #!/bin/bash
-# Runs programs under Wine inside the test bed that setup/testbed.sh makes.
+# Runs programs under Wine in the test bed that setup/testbed.sh makes.
 #
 #   run_in_testbed.sh [--display] 64|32 SECONDS PROGRAM [ARGUMENT]…    a Windows program of that bitness
 #   run_in_testbed.sh [--display] session SECONDS COMMAND [ARGUMENT]…  a command inside the test bed; there it may
 #                                                                      call this script for one program after another
 #   run_in_testbed.sh has 64|32                                        can the test bed run that bitness?
+#   run_in_testbed.sh require 64|32                                    the same, with the exit codes below
+#   run_in_testbed.sh lacks                                            names loudly what it cannot run, if anything
 #
 # The project is seen at the same path inside; the current folder must lie in it. The exit code is the program's;
-# 124 when the time is up, 77 when the bitness is missing, 125 when the test bed itself fails. Everything lives in
-# namespaces of its own: however a run ends, the kernel ends its processes and mounts with it. The Wine prefix stays
-# (registrations too), so runs queue for it. --display offers an X screen with a window manager. TOLVEX_TESTBED names
-# another test bed than build/testbed.
+# 124 when the time is up, 77 when the bitness is missing, 125 when the test bed itself fails. The Wine prefix stays
+# (registrations too), so runs queue for it. --display offers an X screen with a window manager.
+#
+# The test bed is of one of two kinds. In a Debian of its own everything lives in namespaces: however a run ends, the
+# kernel ends its processes and mounts with it. On this system (where namespaces cannot be made) programs end with the
+# one that started them, and what is left of a run that was killed ends before the next.
 set -euo pipefail
 
 [ "$(id -u)" = 0 ] || exec sudo --preserve-env "$0" "$@"
 
 script=$(readlink -f "$0")
 project=$(dirname "$(dirname "$(dirname "$script")")")
+bound=(setpriv --pdeathsig TERM) # before a program: it ends with the shell that starts it
 
 fail() {
     echo "run_in_testbed: $2" >&2
@@ -25,20 +30,42 @@ fail() {
 
 has_bitness() { [ -e "$testbed/runs-$1" ]; }
 
-require_bitness() {
-    [ "$1" = session ] || has_bitness "$1" || fail 77 "EL BANCO DE PRUEBAS NO TIENE WINE DE $1 BITS: no se ejecutó $3"
+require_bitness() { [ "$1" = session ] || has_bitness "$1" || fail 77 "NO SE PROBÓ: no hay Wine de $1 bits"; }
+
+require() {
+    [ -d "$testbed/prefix" ] || fail 125 "no hay banco de pruebas en $testbed; ejecute setup/testbed.sh"
+    require_bitness "$1"
 }
 
-# --- on the host -----------------------------------------------------------------------------------------------------
+name_what_is_missing() {
+    local bits
+    for bits in 64 32; do
+        has_bitness "$bits" || echo "ATENCIÓN: EL BANCO DE PRUEBAS NO TIENE WINE DE $bits BITS; ESAS PRUEBAS NO SE EJECUTAN" >&2
+    done
+}
+
+# --- the way in ------------------------------------------------------------------------------------------------------
 
 enter() {
-    [ -d "$testbed/prefix" ] || fail 125 "no hay banco de pruebas en $testbed; ejecute setup/testbed.sh"
+    require "$1"
     case $PWD/ in "$project"/*) ;; *) fail 125 "la carpeta actual ($PWD) no está en el proyecto ($project)" ;; esac
-    require_bitness "$@"
     exec 9> "$testbed/prefix.lock"
     flock 9
-    exec unshare --mount --pid --uts --fork --kill-child "$script" --mounted "$testbed" "$display" "$@"
+    if [ -e "$testbed/on-this-system" ]; then
+        enter_this_system "$@"
+    else
+        enter_own_debian "$@"
+    fi
 }
+
+# Where the test bed and its home folder are seen by what runs in it.
+set_environment() {
+    unset DISPLAY WAYLAND_DISPLAY LD_PRELOAD LD_LIBRARY_PATH TMPDIR
+    export TOLVEX_INSIDE_TESTBED=1 TOLVEX_TESTBED=$1 HOME=$2 PATH=/usr/sbin:/usr/bin:/sbin:/bin
+    export WINEPREFIX=$1/prefix WINEDEBUG=${WINEDEBUG:--all} WINEDLLOVERRIDES="mscoree=;mshtml="
+}
+
+enter_own_debian() { exec unshare --mount --pid --uts --fork --kill-child "$script" --mounted "$testbed" "$display" "$@"; }
 
 mount_testbed() {
     mount -t proc proc "$1/proc" &&
@@ -53,19 +80,28 @@ change_root() {
     shift
     hostname caja
     mount_testbed "$root" || fail 125 "no se pudo montar el banco de pruebas; hace falta la capacidad SYS_ADMIN"
-    unset DISPLAY WAYLAND_DISPLAY LD_PRELOAD LD_LIBRARY_PATH TMPDIR
-    exec env TOLVEX_INSIDE_TESTBED=1 HOME=/root PATH=/usr/sbin:/usr/bin:/sbin:/bin LC_ALL=es_MX.UTF-8 \
-        WINEPREFIX=/prefix WINEDEBUG="${WINEDEBUG:--all}" WINEDLLOVERRIDES="mscoree=;mshtml=" \
-        chroot "$root" "$script" --inside "$PWD" "$@"
+    set_environment "" /root
+    exec chroot "$root" "$script" --inside "$PWD" "$@"
+}
+
+# The lock stays with this process alone: a Windows program may outlive it.
+enter_this_system() {
+    set_environment "$testbed" "$testbed/home"
+    export LOCPATH=$testbed/locales TMPDIR=$testbed/tmp
+    mkdir -p "$TMPDIR"
+    end_wine 9>&-
+    find "$TMPDIR" -mindepth 1 -delete
+    "${bound[@]}" "$script" --inside "$PWD" "$display" "$@" 9>&-
 }
 
 # --- inside ----------------------------------------------------------------------------------------------------------
 
 start_display() {
-    local number
-    mkfifo /tmp/display
-    Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3> /tmp/display 2> /dev/null &
-    read -r -t 30 number < /tmp/display || fail 125 "Xvfb no arrancó"
+    local number screen
+    screen=$(mktemp -d)/number
+    mkfifo "$screen"
+    "${bound[@]}" Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3> "$screen" 2> /dev/null &
+    read -r -t 30 number < "$screen" || fail 125 "Xvfb no arrancó"
     export DISPLAY=:$number
     openbox &> /dev/null &
 }
@@ -74,7 +110,7 @@ run_limited() {
     local seconds=$1 status=0
     shift
     SECONDS=0
-    timeout --kill-after=2 "$seconds" "$@" || status=$?
+    "${bound[@]}" timeout --kill-after=2 "$seconds" "$@" || status=$?
     case $status in 124 | 137) [ "$SECONDS" -lt "$seconds" ] || status=124 ;; esac
     [ "$status" != 124 ] || echo "run_in_testbed: se acabó el tiempo ($seconds s): $*" >&2
     return "$status"
@@ -82,7 +118,7 @@ run_limited() {
 
 run() {
     local kind=$1 seconds=$2 status=0
-    require_bitness "$@"
+    require_bitness "$kind"
     shift 2
     case $kind in
         64) run_limited "$seconds" /usr/lib/wine/wine64 "$@" || status=$? ;;
@@ -93,11 +129,12 @@ run() {
     return "$status"
 }
 
-# Ends every Windows process; the server writes the registry as it goes.
-end_wine() { /usr/lib/wine/wineserver -k15 && /usr/lib/wine/wineserver -w || true; }
+# Ends every Windows process and writes the registry. (A mere SIGTERM would leave programs behind.)
+end_wine() { /usr/lib/wine/wineserver -k || true; }
 
 start_inside() {
     local status=0
+    export LC_ALL=es_MX.UTF-8
     cd "$1"
     [ -z "$2" ] || start_display
     shift 2
@@ -109,12 +146,10 @@ start_inside() {
 # --- which of them ---------------------------------------------------------------------------------------------------
 
 if [ "${1-}" = --mounted ]; then
-    testbed=$2
     shift
     change_root "$@"
 fi
-testbed=${TOLVEX_TESTBED:-$project/build/testbed}
-[ -z "${TOLVEX_INSIDE_TESTBED-}" ] || testbed=
+testbed=${TOLVEX_TESTBED-$project/build/testbed}
 if [ "${1-}" = --inside ]; then
     shift
     start_inside "$@"
@@ -126,6 +161,8 @@ if [ "${1-}" = --display ]; then
 fi
 case ${1-} in
     has) has_bitness "$2" ;;
+    require) require "$2" ;;
+    lacks) name_what_is_missing ;;
     64 | 32 | session)
         [ $# -ge 3 ] || fail 125 "faltan los segundos o el programa"
         if [ -n "${TOLVEX_INSIDE_TESTBED-}" ]; then run "$@"; else enter "$@"; fi

@@ -14,7 +14,7 @@ runner=$here/run_in_testbed.sh
 seconds=${TOLVEX_TEST_SECONDS:-120}
 
 if [ -z "${TOLVEX_INSIDE_TESTBED-}" ]; then
-    "$runner" has "$1" || { echo "NO SE PROBÓ: el banco de pruebas no ejecuta $1 bits" >&2 && exit 77; }
+    "$runner" require "$1"
     exec "$runner" ${TOLVEX_TEST_DISPLAY:+--display} session "$((seconds + 30))" "$0" "$@"
 fi
 

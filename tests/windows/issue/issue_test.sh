@@ -13,7 +13,7 @@ project=$(dirname "$(dirname "$(dirname "$here")")")
 work=$(dirname "$component")/emision
 windows=$work/Facturación_Ñandú
 
-"$here/../run_in_testbed.sh" has "$bits" || { echo "NO SE PROBÓ: el banco de pruebas no ejecuta $bits bits" >&2 && exit 77; }
+"$here/../run_in_testbed.sh" require "$bits"
 [ -x "$tolvex" ] || { echo "falta la edición nativa ($tolvex): constrúyala con make" >&2 && exit 1; }
 
 # --- preparation -----------------------------------------------------------------------------------------------------

@@ -37,7 +37,7 @@ check_documents() {
     done
 }
 
-"$here/../run_in_testbed.sh" has "$bits" || not_run "el banco de pruebas no ejecuta $bits bits"
+"$here/../run_in_testbed.sh" require "$bits"
 [ -n "${TOLVEX_PRUEBA_SQLSERVER-}" ] || not_run "TOLVEX_PRUEBA_SQLSERVER no nombra un SQL Server"
 export TOLVEX_SERVIDOR TOLVEX_BD TOLVEX_USUARIO TOLVEX_CLAVE
 TOLVEX_SERVIDOR=$(keyword server) TOLVEX_BD=$(keyword database) TOLVEX_USUARIO=$(keyword uid) TOLVEX_CLAVE=$(keyword pwd)

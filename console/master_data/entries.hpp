@@ -1,0 +1,34 @@
+// The file of master data that «tolvex maestros» reads (docs/maestros.md): companies, and for each its
+// certificates, branches and folio ranges.
+#pragma once
+
+#include "tolvex/types.hpp"
+
+#include <map>
+#include <string>
+#include <vector>
+
+namespace tolvex::console {
+
+// One record: the values given for it, by their keys.
+struct Entry
+{
+    unsigned line = 0;
+    std::map<std::string, Text> values;
+
+    bool has(const std::string& key) const { return values.contains(key); }
+    // Throws Error 5 naming line and key when it is not given.
+    const Text& required(const std::string& key) const;
+};
+
+struct CompanyEntry
+{
+    Entry company;
+    std::vector<Entry> certificates, branches, folio_ranges;
+};
+
+// Throws Error 5 with line and reason for what is no TOML, an unknown key, or a value of another kind; 53, 57
+// or 75 when the file cannot be read.
+std::vector<CompanyEntry> read_entries(const Text& path);
+
+} // namespace tolvex::console
