@@ -23,6 +23,10 @@ int main()
     EXPECT_EQ(done, VARIANT_FALSE);
     EXPECT(error_information().description.str().find(
                L"No se pudo obtener los datos de los folios digitales") == 0);
+
+    const auto maintenance = create<TOLVEX::_Maestros>(L"TOLVEX.Maestros");
+    EXPECT_EQ(maintenance->MuestraEmpresas(&none, &none, &database, &server), run_time_error(445));
+    EXPECT(error_information().description.str().find(L"nadie ve las ventanas") != std::wstring::npos);
     connection->CierraConexion(&done);
     return end_of_checks();
 }

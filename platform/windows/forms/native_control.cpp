@@ -63,16 +63,16 @@ Text shown_caption(const Control& control)
 }
 
 // The closed part of a combo box becomes as high as a text box; its window includes the list that drops down.
-void place_combo(HWND combo, RECT place)
+void place_combo(HWND combo, const RECT& place)
 {
-    RECT closed;
+    constexpr int dropped_items = 12;
+    RECT dropped = place, closed;
+    dropped.bottom += dropped_items * static_cast<LONG>(SendMessageW(combo, CB_GETITEMHEIGHT, 0, 0));
+    move_window(combo, dropped);
     GetWindowRect(combo, &closed);
     const LRESULT item = SendMessageW(combo, CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0);
     const LRESULT wanted = item + (place.bottom - place.top) - (closed.bottom - closed.top);
     if (wanted > 0 && wanted != item) SendMessageW(combo, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), wanted);
-    constexpr int dropped_items = 12;
-    place.bottom += dropped_items * static_cast<LONG>(SendMessageW(combo, CB_GETITEMHEIGHT, 0, 0));
-    move_window(combo, place);
 }
 
 } // namespace

@@ -52,11 +52,11 @@ void ToolBar::place(const RECT& place)
 
 void ToolBar::set_font(const FormFont& font, const Box& box)
 {
-    const int height = font.pixels_down(box.height);
-    const HIMAGELIST drawn = draw_images(tools_, height * 2 / 3);
+    const int height = font.pixels_down(box.height), picture = height * 2 / 3;
+    const HIMAGELIST drawn = draw_images(tools_, picture);
     SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
     SendMessageW(window_, TB_SETIMAGELIST, 0, reinterpret_cast<LPARAM>(drawn));
-    SendMessageW(window_, TB_SETBUTTONSIZE, 0, MAKELPARAM(height, height - 2));
+    SendMessageW(window_, TB_SETPADDING, 0, MAKELPARAM(height - picture, height - picture));
     SendMessageW(window_, TB_AUTOSIZE, 0, 0);
     if (images_) ImageList_Destroy(images_);
     images_ = drawn;

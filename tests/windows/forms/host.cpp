@@ -26,7 +26,7 @@ HWND open_own_window()
     kind.lpszClassName = L"anfitrion";
     kind.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
     RegisterClassW(&kind);
-    return CreateWindowExW(0, L"anfitrion", L"Anfitrión", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 700, 300, 150,
+    return CreateWindowExW(0, L"anfitrion", L"Anfitrión", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 850, 300, 150,
                            nullptr, nullptr, nullptr, nullptr);
 }
 
