@@ -1,45 +1,67 @@
-# make demo      sets everything up, builds the program and issues sample documents in demo/
-# make test      sets everything up, builds both editions and runs every test
-# make windows   builds TOLVEX.dll for 64 and 32 bits into build/windows
-# make bench     measures how fast documents are issued; make bench-windows the same from Windows hosts
-.PHONY: all demo test windows bench bench-windows clean
+# make demo         sets everything up, builds the program and issues sample documents in demo/
+# make test         sets everything up, builds both editions, runs every test and what make check looks at
+# make test-native  builds and tests the native edition alone: without Wine, and without root once set up
+# make check        looks over the sources: layout, clang-tidy, what each room includes; make format lays them out
+# make windows      builds TOLVEX.dll for 64 and 32 bits into build/windows
+# make bench        measures how fast documents are issued; make bench-windows the same from Windows hosts
+.PHONY: all demo test test-native sanitized check format windows bench bench-windows clean
 
 windows_bitnesses := x86_64 i686
+run_tests := ctest --output-on-failure --parallel 2 --test-dir
 
 all:
 	setup/native.sh
-	cmake -S . -B build -G Ninja -DTOLVEX_TESTS=OFF
+	cmake --preset release
 	cmake --build build
 
 demo: all
 	build/tolvex demo --carpeta demo
 
+sanitized:
+	setup/native.sh
+	cmake --preset sanitized
+	cmake --build build/sanitized
+
+test-native: sanitized
+	$(run_tests) build/sanitized
+
+# What cannot be set up or built besides the native edition keeps no test from running: those that lack it say so.
+test: sanitized
+	-setup/check.sh
+	-setup/testbed.sh
+	-$(MAKE) windows
+	mkdir -p build/all_tests
+	cp cmake/all_tests.cmake build/all_tests/CTestTestfile.cmake
+	$(run_tests) build/all_tests
+
+check:
+	setup/native.sh
+	setup/check.sh
+	tests/house/rooms.sh
+	tests/house/format.sh
+	tests/house/tidy.sh
+
+format:
+	setup/check.sh
+	clang-format-14 -i $$(tests/house/sources.sh)
+
 windows:
 	setup/windows.sh
-	setup/testbed.sh
 	for bits in $(windows_bitnesses); do \
-	    cmake -S . -B build/windows/$$bits -G Ninja -DCMAKE_TOOLCHAIN_FILE=cmake/mingw-$$bits.cmake && \
-	    cmake --build build/windows/$$bits || exit 1; \
+	    cmake --preset windows-$$bits && cmake --build build/windows/$$bits || exit 1; \
 	done
-
-test: windows
-	setup/native.sh
-	cmake -S . -B build/sanitized -G Ninja -DTOLVEX_SANITIZE=ON
-	cmake --build build/sanitized
-	mkdir -p build/all_tests
-	echo 'subdirs(../sanitized $(windows_bitnesses:%=../windows/%))' > build/all_tests/CTestTestfile.cmake
-	ctest --test-dir build/all_tests --output-on-failure --parallel 2
 
 bench:
 	setup/native.sh
-	cmake -S . -B build/bench -G Ninja -DTOLVEX_TESTS=OFF -DTOLVEX_BENCH=ON
+	cmake --preset bench
 	cmake --build build/bench
 	build/bench/bench/issue_bench
 	build/bench/bench/two_stations
 
 bench-windows: all windows
+	setup/testbed.sh
 	for bits in $(windows_bitnesses); do \
-	    cmake -S . -B build/windows/$$bits -DTOLVEX_BENCH=ON && \
+	    cmake --preset windows-$$bits -DTOLVEX_BENCH=ON && \
 	    cmake --build build/windows/$$bits --target calls_bench || exit 1; \
 	done
 	bench/windows/run.sh

@@ -16,6 +16,9 @@ void imprime_docuento(GeneraDocto& self, const Text& FolioDocto, std::int16_t Em
                          as_boolean(GenerarPDF, L"GenerarPDF"), vlNumeroDeCopias);
 }
 
+// The formatter would give every parameter a line of its own.
+// clang-format off
+
 Class genera_docto()
 {
     return described<GeneraDocto>(
@@ -27,38 +30,24 @@ Class genera_docto()
             method<&GeneraDocto::GetDatosCertificado>(L"GetDatosCertificado", {{L"vlnEmpresa"}}),
             method<&GeneraDocto::GetDatosEmpresa>(L"GetDatosEmpresa", {{L"vlnEmpresa"}}),
             method<&GeneraDocto::GeneraFacturaElectronica>(L"GeneraFacturaElectronica",
-                                                           {{L"vlnFactura"},
-                                                            {L"CtrlFolioInterno", false},
-                                                            {L"vlTipoDocumento", L"ingreso"},
-                                                            {L"vlTasaDeIva", 16},
-                                                            {L"vlGeneraAddenda", true}}),
+                {{L"vlnFactura"}, {L"CtrlFolioInterno", false}, {L"vlTipoDocumento", L"ingreso"},
+                 {L"vlTasaDeIva", 16}, {L"vlGeneraAddenda", true}}),
             method<&GeneraDocto::Main>(L"Main"),
-            method<&imprime_docuento>(L"ImprimeDocuento", {{L"FolioDocto"},
-                                                           {L"Empresa"},
-                                                           {L"Sucursal"},
-                                                           {L"NotadeCredito"},
-                                                           {L"vlArchivoReporte"},
-                                                           {L"GenerarPDF", false},
-                                                           {L"vlNumeroDeCopias", 1}}),
-            method<&GeneraDocto::ImprimeDocuentoConVisor>(
-                L"ImprimeDocuentoConVisor",
+            method<&imprime_docuento>(L"ImprimeDocuento",
+                {{L"FolioDocto"}, {L"Empresa"}, {L"Sucursal"}, {L"NotadeCredito"}, {L"vlArchivoReporte"},
+                 {L"GenerarPDF", false}, {L"vlNumeroDeCopias", 1}}),
+            method<&GeneraDocto::ImprimeDocuentoConVisor>(L"ImprimeDocuentoConVisor",
                 {{L"FolioDocto"}, {L"Empresa"}, {L"Sucursal"}, {L"NotadeCredito"}, {L"vlArchivoReporte"}}),
             method<&GeneraDocto::CancelaFacturaElectronica>(L"CancelaFacturaElectronica",
-                                                            {{L"FolioDocto"},
-                                                             {L"FechaCancelacion"},
-                                                             {L"Empresa"},
-                                                             {L"Sucursal"},
-                                                             {L"NotadeCredito", false}}),
+                {{L"FolioDocto"}, {L"FechaCancelacion"}, {L"Empresa"}, {L"Sucursal"},
+                 {L"NotadeCredito", false}}),
             method<&GeneraDocto::BorraFacturaElectronica>(L"BorraFacturaElectronica",
-                                                          {{L"Empresa"}, {L"Sucursal"}, {L"FolioDocto"}}),
+                {{L"Empresa"}, {L"Sucursal"}, {L"FolioDocto"}}),
             method<&GeneraDocto::fgObtenFolioFactura>(L"fgObtenFolioFactura", {{L"Caja"}, {L"FolioFactura"}}),
             method<&GeneraDocto::GeneraFacturaElectronicaDesdeArchivoPlano>(
-                L"GeneraFacturaElectronicaDesdeArchivoPlano", {{L"prtRutaArchivo"},
-                                                               {L"prtArchivo"},
-                                                               {L"prtUsuario"},
-                                                               {L"prtContraseña"},
-                                                               {L"prtServidor"},
-                                                               {L"prtBaseDeDatos"}}),
+                L"GeneraFacturaElectronicaDesdeArchivoPlano",
+                {{L"prtRutaArchivo"}, {L"prtArchivo"}, {L"prtUsuario"}, {L"prtContraseña"}, {L"prtServidor"},
+                 {L"prtBaseDeDatos"}}),
         });
 }
 
@@ -71,7 +60,7 @@ Class config_fe()
         {
             method<&ConfigFE::AbrirConexion>(L"AbrirConexion"),
             method<&ConfigFE::SetDatosConexion, Empty>(L"SetDatosConexion",
-                                                       {{L"UserBd"}, {L"PswBd"}, {L"Bd"}, {L"ServerBd"}}),
+                {{L"UserBd"}, {L"PswBd"}, {L"Bd"}, {L"ServerBd"}}),
             method<&ConfigFE::CierraConexion>(L"CierraConexion"),
         });
 }
@@ -84,32 +73,13 @@ Class cliente()
         {0xd5fb3fc7, 0x65a6, 0x4e4c, {0xa4, 0xc5, 0x69, 0xca, 0x7f, 0x04, 0x3d, 0x83}},
         {
             // Deliberate: "moneda" in lower case among capitalised neighbours; hosts name it so.
-            method<&Cliente::SetDatosClientes, Empty>(L"SetDatosClientes", {{L"Rfc"},
-                                                                            {L"Nombre"},
-                                                                            {L"Calle"},
-                                                                            {L"NumeroExt"},
-                                                                            {L"NumeroInt"},
-                                                                            {L"Colonia"},
-                                                                            {L"Localidad"},
-                                                                            {L"Estado"},
-                                                                            {L"Municipio"},
-                                                                            {L"Pais"},
-                                                                            {L"CodigoPos"},
-                                                                            {L"Subtotal"},
-                                                                            {L"Descuento"},
-                                                                            {L"Impuesto"},
-                                                                            {L"Total"},
-                                                                            {L"FormaPago"},
-                                                                            {L"ClaveFolio"},
-                                                                            {L"FechaHoraDocto"},
-                                                                            {L"RutaDeArchivos"},
-                                                                            {L"IvaRet", 0},
-                                                                            {L"ISRRet", 0},
-                                                                            {L"moneda", L"PESOS"},
-                                                                            {L"Paridad", 1},
-                                                                            {L"vlDatoAdicional", L""},
-                                                                            {L"vlDatoAdicional_2", L""},
-                                                                            {L"vlDatoAdicional_3", L""}}),
+            method<&Cliente::SetDatosClientes, Empty>(L"SetDatosClientes",
+                {{L"Rfc"}, {L"Nombre"}, {L"Calle"}, {L"NumeroExt"}, {L"NumeroInt"}, {L"Colonia"},
+                 {L"Localidad"}, {L"Estado"}, {L"Municipio"}, {L"Pais"}, {L"CodigoPos"}, {L"Subtotal"},
+                 {L"Descuento"}, {L"Impuesto"}, {L"Total"}, {L"FormaPago"}, {L"ClaveFolio"},
+                 {L"FechaHoraDocto"}, {L"RutaDeArchivos"}, {L"IvaRet", 0}, {L"ISRRet", 0},
+                 {L"moneda", L"PESOS"}, {L"Paridad", 1}, {L"vlDatoAdicional", L""},
+                 {L"vlDatoAdicional_2", L""}, {L"vlDatoAdicional_3", L""}}),
         });
 }
 
@@ -120,16 +90,9 @@ Class det_facturas()
         {0xa8e15a8d, 0x7c01, 0x411d, {0xb2, 0xd4, 0xf3, 0x2b, 0xc7, 0xef, 0xf6, 0xd9}},
         {0xb6a53709, 0x6444, 0x44fb, {0xa0, 0xdc, 0x9f, 0xb4, 0x39, 0x7d, 0xcb, 0xa1}},
         {
-            method<&DetFacturas::SetDetalleDocto, Empty>(L"SetDetalleDocto", {{L"FolioDocto"},
-                                                                              {L"TipoDocumento"},
-                                                                              {L"CveProducto"},
-                                                                              {L"Producto"},
-                                                                              {L"Cantidad"},
-                                                                              {L"Unidad"},
-                                                                              {L"PrecioSinIva"},
-                                                                              {L"Iva"},
-                                                                              {L"Importe"},
-                                                                              {L"PorcIva"}}),
+            method<&DetFacturas::SetDetalleDocto, Empty>(L"SetDetalleDocto",
+                {{L"FolioDocto"}, {L"TipoDocumento"}, {L"CveProducto"}, {L"Producto"}, {L"Cantidad"},
+                 {L"Unidad"}, {L"PrecioSinIva"}, {L"Iva"}, {L"Importe"}, {L"PorcIva"}}),
             method<&DetFacturas::InicializaDetalleFactura, Empty>(L"InicializaDetalleFactura"),
         });
 }
@@ -142,10 +105,10 @@ Class addenda()
         {0x525c6e62, 0xfb86, 0x413a, {0xba, 0xac, 0x09, 0xc5, 0x91, 0xe0, 0x51, 0x0b}},
         {
             method<&Addenda::SetAddenda, Empty>(L"SetAddenda",
-                                                {{L"cRfcCte"}, {L"nRama"}, {L"nPadre"}, {L"cValor", L""}}),
+                {{L"cRfcCte"}, {L"nRama"}, {L"nPadre"}, {L"cValor", L""}}),
             method<&Addenda::InicializaAddenda, Empty>(L"InicializaAddenda"),
-            method<&Addenda::SetAddendaDet, Empty>(
-                L"SetAddendaDet", {{L"nRenglon"}, {L"cRfcCte"}, {L"nRama"}, {L"nPadre"}, {L"cValor", L""}}),
+            method<&Addenda::SetAddendaDet, Empty>(L"SetAddendaDet",
+                {{L"nRenglon"}, {L"cRfcCte"}, {L"nRama"}, {L"nPadre"}, {L"cValor", L""}}),
         });
 }
 
@@ -157,18 +120,19 @@ Class maestros()
         {0x58ed4cd3, 0x6e4d, 0x415f, {0x98, 0xae, 0xf6, 0xe3, 0x1e, 0x67, 0xb2, 0xdf}},
         {
             method<&Maestros::MuestraEmpresas>(L"MuestraEmpresas",
-                                               {{L"UserBd"}, {L"PswBd"}, {L"Bd"}, {L"ServerBd"}}),
-            method<&Maestros::MuestraSucursales>(
-                L"MuestraSucursales", {{L"UserBd"}, {L"PswBd"}, {L"Bd"}, {L"ServerBd"}, {L"Empresa"}}),
-            method<&Maestros::MuestraCertificados>(
-                L"MuestraCertificados", {{L"UserBd"}, {L"PswBd"}, {L"Bd"}, {L"ServerBd"}, {L"Empresa"}}),
-            method<&Maestros::GeneraReporteDeFoliosUtilizados>(
-                L"GeneraReporteDeFoliosUtilizados",
+                {{L"UserBd"}, {L"PswBd"}, {L"Bd"}, {L"ServerBd"}}),
+            method<&Maestros::MuestraSucursales>(L"MuestraSucursales",
+                {{L"UserBd"}, {L"PswBd"}, {L"Bd"}, {L"ServerBd"}, {L"Empresa"}}),
+            method<&Maestros::MuestraCertificados>(L"MuestraCertificados",
+                {{L"UserBd"}, {L"PswBd"}, {L"Bd"}, {L"ServerBd"}, {L"Empresa"}}),
+            method<&Maestros::GeneraReporteDeFoliosUtilizados>(L"GeneraReporteDeFoliosUtilizados",
                 {{L"UserBd"}, {L"PswBd"}, {L"Bd"}, {L"ServerBd"}, {L"vlRutaDelReporte", L""}}),
-            method<&Maestros::MuestraSeriesyFolios>(
-                L"MuestraSeriesyFolios", {{L"UserBd"}, {L"PswBd"}, {L"Bd"}, {L"ServerBd"}, {L"Empresa"}}),
+            method<&Maestros::MuestraSeriesyFolios>(L"MuestraSeriesyFolios",
+                {{L"UserBd"}, {L"PswBd"}, {L"Bd"}, {L"ServerBd"}, {L"Empresa"}}),
         });
 }
+
+// clang-format on
 
 } // namespace
 

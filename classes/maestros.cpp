@@ -1,5 +1,5 @@
-#include "core/errors.hpp"
 #include "maintenance/maintenance.hpp"
+#include "reports/report_form.hpp"
 #include "tolvex/classes.hpp"
 
 namespace tolvex {
@@ -21,10 +21,10 @@ void Maestros::MuestraCertificados(const Text& UserBd, const Text& PswBd, const 
     show_certificates(session(), {UserBd, PswBd, Bd, ServerBd}, Empresa);
 }
 
-void Maestros::GeneraReporteDeFoliosUtilizados(const Text&, const Text&, const Text&, const Text&,
-                                               const Text&)
+void Maestros::GeneraReporteDeFoliosUtilizados(const Text& UserBd, const Text& PswBd, const Text& Bd,
+                                               const Text& ServerBd, const Text& vlRutaDelReporte)
 {
-    throw not_available(u"El reporte de folios utilizados");
+    show_report(session(), {UserBd, PswBd, Bd, ServerBd}, vlRutaDelReporte);
 }
 
 void Maestros::MuestraSeriesyFolios(const Text& UserBd, const Text& PswBd, const Text& Bd,

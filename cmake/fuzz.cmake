@@ -1,5 +1,5 @@
-# Fuzzers, for clang: cmake -B build/fuzz -DCMAKE_CXX_COMPILER=clang++ -DTOLVEX_FUZZ=ON -DTOLVEX_TESTS=OFF, then for
-# instance build/fuzz/flat_file_fuzz -max_total_time=60 FOLDER_WITH_FLAT_FILES
+# Fuzzers, for clang: cmake --preset fuzz && cmake --build build/fuzz, then for instance
+# build/fuzz/flat_file_fuzz -max_total_time=60 FOLDER_WITH_FLAT_FILES
 foreach(target IN ITEMS flat_file_fuzz rewriter_fuzz)
     add_executable(${target} tests/fuzz/${target}.cpp)
     target_link_libraries(${target} PRIVATE tolvex_rooms)

@@ -16,8 +16,9 @@ add_executable(tolvex_command ${console_sources})
 set_target_properties(tolvex_command PROPERTIES OUTPUT_NAME tolvex RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
 target_link_libraries(tolvex_command PRIVATE tolvex_rooms CLI11::CLI11 fmt::fmt PkgConfig::TOMLPLUSPLUS)
 
-include(cmake/install.cmake)
-
+if(TOLVEX_INSTALL)
+    include(cmake/install.cmake)
+endif()
 if(TOLVEX_TESTS)
     enable_testing()
     include(cmake/tests.cmake)

@@ -27,3 +27,5 @@ add_test(NAME ExampleHost.builds_against_the_installed_package_and_issues
             -DWORK=${PROJECT_BINARY_DIR}/example_host -DSANITIZE=${TOLVEX_SANITIZE}
             -P ${PROJECT_SOURCE_DIR}/tests/example_host.cmake)
 set_tests_properties(ExampleHost.builds_against_the_installed_package_and_issues PROPERTIES TIMEOUT 300)
+
+add_test(NAME house.rooms COMMAND ${PROJECT_SOURCE_DIR}/tests/house/rooms.sh)

@@ -1,5 +1,6 @@
 #include "console/named_document.hpp"
 #include "console/output.hpp"
+#include "core/numbers.hpp"
 #include "tolvex/errors.hpp"
 
 namespace tolvex::console {

@@ -1,6 +1,7 @@
 #include "console/named_document.hpp"
 #include "console/output.hpp"
-#include "core/values.hpp"
+#include "core/dates.hpp"
+#include "core/display_patterns.hpp"
 #include "platform/clock.hpp"
 #include "tolvex/errors.hpp"
 

@@ -1,6 +1,7 @@
 #include "console/command.hpp"
 #include "console/master_data/registrar.hpp"
 #include "console/output.hpp"
+#include "core/numbers.hpp"
 #include "platform/files.hpp"
 
 namespace tolvex::console {

@@ -2,6 +2,8 @@
 #include "console/output.hpp"
 #include "console/progress_line.hpp"
 #include "flat_file/flat_file.hpp"
+#include "maintenance/certificate_expiry.hpp"
+#include "platform/clock.hpp"
 #include "platform/files.hpp"
 #include "tolvex/root_layout.hpp"
 
@@ -30,6 +32,7 @@ public:
         connect(place);
         set_root_layout(extended_root_ ? RootLayout::extended : RootLayout::standard);
         const FlatFileResult result = issue();
+        warn_of_expiry();
         disconnect();
         if (!result.failure.empty()) return fail(to_text(file_) + u": " + result.failure);
         if (result.documents.empty()) return fail(to_text(file_) + u": no trae ningún registro EMITE");
@@ -49,6 +52,14 @@ private:
             issue_flat_file_records(session(), files::absolute_path(to_text(file_)), {issued, line_done});
         progress.clear();
         return result;
+    }
+
+    // Of the certificate that the file's last issuer seals with.
+    static void warn_of_expiry()
+    {
+        const Text warning =
+            expiry_warning(session(), session().gnEmpresa, session().gnCertificado, local_now());
+        if (!warning.empty()) say_warning(warning);
     }
 
     std::string file_;

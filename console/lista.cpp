@@ -1,6 +1,7 @@
 #include "console/command.hpp"
 #include "console/output.hpp"
 #include "console/table.hpp"
+#include "core/numbers.hpp"
 #include "maintenance/certificate_expiry.hpp"
 #include "maintenance/pickers.hpp"
 #include "platform/clock.hpp"
@@ -53,7 +54,7 @@ private:
         for (const ListRow& row : certificates) {
             const auto number = to_int16(leading_number(row.front()));
             const Text warning = expiry_warning(session(), company_, number, local_now());
-            if (!warning.empty()) say_error("aviso: " + to_utf8(warning));
+            if (!warning.empty()) say_warning(warning);
         }
     }
 

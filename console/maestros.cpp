@@ -2,6 +2,7 @@
 #include "console/master_data/registrar.hpp"
 #include "console/output.hpp"
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
 #include "platform/files.hpp"
 
 namespace tolvex::console {

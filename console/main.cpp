@@ -15,5 +15,6 @@ int main(int argc, char** argv)
     commands.push_back(maestros_command());
     commands.push_back(certificado_command());
     commands.push_back(lista_command());
+    commands.push_back(reporte_command());
     return run_command_line(argc, argv, commands);
 }

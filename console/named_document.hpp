@@ -2,6 +2,7 @@
 #pragma once
 
 #include "console/command.hpp"
+#include "core/numbers.hpp"
 #include "issuing/stored_documents.hpp"
 
 namespace tolvex::console {

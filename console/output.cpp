@@ -9,6 +9,8 @@ void print_line(const Text& text) { fmt::print("{}\n", to_utf8(text)); }
 
 void say_error(const std::string& reason) noexcept { std::fprintf(stderr, "tolvex: %s\n", reason.c_str()); }
 
+void say_warning(const Text& warning) noexcept { say_error("aviso: " + to_utf8(warning)); }
+
 int fail(const Text& reason)
 {
     say_error(to_utf8(reason));

@@ -12,6 +12,9 @@ void print_line(const Text& text);
 // Standard error itself may be full or gone.
 void say_error(const std::string& reason) noexcept;
 
+// What the user should know although nothing failed, on standard error.
+void say_warning(const Text& warning) noexcept;
+
 // Says why a command failed and gives its exit code.
 int fail(const Text& reason);
 

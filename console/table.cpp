@@ -1,5 +1,7 @@
 #include "console/table.hpp"
 
+#include "core/text.hpp"
+
 #include <algorithm>
 #include <fmt/core.h>
 #include <iostream>

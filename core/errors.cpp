@@ -24,7 +24,10 @@ Error overflow() { return {numbers::overflow, u"Desbordamiento"}; }
 
 Error type_mismatch() { return {numbers::type_mismatch, u"No coinciden los tipos"}; }
 
-Error file_not_found(TextView path) { return {numbers::file_not_found, u"No se encontró el archivo: " + Text(path)}; }
+Error file_not_found(TextView path)
+{
+    return {numbers::file_not_found, u"No se encontró el archivo: " + Text(path)};
+}
 
 Error device_error(TextView path, TextView reason)
 {
@@ -33,7 +36,8 @@ Error device_error(TextView path, TextView reason)
 
 Error path_error(TextView path, TextView reason)
 {
-    return {numbers::path_error, u"Error de acceso a la ruta o al archivo " + Text(path) + u": " + Text(reason)};
+    return {numbers::path_error,
+            u"Error de acceso a la ruta o al archivo " + Text(path) + u": " + Text(reason)};
 }
 
 Error object_not_set() { return {numbers::object_not_set, u"Variable de objeto no establecida"}; }
@@ -42,7 +46,8 @@ Error invalid_use_of_null() { return {numbers::invalid_use_of_null, u"Uso no vá
 
 Error not_available(TextView operation)
 {
-    return {numbers::not_available, Text(operation) + u" todavía no está disponible en esta edición de TOLVEX"};
+    return {numbers::not_available,
+            Text(operation) + u" todavía no está disponible en esta edición de TOLVEX"};
 }
 
 Error with_detail(const Error& error, TextView detail)

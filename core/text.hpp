@@ -7,6 +7,8 @@
 
 namespace tolvex {
 
+// 0 to 9, no other digits.
+constexpr bool is_digit(char16_t c) { return c >= u'0' && c <= u'9'; }
 // Without blanks (U+0020, nothing else) at the ends.
 Text trim(TextView text);
 Text trim_right(TextView text);
@@ -23,13 +25,5 @@ Text without(TextView text, char16_t unwanted);
 Text keep_only(TextView text, TextView allowed);
 std::vector<Text> split(TextView text, char16_t separator);
 Text join(const std::vector<Text>& parts, TextView separator);
-
-// One character per byte, U+0000 to U+00FF.
-Text text_of_bytes(std::string_view bytes);
-// The bytes of a text whose characters are all below U+0100. Throws Error 5 for any other.
-std::string bytes_of_text(TextView text);
-// Windows code page 1252 to Text.
-Text from_windows_1252(std::string_view bytes);
-bool is_valid_utf8(std::string_view bytes);
 
 } // namespace tolvex

@@ -1,5 +1,7 @@
 #include "database/connection_keywords.hpp"
 
+#include "core/text.hpp"
+
 namespace tolvex {
 
 namespace {

@@ -2,7 +2,7 @@
 // one ends it, as drivers read it.
 #pragma once
 
-#include "core/text.hpp"
+#include "tolvex/types.hpp"
 
 namespace tolvex {
 

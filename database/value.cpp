@@ -1,6 +1,9 @@
 #include "database/value.hpp"
 
+#include "core/dates.hpp"
+#include "core/display_patterns.hpp"
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
 
 namespace tolvex {
 

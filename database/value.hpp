@@ -1,7 +1,7 @@
 // One column of one row, as a driver reads or writes it.
 #pragma once
 
-#include "core/values.hpp"
+#include "core/numbers.hpp"
 
 #include <variant>
 
@@ -28,6 +28,7 @@ public:
     Value(const char16_t* text) : held_(Text(text)) {}
 
     bool is_null() const { return std::holds_alternative<Null>(held_); }
+    bool is_text() const { return std::holds_alternative<Text>(held_); }
 
     // The value as text; Null is the empty text, dates are "yyyy-mm-dd hh:mm:ss", True and False -1 and 0.
     Text text() const;

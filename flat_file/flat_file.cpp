@@ -1,6 +1,8 @@
 #include "flat_file/flat_file.hpp"
 
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "flat_file/lines.hpp"
 #include "flat_file/record.hpp"
 #include "issuing/issue.hpp"

@@ -1,5 +1,7 @@
 #include "flat_file/lines.hpp"
 
+#include "core/code_pages.hpp"
+#include "core/utf8.hpp"
 #include "platform/files.hpp"
 
 namespace tolvex {

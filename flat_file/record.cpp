@@ -1,6 +1,9 @@
 #include "flat_file/record.hpp"
 
+#include "core/dates.hpp"
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 
 namespace tolvex {
 

@@ -1,8 +1,10 @@
 // One record of a flat file: its name and its values.
 #pragma once
 
-#include "core/values.hpp"
 #include "tolvex/errors.hpp"
+#include "tolvex/types.hpp"
+
+#include <vector>
 
 namespace tolvex {
 

@@ -1,6 +1,8 @@
 #include "issuing/addenda_xml.hpp"
 
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 
 #include <algorithm>
 #include <map>

@@ -1,7 +1,8 @@
 // The display patterns of amounts in the original string, the XML document and the rows.
 #pragma once
 
-#include "core/values.hpp"
+#include "core/display_patterns.hpp"
+#include "core/numbers.hpp"
 
 namespace tolvex {
 

@@ -1,6 +1,9 @@
 #include "issuing/cfdi_document.hpp"
 
+#include "core/display_patterns.hpp"
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "issuing/addenda_xml.hpp"
 #include "issuing/amount_patterns.hpp"
 #include "platform/files.hpp"

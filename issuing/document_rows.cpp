@@ -1,5 +1,7 @@
 #include "issuing/document_rows.hpp"
 
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "issuing/amount_patterns.hpp"
 #include "session/configuracion.hpp"
 

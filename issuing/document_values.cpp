@@ -1,5 +1,9 @@
 #include "issuing/document_values.hpp"
 
+#include "core/dates.hpp"
+#include "core/display_patterns.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "issuing/amount_patterns.hpp"
 
 namespace tolvex {

@@ -1,6 +1,7 @@
 #include "issuing/issue.hpp"
 
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
 #include "issuing/cfdi_document.hpp"
 #include "issuing/document_rows.hpp"
 #include "issuing/master_data.hpp"

@@ -1,6 +1,9 @@
 #include "issuing/master_data.hpp"
 
+#include "core/dates.hpp"
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "platform/messages.hpp"
 
 namespace tolvex {

@@ -1,6 +1,9 @@
 #include "issuing/original_string.hpp"
 
+#include "core/display_patterns.hpp"
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "issuing/amount_patterns.hpp"
 
 namespace tolvex {

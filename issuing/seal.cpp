@@ -1,6 +1,9 @@
 #include "issuing/seal.hpp"
 
+#include "core/code_pages.hpp"
+#include "core/dates.hpp"
 #include "core/errors.hpp"
+#include "core/text.hpp"
 #include "platform/batch_runner.hpp"
 #include "platform/files.hpp"
 #include "platform/last_line.hpp"

@@ -1,7 +1,7 @@
 // The digital seal: openssl signs the original string through a batch file in the working folder.
 #pragma once
 
-#include "core/values.hpp"
+#include "tolvex/types.hpp"
 
 namespace tolvex {
 

@@ -1,6 +1,8 @@
 #include "issuing/stored_documents.hpp"
 
+#include "core/display_patterns.hpp"
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
 
 namespace tolvex {
 

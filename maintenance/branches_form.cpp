@@ -1,5 +1,6 @@
 #include "maintenance/branches_form.hpp"
 
+#include "core/numbers.hpp"
 #include "maintenance/address_rows.hpp"
 #include "maintenance/company_rows.hpp"
 

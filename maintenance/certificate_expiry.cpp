@@ -1,5 +1,8 @@
 #include "maintenance/certificate_expiry.hpp"
 
+#include "core/display_patterns.hpp"
+#include "core/numbers.hpp"
+
 #include <cmath>
 
 namespace tolvex {

@@ -1,5 +1,6 @@
 #include "maintenance/companies_form.hpp"
 
+#include "core/numbers.hpp"
 #include "maintenance/address_rows.hpp"
 
 namespace tolvex {

@@ -1,9 +1,14 @@
 #include "maintenance/edit_form.hpp"
 
+#include "core/display_patterns.hpp"
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "database/connection_keywords.hpp"
 #include "platform/messages.hpp"
 #include "session/configuracion.hpp"
+
+#include <cmath>
 
 namespace tolvex {
 
@@ -39,6 +44,22 @@ std::function<Value(const FormView&)> number_in(TextView control, Convert conver
         }
     };
 }
+
+// Dates as the forms write them, days first; the time only where there is one.
+struct AsShown
+{
+    Text operator()(Date date) const
+    {
+        const bool has_time = date.days != std::floor(date.days);
+        return format(date, has_time ? u"dd-mm-yyyy hh:mm:ss" : u"dd-mm-yyyy");
+    }
+    template <class Held>
+    Text operator()(const Held& held) const
+    {
+        return Value(held).text();
+    }
+    Text operator()(Null) const { return {}; }
+};
 
 void show_value(FormView& view, const Control& control, const Text& value)
 {
@@ -89,6 +110,19 @@ std::function<Value(const FormView&)> whole_number_32(TextView control)
     return number_in(control, to_int32);
 }
 
+std::function<Value(const FormView&)> date_text(TextView control)
+{
+    return [=](const FormView& view) {
+        const Text text = view.text(control);
+        return trim(text).empty() ? Value() : Value(text);
+    };
+}
+
+std::function<Value(const FormView&)> check_number(TextView check)
+{
+    return [=](const FormView& view) { return std::int16_t{view.checked(check)}; };
+}
+
 std::function<Value(const FormView&)> item_text(TextView combo) { return plain_text(combo); }
 
 std::function<Value(const FormView&)> item_value(TextView combo)
@@ -110,6 +144,7 @@ void EditForm::load(FormView& view)
 {
     const EditPattern form = pattern();
     view.set_caption(key_.is_new() ? form.new_caption : form.modify_caption);
+    view.set_visible(u"lblNuevo", key_.is_new());
     if (form.belongs_to_company) show_company(view);
     load_lists(view);
     if (!key_.is_new()) show_record(view, form);
@@ -128,7 +163,7 @@ void EditForm::show_record(FormView& view, const EditPattern& form)
     const Recordset row = connection().query(form.stored_row);
     if (row.eof()) return show_message(form.missing_row, Text(attention), MessageIcon::exclamation);
     for (const auto& [control, column] : form.shown)
-        show_value(view, *find_control(description(), control), row[column].text());
+        show_value(view, *find_control(description(), control), row[column].visit(AsShown()));
 }
 
 void EditForm::fill_from(FormView& view, TextView combo, const Text& sql, const Text& none,

@@ -23,18 +23,21 @@ struct SavedColumn
     std::function<Value(const FormView&)> value;
 };
 
-// Where a column is shown: in a text box, as the chosen item of a combo box, or as a check.
+// Where a column is shown: in a text box (a date days first), as the chosen item of a combo box, or as a
+// check.
 struct ShownColumn
 {
     TextView control, column;
 };
 
 // Sources of saved columns. Texts are trimmed and upper-cased; numbers are what leads in a text, 0 for none,
-// and throw Error 6 when they do not fit.
+// and throw Error 6 when they do not fit; a date is Null where there is none.
 std::function<Value(const FormView&)> upper_text(TextView control);
 std::function<Value(const FormView&)> plain_text(TextView control);
 std::function<Value(const FormView&)> whole_number_16(TextView control);
 std::function<Value(const FormView&)> whole_number_32(TextView control);
+std::function<Value(const FormView&)> date_text(TextView control);
+std::function<Value(const FormView&)> check_number(TextView check);
 std::function<Value(const FormView&)> item_text(TextView combo);
 std::function<Value(const FormView&)> item_value(TextView combo);
 std::function<Value(const FormView&)> item_number(TextView combo);

@@ -1,5 +1,6 @@
 #include "maintenance/folios_form.hpp"
 
+#include "core/numbers.hpp"
 #include "maintenance/company_rows.hpp"
 
 namespace tolvex {

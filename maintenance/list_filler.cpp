@@ -1,6 +1,8 @@
 #include "maintenance/list_filler.hpp"
 
+#include "core/display_patterns.hpp"
 #include "core/errors.hpp"
+#include "core/text.hpp"
 #include "platform/messages.hpp"
 
 #include <algorithm>

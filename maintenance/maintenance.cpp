@@ -1,5 +1,6 @@
 #include "maintenance/maintenance.hpp"
 
+#include "core/numbers.hpp"
 #include "maintenance/pickers.hpp"
 #include "platform/messages.hpp"
 

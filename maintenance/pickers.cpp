@@ -1,5 +1,7 @@
 #include "maintenance/pickers.hpp"
 
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "maintenance/branches_form.hpp"
 #include "maintenance/certificates_form.hpp"
 #include "maintenance/companies_form.hpp"

@@ -1,6 +1,7 @@
 #include "maintenance/records.hpp"
 
-#include "core/values.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "database/literal.hpp"
 #include "session/configuracion.hpp"
 

@@ -5,15 +5,17 @@
 
 namespace tolvex {
 
+// The window that the batch file's programs get.
 enum class WindowStyle
 {
-    hidden = 0,
-    normal = 1
+    unset,  // as the host chooses
+    hidden, // none
+    visible // one in which they can ask the user
 };
 
 // Runs the batch file to its end; the exit code of its last command. Throws Error 53 when there is no such
 // file.
-int run_batch_file(TextView path, WindowStyle style = WindowStyle::normal);
+int run_batch_file(TextView path, WindowStyle style = WindowStyle::unset);
 
 // Text as the bytes that the host's command interpreter reads in a batch file. Throws Error 5 for a character
 // that it cannot read.

@@ -80,6 +80,12 @@ bool is_tabular(const Row& row)
     return std::all_of(row.begin(), row.end(), [](const Control& c) { return has_label(c) && c.width > 0; });
 }
 
+// A row that is not shown at first takes no room.
+bool is_hidden(const Row& row)
+{
+    return std::none_of(row.begin(), row.end(), [](const Control& c) { return c.visible; });
+}
+
 // A column of labels and the fields after them.
 struct Column
 {
@@ -89,13 +95,23 @@ struct Column
     int end() const { return field() + field_width; }
 };
 
-std::vector<Column> columns_of(const Section& section)
+int side_of(const Section& section) { return section.frame.empty() ? 0 : frame_side; }
+
+// From the edge of the rows to the fields that come first in them, the same within and without frames.
+int first_fields(const FormDescription& form)
 {
-    std::vector<Column> columns(1);
+    int start = 0;
+    for (const Section& section : form.sections)
+        for (const Row& row : section.rows)
+            if (!is_hidden(row)) start = std::max(start, side_of(section) + label_width(row[0]));
+    return start;
+}
+
+std::vector<Column> columns_of(const FormDescription& form, const Section& section)
+{
+    std::vector<Column> columns = {{0, first_fields(form) - side_of(section), 0}};
     for (const Row& row : section.rows) {
-        if (row.empty()) continue;
-        columns[0].label_width = std::max(columns[0].label_width, label_width(row[0]));
-        if (!is_tabular(row)) continue;
+        if (is_hidden(row) || !is_tabular(row)) continue;
         columns.resize(std::max(columns.size(), row.size()));
         for (std::size_t i = 0; i < row.size(); ++i) {
             columns[i].label_width = std::max(columns[i].label_width, label_width(row[i]));
@@ -128,8 +144,6 @@ std::vector<PlacedControl> place_row(const Row& row, const std::vector<Column>& 
 
 int width_of(const std::vector<PlacedControl>& row) { return row.empty() ? 0 : row.back().box.right(); }
 
-int side_of(const Section& section) { return section.frame.empty() ? 0 : frame_side; }
-
 int buttons_width(const FormDescription& form)
 {
     int width = 0;
@@ -142,9 +156,10 @@ int content_width(const FormDescription& form)
 {
     int width = buttons_width(form);
     for (const Section& section : form.sections) {
-        const auto columns = columns_of(section);
+        const auto columns = columns_of(form, section);
         for (const Row& row : section.rows)
-            width = std::max(width, width_of(place_row(row, columns, 0)) + 2 * side_of(section));
+            if (!is_hidden(row))
+                width = std::max(width, width_of(place_row(row, columns, 0)) + 2 * side_of(section));
     }
     return width;
 }
@@ -191,7 +206,7 @@ private:
     void add(const Section& section)
     {
         const int top = y_;
-        const auto columns = columns_of(section);
+        const auto columns = columns_of(form_, section);
         if (!section.frame.empty()) y_ += frame_top;
         for (const Row& row : section.rows) add(row, columns, side_of(section));
         y_ -= row_gap;
@@ -204,6 +219,10 @@ private:
 
     void add(const Row& row, const std::vector<Column>& columns, int side)
     {
+        if (is_hidden(row)) {
+            for (const Control& control : row) made_.controls.push_back({&control, {}, {}});
+            return;
+        }
         const int height = row_height(row) + (has_list(row) ? list_spare_ : 0);
         const int room = width_ - 2 * side - width_of(place_row(row, columns, 0));
         const int sharers = static_cast<int>(std::count_if(row.begin(), row.end(), stretches));

@@ -32,11 +32,11 @@ struct Control
     ControlKind kind;
     TextView name; // the documented one
     TextView caption = {};
-    int width = 0; // in characters of the form's font; 0 takes the rest of the row
+    int width = 0; // in characters of the form's font; 0 takes the rest of the row, a button what it needs
     int lines = 1; // a text box of more than one scrolls
     bool enabled = true;
     bool read_only = false; // of a text box: its text can be marked and copied
-    bool visible = true;
+    bool visible = true; // a row of which nothing is takes no room
 };
 
 // Controls side by side.
@@ -131,6 +131,19 @@ public:
     virtual void close() = 0;
     virtual WindowHandle window() const = 0;
 };
+
+// Runs a work, showing meanwhile that the form is busy.
+template <class Work>
+auto while_busy(FormView& view, Work work)
+{
+    struct Busy
+    {
+        explicit Busy(FormView& form) : view(form) { view.set_busy(true); }
+        ~Busy() { view.set_busy(false); }
+        FormView& view;
+    } busy(view);
+    return work();
+}
 
 // --- how it behaves ---
 

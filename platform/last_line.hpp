@@ -9,4 +9,8 @@ namespace tolvex {
 // character per byte. Throws Error 53, 57 or 75.
 Text last_line(TextView path);
 
+// Rewrites a file that openssl wrote so that its lines end in bare line feeds; some versions write carriage
+// returns before them. A missing file stays missing.
+void restore_line_feeds(TextView path);
+
 } // namespace tolvex

@@ -1,6 +1,7 @@
 #include "schema/schema.hpp"
 
 #include "core/errors.hpp"
+#include "core/text.hpp"
 #include "database/connection_keywords.hpp"
 #include "schema/scripts.hpp"
 
@@ -22,7 +23,8 @@ Text first_word(TextView line)
     return trimmed.substr(0, trimmed.find(u' '));
 }
 
-// The table that a batch creates, as tables.sql lays it out: a line with its name, then a line per column.
+// The table that a batch creates, as sql_server/tables.sql lays it out: a line with its name, then a line per
+// column.
 Table table_of(const Text& batch)
 {
     const TextView create = u"CREATE TABLE dbo.";

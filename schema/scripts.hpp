@@ -1,4 +1,5 @@
-// The scripts of this folder as the build puts them into the library, in UTF-8.
+// The scripts of this folder and of sql_server/ as the build puts them into the library, in UTF-8. What
+// stands in this folder is for both databases.
 #pragma once
 
 namespace tolvex::schema {

@@ -1,6 +1,6 @@
 #include "staging/addenda.hpp"
 
-#include "core/values.hpp"
+#include "core/numbers.hpp"
 #include "staging/staged_rows.hpp"
 
 namespace tolvex {

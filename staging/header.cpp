@@ -1,6 +1,8 @@
 #include "staging/header.hpp"
 
-#include "core/values.hpp"
+#include "core/display_patterns.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 
 namespace tolvex {
 

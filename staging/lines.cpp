@@ -1,6 +1,7 @@
 #include "staging/lines.hpp"
 
-#include "core/values.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "staging/staged_rows.hpp"
 
 namespace tolvex {

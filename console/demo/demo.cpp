@@ -4,8 +4,11 @@
 #include "console/demo/demo_files.hpp"
 #include "console/demo/own_command.hpp"
 #include "console/output.hpp"
+#include "core/code_pages.hpp"
+#include "core/display_patterns.hpp"
 #include "core/errors.hpp"
-#include "core/values.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "flat_file/flat_file.hpp"
 #include "issuing/stored_documents.hpp"
 #include "maintenance/records.hpp"
@@ -71,9 +74,9 @@ void Demo::run()
     look_up_and_cancel();
     disconnect();
     print_line(u"\nTodo está en " + folder_ + u":");
-    print_line(u"  base de datos     " + to_text(place_.database) +
-               u" (empresa " + decimal(company_) + u", sucursal " + decimal(branch_) + u", rangos de folios " +
-               decimal(invoices_) + u" y " + decimal(credit_notes_) + u")");
+    print_line(u"  base de datos     " + to_text(place_.database) + u" (empresa " + decimal(company_) +
+               u", sucursal " + decimal(branch_) + u", rangos de folios " + decimal(invoices_) + u" y " +
+               decimal(credit_notes_) + u")");
     print_line(u"  Facturas/         los documentos XML");
     print_line(
         u"  certificado.cer   el certificado; pkey.key.pem es su llave y llave.key la misma con contraseña " +

@@ -1,5 +1,5 @@
-// The files of the demonstration: its master data, and the flat files that it issues. What stands between braces is
-// filled in: moment of issue, company and branch, folio ranges.
+// The files of the demonstration: its master data, and the flat files that it issues. What stands between
+// braces is filled in: moment of issue, company and branch, folio ranges.
 #pragma once
 
 namespace tolvex::console {

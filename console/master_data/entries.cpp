@@ -2,7 +2,7 @@
 
 #include "console/master_data/keys.hpp"
 #include "core/errors.hpp"
-#include "core/values.hpp"
+#include "core/numbers.hpp"
 #include "platform/files.hpp"
 
 #include <algorithm>

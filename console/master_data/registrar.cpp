@@ -2,6 +2,8 @@
 
 #include "console/output.hpp"
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "maintenance/branches_form.hpp"
 #include "maintenance/certificates_form.hpp"
 #include "maintenance/companies_form.hpp"
@@ -15,7 +17,11 @@ namespace tolvex::console {
 
 namespace {
 
-constexpr TextView told_when_saved = u"Se han guardado correctamente los datos";
+// What the forms say when all went well.
+bool tells_success(const Text& text)
+{
+    return text == u"Se han guardado correctamente los datos" || text == u"Proceso concluido exitosamente";
+}
 
 // The number that the file names, or the one that the record has already; 0 for a new one.
 std::int16_t number_of(const Entry& entry, std::int16_t found)
@@ -40,7 +46,7 @@ Registrar::Registrar(Session& session) : session_(session)
     use_toolkit(&toolkit_);
     set_message_handler([this](const Message& message) {
         if (message.buttons == MessageButtons::yes_no) return MessageAnswer::yes;
-        if (message.text != told_when_saved) complaints_.push_back(message.text);
+        if (!tells_success(message.text)) complaints_.push_back(message.text);
         return MessageAnswer::ok;
     });
 }
@@ -75,7 +81,7 @@ void Registrar::save(FormInMemory& form, TextView save_button)
     form.click(save_button);
     const std::vector<Text> said = std::exchange(complaints_, {});
     if (form.is_open()) throw invalid_call(said.empty() ? Text(u"no se guardó") : join(said, u"; "));
-    for (const Text& text : said) say_error(to_utf8(text));
+    for (const Text& text : said) say_warning(text);
 }
 
 std::int16_t Registrar::save_company(const Entry& entry)

@@ -1,112 +1,24 @@
 // The embedded database as a driver: one file, SQLite through its C interface.
 #include "core/errors.hpp"
-#include "database/embedded/engine.hpp"
-#include "database/embedded/functions.hpp"
-#include "database/embedded/rewriter.hpp"
-#include "database/embedded/schema.hpp"
-
-#include <algorithm>
+#include "database/embedded/opening.hpp"
+#include "database/embedded/rows.hpp"
+#include "database/embedded/script.hpp"
 
 namespace tolvex {
 
 namespace {
 
 using embedded::Database;
+using embedded::Script;
 using embedded::Statement;
-
-// A writer is done in milliseconds. Who waits longer than this waits for somebody who has stopped.
-constexpr int longest_wait_seconds = 10;
-
-int wait_milliseconds(int timeout_seconds)
-{
-    const bool endless = timeout_seconds <= 0;
-    return (endless ? longest_wait_seconds : std::min(timeout_seconds, longest_wait_seconds)) * 1000;
-}
-
-std::string engine_sql(const Text& sql)
-{
-    if (sql.find(u'\0') != Text::npos)
-        throw Error(database_error, u"La instrucción SQL contiene un carácter nulo");
-    return to_utf8(embedded::to_sqlite(sql));
-}
-
-// Whether the file took the change. SQLite does not wait here by itself while another process opens the same
-// new file, since it would have to upgrade a lock.
-bool switch_to_write_ahead_log(Database& database, int longest_wait)
-{
-    constexpr int pause = 10; // milliseconds
-    for (int waited = 0;; waited += pause) {
-        try {
-            return database.answer("PRAGMA journal_mode=WAL") == "wal";
-        } catch (const Error&) {
-            const bool busy = (sqlite3_errcode(database.handle()) & 0xFF) == SQLITE_BUSY;
-            if (!busy || waited >= longest_wait) throw;
-        }
-        sqlite3_sleep(pause);
-    }
-}
-
-void create_schema(Database& database)
-{
-    if (database.answer("SELECT count(*) FROM sqlite_master") != "0") return;
-    database.run("BEGIN IMMEDIATE");
-    // Another process may have been quicker.
-    if (database.answer("SELECT count(*) FROM sqlite_master") == "0") database.run(embedded_schema().data());
-    database.run("COMMIT");
-}
-
-class EmbeddedCursor : public Cursor
-{
-public:
-    // The first row is fetched at once: it tells the kinds of columns that are expressions.
-    explicit EmbeddedCursor(Statement statement)
-        : statement_(std::move(statement)), at_row_(statement_.step())
-    {
-        for (std::size_t i = 0; i < statement_.column_count(); ++i) columns_.push_back(statement_.column(i));
-    }
-
-    const std::vector<Column>& columns() const override { return columns_; }
-
-    bool next() override
-    {
-        if (started_ && at_row_) at_row_ = statement_.step();
-        started_ = true;
-        return at_row_;
-    }
-
-    Value value(std::size_t column) override { return statement_.value(column, columns_.at(column).kind); }
-
-private:
-    Statement statement_;
-    bool at_row_, started_ = false;
-    std::vector<Column> columns_;
-};
-
-// What a text without any statement answers.
-class NoRows : public Cursor
-{
-public:
-    const std::vector<Column>& columns() const override { return columns_; }
-    bool next() override { return false; }
-    Value value(std::size_t) override { return {}; }
-
-private:
-    std::vector<Column> columns_;
-};
 
 class EmbeddedDriver : public Driver
 {
 public:
-    EmbeddedDriver(const Text& file, int timeout_seconds) : database_(std::make_shared<Database>(file))
-    {
-        const int longest_wait = wait_milliseconds(timeout_seconds);
-        database_->check(sqlite3_busy_timeout(database_->handle(), longest_wait));
-        database_->check(embedded::add_functions(database_->handle()));
-        database_->run("PRAGMA encoding='UTF-16le'");
-        write_ahead_ = switch_to_write_ahead_log(*database_, longest_wait);
-        database_->run("PRAGMA synchronous=FULL");
-        create_schema(*database_);
-    }
+    EmbeddedDriver(const Text& file, int timeout_seconds)
+        : database_(std::make_shared<Database>(file)),
+          write_ahead_(embedded::prepare(*database_, timeout_seconds))
+    {}
 
     ~EmbeddedDriver() override
     {
@@ -115,34 +27,24 @@ public:
 
     void execute(const Text& sql, const std::vector<Value>& parameters) override
     {
-        const std::string text = engine_sql(sql);
-        std::string_view rest = text;
         std::size_t bound = 0;
-        while (!rest.empty()) {
-            Statement statement(database_, rest);
-            if (!statement.exists()) break;
-            bind(statement, parameters, bound);
-            while (statement.step()) {
-            }
+        for (Script script(database_, sql); auto statement = script.next();) {
+            bind(*statement, parameters, bound);
+            run(*statement);
         }
         settle();
     }
 
     std::unique_ptr<Cursor> query(const Text& sql) override
     {
-        const std::string text = engine_sql(sql);
-        std::string_view rest = text;
-        while (!rest.empty()) {
-            Statement statement(database_, rest);
-            if (!statement.exists()) break;
-            std::size_t bound = 0;
-            bind(statement, {}, bound);
-            if (statement.column_count() > 0) return std::make_unique<EmbeddedCursor>(std::move(statement));
-            while (statement.step()) {
-            }
+        std::size_t bound = 0;
+        for (Script script(database_, sql); auto statement = script.next();) {
+            bind(*statement, {}, bound);
+            if (statement->column_count() > 0) return embedded::rows_of(std::move(*statement));
+            run(*statement);
         }
         settle();
-        return std::make_unique<NoRows>();
+        return embedded::no_rows();
     }
 
     // At once with the right to write: a transaction that reads first could not get it later if somebody else
@@ -194,6 +96,11 @@ private:
         for (std::size_t i = 0; i < count; ++i) statement.bind(i, parameters[bound++]);
     }
 
+    static void run(Statement& statement)
+    {
+        while (statement.step()) continue;
+    }
+
     // Once nothing is deferred any more, what was written reaches the disk and the next statement flushes by
     // itself again; a transaction that is still open puts the latter off until it ends.
     void settle()
@@ -214,7 +121,7 @@ private:
     }
 
     std::shared_ptr<Database> database_;
-    bool write_ahead_ = false;
+    bool write_ahead_;       // the file took the write-ahead log
     bool deferring_ = false; // between defer_flush() and flush()
     bool relaxed_ = false;   // commits do not wait for the disk
 };

@@ -1,11 +1,9 @@
-// The tables that an embedded database creates by itself.
+// What a new embedded database creates: schema/sqlite/tables_and_indexes.sql as the build puts it into the
+// library.
 #pragma once
 
-#include <string_view>
+namespace tolvex::embedded {
 
-namespace tolvex {
+extern const char* const tables_and_indexes;
 
-// Creation script of every table and index (ASCII). Column kinds are declared with SQL Server's names.
-std::string_view embedded_schema();
-
-} // namespace tolvex
+} // namespace tolvex::embedded

@@ -1,7 +1,8 @@
 #include "database/odbc/api.hpp"
 
 #include "core/errors.hpp"
-#include "core/values.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,7 @@
 #include "database/odbc/driver_choice.hpp"
 
-#include "core/values.hpp"
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "database/connection_keywords.hpp"
 
 #include <algorithm>

@@ -1,7 +1,7 @@
 // Which installed ODBC driver reaches the SQL Server that a connection string asks for.
 #pragma once
 
-#include "core/text.hpp"
+#include "tolvex/types.hpp"
 
 #include <vector>
 

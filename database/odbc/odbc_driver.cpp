@@ -1,5 +1,6 @@
 // SQL Server, or any other database, through an installed ODBC driver.
 #include "core/errors.hpp"
+#include "database/errors.hpp"
 #include "database/odbc/driver_choice.hpp"
 #include "database/odbc/parameters.hpp"
 #include "database/odbc/rows.hpp"
@@ -111,7 +112,7 @@ public:
         const Statement statement(login_.get(), timeout_seconds_);
         statement.execute(sql);
         while (statement.column_count() == 0)
-            if (!statement.next_result()) throw Error(3704, u"La instrucción no devuelve registros");
+            if (!statement.next_result()) throw no_rows_returned();
         auto rows = read_rows(statement);
         statement.drain();
         return rows;

@@ -1,5 +1,8 @@
 #include "database/odbc/parameters.hpp"
 
+#include "core/dates.hpp"
+#include "core/numbers.hpp"
+
 #include <algorithm>
 
 namespace tolvex::odbc {

@@ -1,5 +1,7 @@
 #include "database/odbc/rows.hpp"
 
+#include "core/numbers.hpp"
+#include "core/text.hpp"
 #include "tolvex/errors.hpp"
 
 #include <array>

@@ -1,4 +1,4 @@
-// How failures reach a host: as an exception, or as the description that an operation left when it trapped one.
+// How failures reach a host: as an exception, or as the description that a trapped one left.
 #pragma once
 
 #include "tolvex/types.hpp"

@@ -5,8 +5,11 @@
 #include "platform/files.hpp"
 
 #include <cerrno>
+#include <cstdlib>
 #include <fcntl.h>
+#include <optional>
 #include <spawn.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -17,6 +20,9 @@ namespace tolvex {
 namespace {
 
 constexpr int command_not_found = 127;
+
+// What opens a window with a terminal and runs a program in it.
+constexpr const char* terminal_windows[] = {"xterm", "x-terminal-emulator"};
 
 // A word that is a documented path becomes the host's own.
 std::string host_word(const Text& word)
@@ -49,6 +55,52 @@ private:
     posix_spawn_file_actions_t actions_;
 };
 
+std::vector<std::string> host_words(const BatchCommand& command)
+{
+    std::vector<std::string> words;
+    for (const Text& word : command.words) words.push_back(host_word(word));
+    words.front() = program_of(words.front());
+    return words;
+}
+
+bool has_terminal()
+{
+    const int terminal = open("/dev/tty", O_RDWR | O_CLOEXEC);
+    if (terminal >= 0) close(terminal);
+    return terminal >= 0;
+}
+
+// Whoever started us gives the answers in a file or a pipe.
+bool answers_are_given()
+{
+    struct stat input;
+    return fstat(STDIN_FILENO, &input) == 0 && (S_ISREG(input.st_mode) || S_ISFIFO(input.st_mode));
+}
+
+// Whether a program that asks the user needs a window of its own for it.
+bool needs_window() { return !has_terminal() && !answers_are_given() && std::getenv("DISPLAY"); }
+
+std::optional<pid_t> start(std::vector<std::string> words, const Redirections& files)
+{
+    std::vector<char*> arguments;
+    for (std::string& word : words) arguments.push_back(word.data());
+    arguments.push_back(nullptr);
+    pid_t process = 0;
+    const int error =
+        posix_spawnp(&process, arguments.front(), files.get(), nullptr, arguments.data(), environ);
+    return error == 0 ? std::optional(process) : std::nullopt;
+}
+
+std::optional<pid_t> start_in_window(const std::vector<std::string>& words, const Redirections& files)
+{
+    for (const char* window : terminal_windows) {
+        std::vector<std::string> in_window = {window, "-e"};
+        in_window.insert(in_window.end(), words.begin(), words.end());
+        if (const auto process = start(in_window, files)) return process;
+    }
+    return {};
+}
+
 int wait_for(pid_t process)
 {
     int status = 0;
@@ -67,17 +119,12 @@ int run(const BatchCommand& command, WindowStyle style)
     if (!command.output.empty())
         files.open(STDOUT_FILENO, host_word(command.output), O_WRONLY | O_CREAT | O_TRUNC);
 
-    std::vector<std::string> words;
-    for (const Text& word : command.words) words.push_back(host_word(word));
-    std::vector<char*> arguments;
-    for (std::string& word : words) arguments.push_back(word.data());
-    arguments.push_back(nullptr);
-    pid_t process = 0;
+    const std::vector<std::string> words = host_words(command);
+    std::optional<pid_t> process;
+    if (style == WindowStyle::visible && needs_window()) process = start_in_window(words, files);
+    if (!process) process = start(words, files);
     // As the command interpreter does, a program that cannot be started does not stop the lines after it.
-    if (posix_spawnp(&process, program_of(words.front()).c_str(), files.get(), nullptr, arguments.data(),
-                     environ) != 0)
-        return command_not_found;
-    return wait_for(process);
+    return process ? wait_for(*process) : command_not_found;
 }
 
 } // namespace

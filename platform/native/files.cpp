@@ -1,4 +1,5 @@
 #include "platform/files.hpp"
+#include "core/text.hpp"
 
 #include "core/errors.hpp"
 
@@ -76,6 +77,28 @@ File open(const fs::path& path, const char* mode)
     throw path_error(to_text(path.string()), reason(errno));
 }
 
+class NativeOutputFile : public OutputFile
+{
+public:
+    explicit NativeOutputFile(const fs::path& path) : path_(path), file_(open(path, "wbe")) {}
+
+    void write(std::string_view bytes) override
+    {
+        if (std::fwrite(bytes.data(), 1, bytes.size(), file_.get()) != bytes.size()) fail();
+    }
+
+    void finish() override
+    {
+        if (file_ && std::fclose(file_.release()) != 0) fail();
+    }
+
+private:
+    [[noreturn]] void fail() const { throw device_error(to_text(path_.string()), reason(errno)); }
+
+    const fs::path path_;
+    File file_;
+};
+
 } // namespace
 
 Text native_path(TextView path) { return to_text(host_path(path).string()); }
@@ -99,6 +122,15 @@ void create_folder(TextView path)
         throw path_error(native_path(path), reason(error.value()));
 }
 
+std::uint64_t size(TextView path)
+{
+    const fs::path host = host_path(path);
+    std::error_code error;
+    const std::uint64_t bytes = fs::file_size(host, error);
+    if (error) throw file_not_found(to_text(host.string()));
+    return bytes;
+}
+
 std::string read(TextView path)
 {
     const fs::path host = host_path(path);
@@ -113,11 +145,22 @@ std::string read(TextView path)
 
 void write(TextView path, std::string_view bytes)
 {
+    const auto file = create(path);
+    file->write(bytes);
+    file->finish();
+}
+
+std::unique_ptr<OutputFile> create(TextView path)
+{
+    return std::make_unique<NativeOutputFile>(host_path(path));
+}
+
+void keep_private(TextView path)
+{
     const fs::path host = host_path(path);
-    File file = open(host, "wbe");
-    const bool written = std::fwrite(bytes.data(), 1, bytes.size(), file.get()) == bytes.size();
-    if (!written || std::fclose(file.release()) != 0)
-        throw device_error(to_text(host.string()), reason(errno));
+    std::error_code error;
+    fs::permissions(host, fs::perms::owner_read | fs::perms::owner_write, error);
+    if (error) throw path_error(to_text(host.string()), reason(error.value()));
 }
 
 void move_over(TextView from, TextView to)
@@ -149,5 +192,7 @@ Text resolved(TextView naming_file, TextView path)
     if (!joined.has_filename()) joined = joined.parent_path(); // "." leaves a separator at the end
     return to_text(joined.string());
 }
+
+Text program_folder() { return to_text(fs::read_symlink("/proc/self/exe").parent_path().string()); }
 
 } // namespace tolvex::files

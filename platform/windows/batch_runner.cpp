@@ -3,6 +3,7 @@
 
 #include "platform/batch_lines.hpp"
 #include "platform/files.hpp"
+#include "platform/last_line.hpp"
 #include "platform/windows/windows.hpp"
 
 #include <algorithm>
@@ -10,6 +11,9 @@
 namespace tolvex {
 
 namespace {
+
+// The shell's numbers; a window that is asked for in no way is a normal one.
+constexpr LONG no_window = 0, normal_window = 1;
 
 Text from_console_bytes(const std::string& bytes)
 {
@@ -39,7 +43,8 @@ int run_and_wait(const Text& path, WindowStyle style)
     check(shell->GetIDsOfNames(IID_NULL, names, 1, LOCALE_USER_DEFAULT, &method), u"WScript.Shell.Run");
 
     const Text quoted = u'"' + path + u'"'; // Run takes an unquoted path to end at its first blank
-    Variant last_first[] = {Variant(true), Variant(static_cast<LONG>(style)), Variant(quoted)};
+    Variant last_first[] = {Variant(true), Variant(style == WindowStyle::hidden ? no_window : normal_window),
+                            Variant(quoted)};
     DISPPARAMS parameters{last_first, nullptr, 3, 0};
     Variant result;
     check(shell->Invoke(method, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &result, nullptr,
@@ -48,27 +53,14 @@ int run_and_wait(const Text& path, WindowStyle style)
     return result.vt == VT_I4 ? result.lVal : 0;
 }
 
-// The text file that openssl writes for a command; empty for none.
-Text text_output(const BatchCommand& command)
+// The file into which a command encodes a seal; empty for none.
+Text encoded_seal(const BatchCommand& command)
 {
     const auto& words = command.words;
     const bool encodes = std::find(words.begin(), words.end(), u"enc") != words.end() &&
                          std::find(words.begin(), words.end(), u"-base64") != words.end();
     const auto out = std::find(words.begin(), words.end(), u"-out");
-    if (encodes && out != words.end() && out + 1 != words.end()) return out[1];
-    return command.output;
-}
-
-// Today's openssl ends lines with CR LF, the system reads what it wrote with bare line feeds.
-void restore_line_feeds(const Text& path)
-{
-    if (path.empty() || !files::exists(path)) return;
-    const std::string written = files::read(path);
-    std::string restored;
-    restored.reserve(written.size());
-    for (std::size_t i = 0; i < written.size(); ++i)
-        if (written[i] != '\r' || i + 1 == written.size() || written[i + 1] != '\n') restored += written[i];
-    if (restored != written) files::write(path, restored);
+    return encodes && out != words.end() && out + 1 != words.end() ? out[1] : Text();
 }
 
 } // namespace
@@ -78,7 +70,7 @@ int run_batch_file(TextView path, WindowStyle style)
     // Run itself would show a box for a missing file and say that it ran.
     const std::vector<BatchCommand> commands = parse_batch(from_console_bytes(files::read(path)));
     const int exit_code = run_and_wait(files::native_path(path), style);
-    for (const BatchCommand& command : commands) restore_line_feeds(text_output(command));
+    for (const BatchCommand& command : commands) restore_line_feeds(encoded_seal(command));
     return exit_code;
 }
 

@@ -1,5 +1,6 @@
 #include "platform/windows/choosers.hpp"
 
+#include "core/text.hpp"
 #include "platform/windows/windows.hpp"
 
 #include <commdlg.h>

@@ -1,4 +1,5 @@
 #include "platform/files.hpp"
+#include "core/text.hpp"
 
 #include "platform/windows/windows.hpp"
 
@@ -29,6 +30,40 @@ private:
     HANDLE handle_;
 };
 
+class WindowsOutputFile : public OutputFile
+{
+public:
+    explicit WindowsOutputFile(const Text& path) : path_(path), file_(path, GENERIC_WRITE, CREATE_ALWAYS) {}
+
+    void write(std::string_view bytes) override
+    {
+        waiting_ += bytes;
+        if (waiting_.size() >= piece) finish();
+    }
+
+    void finish() override
+    {
+        for (std::string_view rest = waiting_; !rest.empty();) rest.remove_prefix(write_some(rest));
+        waiting_.clear();
+    }
+
+private:
+    static constexpr std::size_t piece = 65'536;
+
+    DWORD write_some(std::string_view bytes)
+    {
+        DWORD written = 0;
+        const DWORD wanted = static_cast<DWORD>(std::min(bytes.size(), piece));
+        if (!WriteFile(file_.get(), bytes.data(), wanted, &written, nullptr) || written == 0)
+            throw device_error(path_, system_message(GetLastError()));
+        return written;
+    }
+
+    const Text path_;
+    const File file_;
+    std::string waiting_;
+};
+
 bool has_attribute(TextView path, DWORD wanted)
 {
     const DWORD attributes = GetFileAttributesW(wide(native_path(path)));
@@ -49,6 +84,14 @@ void create_folder(TextView path)
     if (!CreateDirectoryW(wide(host), nullptr)) throw path_error(host, system_message(GetLastError()));
 }
 
+std::uint64_t size(TextView path)
+{
+    const Text host = native_path(path);
+    WIN32_FILE_ATTRIBUTE_DATA found;
+    if (!GetFileAttributesExW(wide(host), GetFileExInfoStandard, &found)) throw file_not_found(host);
+    return (std::uint64_t{found.nFileSizeHigh} << 32) | found.nFileSizeLow;
+}
+
 std::string read(TextView path)
 {
     const Text host = native_path(path);
@@ -66,16 +109,18 @@ std::string read(TextView path)
 
 void write(TextView path, std::string_view bytes)
 {
-    const Text host = native_path(path);
-    const File file(host, GENERIC_WRITE, CREATE_ALWAYS);
-    while (!bytes.empty()) {
-        const DWORD wanted = static_cast<DWORD>(std::min<std::size_t>(bytes.size(), 1u << 20));
-        DWORD written = 0;
-        if (!WriteFile(file.get(), bytes.data(), wanted, &written, nullptr) || written == 0)
-            throw device_error(host, system_message(GetLastError()));
-        bytes.remove_prefix(written);
-    }
+    const auto file = create(path);
+    file->write(bytes);
+    file->finish();
 }
+
+std::unique_ptr<OutputFile> create(TextView path)
+{
+    return std::make_unique<WindowsOutputFile>(native_path(path));
+}
+
+// A file's readers are those of its folder.
+void keep_private(TextView) {}
 
 void move_over(TextView from, TextView to)
 {
@@ -109,6 +154,14 @@ Text resolved(TextView naming_file, TextView path)
     const auto separator = naming_file.find_last_of(u"\\/");
     if (absolute || separator == TextView::npos) return native_path(path);
     return absolute_path(Text(naming_file.substr(0, separator + 1)) + Text(path));
+}
+
+Text program_folder()
+{
+    constexpr std::size_t longest_path = 32'768;
+    Text program(longest_path, u'\0');
+    program.resize(GetModuleFileNameW(nullptr, wide(program), static_cast<DWORD>(program.size())));
+    return program.substr(0, program.find_last_of(u'\\'));
 }
 
 } // namespace tolvex::files

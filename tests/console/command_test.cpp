@@ -1,7 +1,9 @@
 // The command as a user runs it.
 #include "core/text.hpp"
+#include "database/connection.hpp"
+#include "support/certificates.hpp"
 #include "support/files.hpp"
-#include "support/process.hpp"
+#include "support/shell.hpp"
 #include "support/temporary_folder.hpp"
 
 #include <gmock/gmock.h>
@@ -17,11 +19,14 @@ using ::testing::StartsWith;
 class Command : public ::testing::Test
 {
 protected:
-    Outcome tolvex(std::vector<std::string> words,
-                   std::vector<std::pair<std::string, std::string>> variables = {})
+    // An order of the shell, given in the test's folder.
+    Outcome in_shell(const std::string& order) { return run_in_shell(order, path()); }
+
+    Outcome tolvex(const std::vector<std::string>& words, const std::string& variables = "")
     {
-        words.insert(words.begin(), TOLVEX_COMMAND);
-        return run_program(words, folder_.path(), variables);
+        std::string order = variables + " " TOLVEX_COMMAND;
+        for (const std::string& word : words) order += " " + quoted(word);
+        return in_shell(order);
     }
 
     void demo()
@@ -94,8 +99,8 @@ TEST_F(Command, connection_comes_from_options_anywhere_or_the_environment)
 {
     demo();
     EXPECT_EQ(tolvex({"--bd", database, "folio", "1"}).output, "4\n");
-    EXPECT_EQ(tolvex({"folio", "1"}, {{"TOLVEX_BD", database}}).output, "4\n");
-    EXPECT_EQ(tolvex({"folio", "1", "--bd", database}, {{"TOLVEX_BD", "otra.db"}}).output, "4\n");
+    EXPECT_EQ(tolvex({"folio", "1"}, "TOLVEX_BD=" + database).output, "4\n");
+    EXPECT_EQ(tolvex({"folio", "1", "--bd", database}, "TOLVEX_BD=otra.db").output, "4\n");
     EXPECT_FALSE(exists(path() / "otra.db"));
     EXPECT_EQ(tolvex({"folio", "1"}).exit_code, 1); // a new, empty tolvex.db here
     EXPECT_TRUE(exists(path() / "tolvex.db"));
@@ -104,6 +109,18 @@ TEST_F(Command, connection_comes_from_options_anywhere_or_the_environment)
     EXPECT_THAT(reached.output, HasSubstr("SQLite"));
     EXPECT_THAT(script.output, HasSubstr("cEstaadoCte"));
     EXPECT_THAT(tolvex({"folio", "1", "--bd", "no/hay.db"}).errors, HasSubstr("no/hay.db"));
+}
+
+TEST_F(Command, what_the_database_lacks_is_told)
+{
+    demo();
+    Connection connection;
+    connection.connection_string = u"server=sqlite:;database=" + to_text((path() / database).string());
+    connection.open();
+    connection.execute(u"drop table fe_ctl_adendas");
+    const Outcome lacking = tolvex({"conexion", "--bd", database});
+    EXPECT_EQ(lacking.exit_code, 1);
+    EXPECT_THAT(lacking.output, HasSubstr("fe_ctl_adendas"));
 }
 
 TEST_F(Command, documents_are_cancelled_and_deleted_by_their_key)
@@ -127,17 +144,91 @@ TEST_F(Command, documents_are_cancelled_and_deleted_by_their_key)
     EXPECT_EQ(tolvex({"folio", "9", "--bd", database}).exit_code, 1);
 }
 
+TEST_F(Command, master_data_come_from_a_file_and_are_modified_when_it_is_run_again)
+{
+    write_file(path() / "tienda.toml", "[[empresa]]\nnombre = 'Ferretería'\nrfc = 'fna010101aaa'\n"
+                                       "[[empresa.sucursal]]\nnombre = 'Norte'\n"
+                                       "[[empresa.folios]]\ndocumento = 'FACTURAS'\nserie = 'A'\n"
+                                       "sucursal = 'norte'\nanio = 2011\ndesde = 1\nhasta = 50\n");
+    for (int run = 1; run <= 2; ++run) {
+        const Outcome registered = tolvex({"maestros", "tienda.toml"});
+        EXPECT_EQ(registered.exit_code, 0) << registered.errors;
+        EXPECT_EQ(registered.output,
+                  "Empresa 1: fna010101aaa\n  Sucursal 1: Norte\n  Rango de folios 1: FACTURAS A\n");
+        EXPECT_THAT(registered.errors, HasSubstr("aviso: No existen certificaciones configuradas"));
+    }
+    EXPECT_EQ(tolvex({"lista", "sucursales", "--empresa", "1"}).output,
+              "nSucursal  cNombre  cRfc  nEmpresa  cNombreEmpresa\n"
+              "        1  NORTE                 1  FERRETERÍA\n");
+    EXPECT_THAT(tolvex({"lista", "folios", "--empresa", "1", "--json"}).output,
+                HasSubstr("\"cDocumento\" : \"FACTURAS\""));
+    for (
+        const auto& [wrong, told] :
+        {std::pair{"[[empresa]]\nrfc = 'x'\nnombr = 'y'\n", "Línea 3: no se conoce «nombr»"},
+         {"[[empresa]]\nnombre = 'y'\n", "Línea 1: falta «rfc»"},
+         {"[[empresa]]\nrfc = 1.5\n", "Línea 2: «rfc» lleva un texto"},
+         {"empresa = 1\n", "no trae ninguna [[empresa]]"},
+         {"[[empresa]\n", "Línea 1: no es TOML"},
+         {"[[empresa]]\nrfc = 'x'\n[[empresa.folio]]\n", "no se conoce la tabla «folio»"},
+         {"[[empresa]]\nrfc = 'x'\n[[empresa.folios]]\ndocumento='FACTURAS'\nserie='A'\ndesde=1\nanio=70000\n",
+          "No se pudo guardar: Año aprobación: Desbordamiento: 70000"}}) {
+        write_file(path() / "mal.toml", wrong);
+        const Outcome refused = tolvex({"maestros", "mal.toml"});
+        EXPECT_EQ(refused.exit_code, 1) << wrong;
+        EXPECT_THAT(refused.errors, HasSubstr(told));
+    }
+}
+
+TEST_F(Command, a_certificate_is_registered_with_the_password_that_openssl_asks_for)
+{
+    make_certificate(path(), "sello", 2049);
+    make_certificate(path(), "vencido", 2011);
+    write_file(path() / "tienda.toml", "[[empresa]]\nnombre = 'Ferretería'\nrfc = 'fna010101aaa'\n");
+    ASSERT_EQ(tolvex({"maestros", "tienda.toml"}).exit_code, 0);
+    const std::string command = "setsid -w " TOLVEX_COMMAND " certificado --empresa 1 --carpeta-sello . ";
+    const auto certify = [&](const std::string& files, const char* password) {
+        write_file(path() / "clave.txt", std::string(password) + "\n");
+        return in_shell(command + files + " <clave.txt");
+    };
+    EXPECT_EQ(certify("--cer sello.cer --key sello.key", key_password).output,
+              "Certificado 1 de la empresa 1\n");
+    EXPECT_TRUE(exists(path() / "pkey.key.pem"));
+    EXPECT_THAT(certify("--cer sello.cer --key sello.key", "otra").errors,
+                HasSubstr("con la contraseña correcta"));
+    EXPECT_THAT(certify("--cer sello.cer --key vencido.key", key_password).errors,
+                HasSubstr("La llave no corresponde al certificado"));
+    EXPECT_THAT(certify("--cer clave.txt --key sello.key", key_password).errors,
+                HasSubstr("no se pudo leer el certificado"));
+    // The same number: the record is modified. It expired, which is told but stops nothing.
+    const Outcome expired = certify("--cer vencido.cer --key vencido.key", key_password);
+    EXPECT_EQ(expired.output, "Certificado 1 de la empresa 1\n");
+    EXPECT_THAT(expired.errors, HasSubstr("aviso: El certificado ha caducado"));
+}
+
+TEST_F(Command, the_monthly_report_names_its_file_and_a_month_without_documents_is_told)
+{
+    demo();
+    ASSERT_EQ(tolvex({"emite", sales(1), "--bd", database}).exit_code, 0);
+    const auto report = [&](const char* month) {
+        return tolvex({"reporte", "--empresa", "1", "--mes", month, "--anio", "2011", "--carpeta", "demo",
+                       "--bd", database});
+    };
+    EXPECT_EQ(report("3").output, (path() / "demo/1AES010101AAA032011.TXT").string() + "\n");
+    EXPECT_EQ(read_file(path() / "demo/1AES010101AAA032011.TXT"),
+              "|XAXX010101000|A|4|20112011|15/03/2011 14:05:09|11.60|1.60|1|I||||\r\n");
+    EXPECT_THAT(report("4").errors, HasSubstr("no hay documentos"));
+    EXPECT_EQ(report("13").exit_code, 1);
+}
+
 TEST_F(Command, output_that_cannot_be_written_is_no_success)
 {
     demo();
-    const auto in_shell = [&](const std::string& order) {
-        return run_program({"sh", "-c", "exec \"$0\" " + order, TOLVEX_COMMAND}, path());
-    };
-    const Outcome lost = in_shell("folio 1 --bd " + database + " >/dev/full");
+    const std::string tolvex = TOLVEX_COMMAND " ";
+    const Outcome lost = in_shell(tolvex + "folio 1 --bd " + database + " >/dev/full");
     EXPECT_EQ(lost.exit_code, 1);
     EXPECT_THAT(lost.errors, HasSubstr("salida estándar"));
-    EXPECT_EQ(in_shell("folio 9 --bd " + database + " 2>/dev/full").exit_code, 1);
-    EXPECT_EQ(in_shell("folio 1 --bd no/hay.db 2>/dev/full").exit_code, 1);
+    EXPECT_EQ(in_shell(tolvex + "folio 9 --bd " + database + " 2>/dev/full").exit_code, 1);
+    EXPECT_EQ(in_shell(tolvex + "folio 1 --bd no/hay.db 2>/dev/full").exit_code, 1);
 }
 
 // Words of the command line's library that a user must not meet.
@@ -151,7 +242,8 @@ void expect_spanish(const std::string& text)
 
 TEST_F(Command, help_is_in_spanish)
 {
-    for (const char* command : {"demo", "emite", "cancela", "borra", "folio", "esquema", "conexion"}) {
+    for (const char* command : {"demo", "emite", "cancela", "borra", "folio", "esquema", "conexion",
+                                "maestros", "certificado", "lista", "reporte"}) {
         const Outcome help = tolvex({command, "--help"});
         EXPECT_EQ(help.exit_code, 0);
         EXPECT_THAT(help.output, HasSubstr("Uso: tolvex"));
@@ -162,20 +254,25 @@ TEST_F(Command, help_is_in_spanish)
 
 TEST_F(Command, a_badly_written_order_says_so_in_spanish_with_exit_code_2)
 {
-    using Words = std::vector<std::string>;
-    for (const Words& words :
-         std::initializer_list<Words>{{},
-                                      {"imprime"},
-                                      {"emite"},
-                                      {"emite", "a", "b"},
-                                      {"cancela", "1", "--empresa", "1"},
-                                      {"cancela", "1", "--empresa", "40000", "--sucursal", "1"},
-                                      {"folio", "1", "--otra"},
-                                      {"folio", "1", "--bd"}}) {
+    struct Case
+    {
+        std::vector<std::string> words;
+        std::string told;
+    };
+    for (const auto& [words, told] :
+         std::initializer_list<Case>{{{}, "falta la orden"},
+                                     {{"imprime"}, "falta la orden"},
+                                     {{"emite"}, "falta ARCHIVO"},
+                                     {{"emite", "a", "b"}, "no se conoce o sobra: b"},
+                                     {{"cancela", "1", "--empresa", "1"}, "falta --sucursal"},
+                                     {{"cancela", "1", "--empresa", "40000", "--sucursal", "1"},
+                                      "no es un número válido: --empresa = 40000"},
+                                     {{"folio", "1", "--otra"}, "no se conoce o sobra: --otra"},
+                                     {{"folio", "1", "--bd"}, "falta el valor de --bd"}}) {
         const Outcome outcome = tolvex(words);
-        EXPECT_EQ(outcome.exit_code, 2) << ::testing::PrintToString(words);
+        EXPECT_EQ(outcome.exit_code, 2) << told;
         EXPECT_EQ(outcome.output, "");
-        EXPECT_THAT(outcome.errors, StartsWith("tolvex: "));
+        EXPECT_THAT(outcome.errors, StartsWith("tolvex: " + told + "\n"));
         expect_spanish(outcome.errors);
     }
 }

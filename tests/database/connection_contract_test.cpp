@@ -1,6 +1,7 @@
 // What Connection, Recordset and UpdatableRecordset promise, on every database alike.
 #include "core/errors.hpp"
 #include "database/connection.hpp"
+#include "database/errors.hpp"
 #include "support/backends.hpp"
 #include "support/rows.hpp"
 #include "support/tables.hpp"
@@ -109,10 +110,12 @@ TEST_P(ConnectionContract, a_set_value_takes_the_kind_of_its_column)
     EXPECT_EQ(stored(u"nCorto", 2.5), Value(2));
     EXPECT_EQ(stored(u"cTexto", Currency(13.5)), Value(u"13.5"));
     EXPECT_EQ(stored(u"dFecha", u"22-10-2010"), Value(Date::of(2010, 10, 22)));
-    EXPECT_EQ(stored(u"bActivo", 1), Value(true));
+    EXPECT_EQ(stored(u"nCorto", true), Value(-1));
+    EXPECT_EQ(stored(u"bActivo", 1).number(), -1); // True, though the database holds a 1
+    EXPECT_EQ(connection_.query(u"Select nClave from tolvex_prueba where bActivo=1").eof(), false);
     auto row = new_row(2);
-    EXPECT_EQ(error_number([&] { row.set(u"nImporte", u"12 pesos"); }), 13);
-    EXPECT_EQ(error_number([&] { row.set(u"dFecha", u"2011-02-30"); }), 13);
+    EXPECT_EQ(error_number([&] { row.set(u"nImporte", u"12 pesos"); }), numbers::type_mismatch);
+    EXPECT_EQ(error_number([&] { row.set(u"dFecha", u"2011-02-30"); }), numbers::type_mismatch);
 }
 
 TEST_P(ConnectionContract, columns_tell_their_kind_and_size)
@@ -130,15 +133,15 @@ TEST_P(ConnectionContract, rows_are_read_forwards_by_column_names_in_any_letter_
 {
     for (int key : {3, 1, 2}) add(key);
     Recordset rows = connection_.query(all_rows);
-    EXPECT_EQ(error_number([&] { rows[u"nNada"]; }), 3265);
+    EXPECT_EQ(error_number([&] { rows[u"nNada"]; }), numbers::no_such_column);
     for (int key : {1, 2, 3}) {
         EXPECT_EQ(rows[u"NCLAVE"].int32(), key);
         rows.move_next();
     }
     EXPECT_TRUE(rows.eof());
-    EXPECT_EQ(error_number([&] { rows[u"nClave"]; }), 3021);
-    EXPECT_EQ(error_number([&] { rows.move_next(); }), 3021);
-    EXPECT_EQ(error_number([&] { new_row(4).set(u"nNada", 1); }), 3265);
+    EXPECT_EQ(error_number([&] { rows[u"nClave"]; }), numbers::no_current_row);
+    EXPECT_EQ(error_number([&] { rows.move_next(); }), numbers::no_current_row);
+    EXPECT_EQ(error_number([&] { new_row(4).set(u"nNada", 1); }), numbers::no_such_column);
 }
 
 TEST_P(ConnectionContract, an_update_changes_the_columns_set_of_the_row_found_alone)
@@ -157,7 +160,7 @@ TEST_P(ConnectionContract, an_update_changes_the_columns_set_of_the_row_found_al
               u"antes|1/después|2");
     auto missing = connection_.open_updatable(u"Select * from tolvex_prueba where nClave=9");
     EXPECT_TRUE(missing.eof());
-    EXPECT_EQ(error_number([&] { missing.set(u"cTexto", u"x"); }), 3021);
+    EXPECT_EQ(error_number([&] { missing.set(u"cTexto", u"x"); }), numbers::no_current_row);
 }
 
 TEST_P(ConnectionContract, a_statement_that_fails_says_why_and_leaves_the_connection_usable)
@@ -185,10 +188,17 @@ TEST_P(ConnectionContract, a_transaction_counts_when_it_is_committed)
     connection_.roll_back(); // without a transaction it does nothing
     EXPECT_EQ(count(), 1);
 
+    Connection other;
+    other.connection_string = GetParam().connection_string;
+    other.open();
+    add(2); // counts by itself again
+    EXPECT_EQ(count(other), 2);
+    other.close();
+
     connection_.begin_transaction();
-    add(2);
+    add(3);
     connection_.open(); // opening again ends what was open
-    EXPECT_EQ(count(), 1);
+    EXPECT_EQ(count(), 2);
 }
 
 TEST_P(ConnectionContract, others_see_each_statement_of_a_burst_at_once)
@@ -212,8 +222,8 @@ TEST_P(ConnectionContract, a_closed_connection_refuses_work_until_it_is_opened_a
     add(1);
     connection_.close();
     EXPECT_FALSE(connection_.is_open());
-    EXPECT_EQ(error_number([&] { connection_.query(all_rows); }), 3709);
-    EXPECT_EQ(error_number([&] { connection_.begin_transaction(); }), 3709);
+    EXPECT_EQ(error_number([&] { connection_.query(all_rows); }), numbers::connection_closed);
+    EXPECT_EQ(error_number([&] { connection_.begin_transaction(); }), numbers::connection_closed);
     connection_.open();
     EXPECT_EQ(count(), 1);
     EXPECT_FALSE(connection_.description().empty());

@@ -135,11 +135,12 @@ TEST_F(EmbeddedStatements, expressions_mean_what_they_mean_in_tsql)
         {u"select len(convert(varchar(19),getdate(),120)) where year(getdate()) >= 2024", u"19"},
         {u"select sum(nTotal) + 1 from FE_VENTAS_RESUMEN where nTotal between 9+1 and 200", u"127.5"},
         {u"select /* nota ' */ 1 -- y otra '\n + 1", u"2"},
-        {u"select Total=nTotal+1, 'Id'=nID, [Doc]=cDocumento from FE_VENTAS_RESUMEN where nID=1",
+        {u"select Zona=nTotal+1, 'Id'=nID, [Doc]=cDocumento from FE_VENTAS_RESUMEN where nID=1",
          u"117.5|1|A001"},
         {u"select top (1) x.n from (select top 2 n=nID from FE_VENTAS_RESUMEN order by nID) x order by x.n "
          u"desc",
          u"2"},
+        {u"select distinct top 1 cSerie from FE_VENTAS_RESUMEN", u"A"},
     });
     EXPECT_EQ(connection_.query(u"select Total=nTotal+1 from FE_VENTAS_RESUMEN")[u"Total"].number(), 117.5);
 }
@@ -159,6 +160,7 @@ TEST_F(EmbeddedStatements, dates_are_written_and_read_in_the_common_styles)
     for (const Text written :
          {u"'03/05/2011',101", u"'05/03/2011',103", u"'05.03.2011',104", u"'20110305',112"})
         expect({{u"select convert(datetime," + written + u")", u"2011-03-05 00:00:00"}});
+    expect({{u"select convert(datetime,'19990909')", u"1999-09-09 00:00:00"}});
 }
 
 TEST_F(EmbeddedStatements, batches_and_transactions_run_whole)

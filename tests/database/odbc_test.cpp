@@ -1,6 +1,8 @@
 // What the ODBC driver does beyond the common contract, on Debian's driver for SQLite.
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
 #include "database/connection.hpp"
+#include "database/errors.hpp"
 #include "database/odbc/driver_choice.hpp"
 #include "support/tables.hpp"
 #include "support/temporary_folder.hpp"
@@ -98,7 +100,14 @@ TEST_F(OdbcConnection, a_failure_carries_the_drivers_state_number_and_words)
 {
     EXPECT_THAT(database_failure([&] { connection_.execute(u"insert into tabla_que_no_existe values(1)"); }),
                 AllOf(HasSubstr("[HY000]"), HasSubstr("no such table"), HasSubstr("(1)")));
-    EXPECT_EQ(testing::error_number([&] { connection_.query(u"delete from t"); }), 3704) << "no rows to read";
+    EXPECT_EQ(testing::error_number([&] { connection_.query(u"delete from t"); }), numbers::no_rows_returned)
+        << "no rows to read";
+}
+
+TEST_F(OdbcConnection, is_described_by_product_database_and_driver)
+{
+    EXPECT_THAT(to_utf8(connection_.description()),
+                AllOf(HasSubstr("SQLite 3."), HasSubstr("odbc.db"), HasSubstr("sqlite3odbc")));
 }
 
 TEST_F(OdbcConnection, a_driver_that_is_not_installed_is_told_with_what_to_install)

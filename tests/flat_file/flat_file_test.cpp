@@ -1,6 +1,8 @@
 #include "flat_file/flat_file.hpp"
 
+#include "core/code_pages.hpp"
 #include "core/errors.hpp"
+#include "core/text.hpp"
 #include "support/station.hpp"
 
 namespace tolvex::testing {
@@ -125,13 +127,13 @@ TEST_F(FlatFile, the_first_wrong_record_stops_it_with_its_line_and_reason)
              {emisor + with(cliente, "09|\n", "09||mucho\n"), {u"IvaRet"}},
              {receiver + with(detalle, "|5|", "|cinco|"), {u"Línea 3", u"Cantidad", u"cinco"}},
              {receiver + with(detalle, "|5|", "|999999999999999999|"), {u"Cantidad"}},
-             {receiver + with(detalle, "|16\n", "\n"), {u"DETALLE", u"9"}},
-             {receiver + "ADDENDA|X|2\n", {u"ADDENDA"}},
+             {receiver + with(detalle, "|16\n", "\n"), {u"DETALLE lleva 10 valores y trae 9"}},
+             {receiver + "ADDENDA|X|2\n", {u"ADDENDA lleva 3 a 4 valores y trae 2"}},
              {receiver + "ADDENDA|X|dos|1|v\n", {u"nRama"}},
              {receiver + "ADDENDADET|3000000000|X|2|1|v\n", {u"nRenglon"}},
              {line + "EMITE|1|si\n", {u"CtrlFolioInterno", u"si"}},
              {line + "EMITE|1|1||dieciséis\n", {u"vlTasaDeIva"}},
-             {line + "EMITE|1|1|||1|1\n", {u"EMITE"}},
+             {line + "EMITE|1|1|||1|1\n", {u"EMITE lleva 0 a 5 valores y trae 6"}},
              {emisor + detalle + emite, {u"Línea 3", u"CLIENTE"}},
              {document, {u"Línea 3", u"EMISOR"}}})
         expect_stop(bytes, u"", reason);

@@ -1,4 +1,5 @@
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
 #include "support/station.hpp"
 
 namespace tolvex::testing {

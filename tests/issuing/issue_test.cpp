@@ -1,5 +1,8 @@
+#include "core/code_pages.hpp"
 #include "core/errors.hpp"
+#include "core/text.hpp"
 #include "support/station.hpp"
+#include "support/watched_disk.hpp"
 
 namespace tolvex::testing {
 namespace {
@@ -147,6 +150,35 @@ TEST_F(Issuing, the_counter_is_set_to_the_folio_taken_once_all_is_stored)
     EXPECT_FALSE(issue_from_counter());
     EXPECT_EQ(count(u"FE_VENTAS_RESUMEN"), 4);
     EXPECT_EQ(counter(1).int32(), 3);
+}
+
+class DurableIssue : protected WatchedDisk, public Station
+{};
+
+TEST_F(DurableIssue, reaches_the_disk_once_after_its_last_row_and_before_its_xml)
+{
+    stage_document();
+    bool xml_was_there = true;
+    on_flush = [&] { xml_was_there = exists("Facturas/A1.xml"); };
+    log_events();
+    EXPECT_TRUE(issue_from_counter());
+    on_flush = nullptr; // closing flushes too
+    EXPECT_EQ(log_events(), "wf");
+    EXPECT_FALSE(xml_was_there);
+
+    execute(u"Drop Table FE_VENTAS_RESUMEN_DET");
+    log_events();
+    EXPECT_FALSE(issue_from_counter());
+    EXPECT_EQ(log_events(), "wf"); // what was stored until then
+}
+
+TEST_F(Issuing, an_error_of_before_is_not_told_again)
+{
+    stage_document();
+    EXPECT_FALSE(genera_docto.BorraFacturaElectronica(1, 1, u"O'Hara"));
+    ASSERT_NE(last_error(), u"");
+    EXPECT_TRUE(issue());
+    EXPECT_TRUE(messages.empty());
 }
 
 TEST_F(Issuing, documents_up_to_2010_are_sealed_with_md5)

@@ -1,4 +1,5 @@
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
 #include "maintenance/list_filler.hpp"
 #include "support/forms.hpp"
 

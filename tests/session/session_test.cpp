@@ -1,5 +1,6 @@
 #include "session/session.hpp"
 
+#include "database/errors.hpp"
 #include "session/configuracion.hpp"
 #include "session/opening.hpp"
 #include "support/station.hpp"
@@ -34,8 +35,8 @@ TEST_F(SessionTest, opening_an_open_connection_opens_it_anew)
 TEST_F(SessionTest, a_failed_opening_reaches_the_host_and_leaves_the_connection_closed)
 {
     ConfigFE().SetDatosConexion(u"", u"", folder_text() + u"/no hay/tolvex.db", u"sqlite:");
-    EXPECT_EQ(error_number([] { ConfigFE().AbrirConexion(); }), std::int32_t(0x80004005));
-    EXPECT_EQ(error_number([&] { count(u"FE_FOLIOS"); }), 3709);
+    EXPECT_EQ(error_number([] { ConfigFE().AbrirConexion(); }), database_error);
+    EXPECT_EQ(error_number([&] { count(u"FE_FOLIOS"); }), numbers::connection_closed);
 }
 
 TEST_F(SessionTest, closing_never_fails)
@@ -53,7 +54,8 @@ TEST_F(SessionTest, the_value_of_a_query_is_that_of_its_first_row_or_null)
     const Text ranges = u"Select nFolio,cSerie From FE_FOLIOS(nolock) Where nFolio>=";
     EXPECT_EQ(fgValorCampo(session(), u"CSERIE", ranges + u"2 Order By nFolio").text(), u"NC");
     EXPECT_TRUE(fgValorCampo(session(), u"cSerie", ranges + u"9").is_null());
-    EXPECT_EQ(error_number([&] { fgValorCampo(session(), u"cOtra", ranges + u"1"); }), 3265);
+    EXPECT_EQ(error_number([&] { fgValorCampo(session(), u"cOtra", ranges + u"1"); }),
+              numbers::no_such_column);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "support/station.hpp"
 
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
 
 namespace tolvex::testing {
 

@@ -1,7 +1,8 @@
 // Lets test failures show amounts and dates as people read them.
 #pragma once
 
-#include "core/values.hpp"
+#include "core/display_patterns.hpp"
+#include "core/numbers.hpp"
 #include "tolvex/messages.hpp"
 
 #include <ostream>

@@ -1,12 +1,19 @@
 // A host bound early, through the interfaces of the type library, in the apartment of the component and in
 // another.
-#include "checks.hpp"
+#include "client.hpp"
+
+#include <gtest/gtest.h>
 
 #include <thread>
 
 namespace {
 
-void stores_and_answers_empty()
+class EarlyBound : public ::testing::Test
+{
+    const Apartment apartment_;
+};
+
+TEST_F(EarlyBound, stores_and_answers_empty)
 {
     const auto addenda = create<TOLVEX::_Addenda>(L"TOLVEX.Addenda");
     Bstr rfc(L"ABC010101AAA"), value(L"ñandú"), none;
@@ -18,25 +25,25 @@ void stores_and_answers_empty()
     EXPECT_EQ(addenda->SetAddendaDet(&renglon, &rfc, &rama, &padre, &value, &result), S_OK);
     EXPECT_EQ(rfc.str(), L"ABC010101AAA");
     EXPECT_EQ(addenda->SetAddenda(&none, &rama, &padre, &none, &result), S_OK); // no text is the empty text
-    EXPECT(none.str().empty());
+    EXPECT_EQ(none.str(), L"");
 }
 
 // Not trapped: the error reaches the host, with the text already given back.
-void raises_errors_with_information()
+TEST_F(EarlyBound, raises_errors_with_information)
 {
     const auto docto = create<TOLVEX::_GeneraDocto>(L"TOLVEX.GeneraDocto");
     VARIANT_BOOL done = VARIANT_TRUE;
     Bstr caja(L"1"), folio(L"basura");
-    EXPECT(FAILED(docto->fgObtenFolioFactura(&caja, &folio, &done)));
+    EXPECT_LT(docto->fgObtenFolioFactura(&caja, &folio, &done), 0);
     const ErrorInformation raised = error_information();
     EXPECT_EQ(done, VARIANT_FALSE);
     EXPECT_EQ(folio.str(), L"0");
     EXPECT_EQ(raised.source.str(), L"TOLVEX.GeneraDocto");
-    EXPECT(!raised.description.str().empty());
-    EXPECT(raised.interface_id == __uuidof(TOLVEX::_GeneraDocto));
+    EXPECT_NE(raised.description.str(), L"");
+    EXPECT_TRUE(raised.interface_id == __uuidof(TOLVEX::_GeneraDocto));
 }
 
-void leaves_the_description_of_a_trapped_error()
+TEST_F(EarlyBound, leaves_the_description_of_a_trapped_error_until_the_next_call)
 {
     const auto docto = create<TOLVEX::_GeneraDocto>(L"TOLVEX.GeneraDocto");
     Bstr folio(L"1");
@@ -46,33 +53,32 @@ void leaves_the_description_of_a_trapped_error()
     EXPECT_EQ(done, VARIANT_FALSE);
     const ErrorInformation trapped = error_information();
     EXPECT_EQ(trapped.source.str(), L"TOLVEX.GeneraDocto");
-    EXPECT(!trapped.description.str().empty());
+    EXPECT_NE(trapped.description.str(), L"");
 
-    // The next call starts without it.
     docto->BorraFacturaElectronica(&one, &one, &folio, &done);
     EXPECT_EQ(docto->Main(), S_OK);
-    EXPECT(error_information().description.str().empty());
+    EXPECT_EQ(error_information().description.str(), L"");
 }
 
-void says_that_it_gives_error_information()
+TEST_F(EarlyBound, says_that_it_gives_error_information)
 {
     const auto docto = create<TOLVEX::_GeneraDocto>(L"TOLVEX.GeneraDocto");
     ComPtr<ISupportErrorInfo> support;
-    EXPECT_EQ(docto->QueryInterface(IID_PPV_ARGS(&support)), S_OK);
+    ASSERT_EQ(docto->QueryInterface(IID_PPV_ARGS(&support)), S_OK);
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(TOLVEX::_GeneraDocto)), S_OK);
     EXPECT_EQ(support->InterfaceSupportsErrorInfo(__uuidof(TOLVEX::_Cliente)), S_FALSE);
 
     ComPtr<IUnknown> identity, other_identity;
     docto->QueryInterface(IID_PPV_ARGS(&identity));
     support->QueryInterface(IID_PPV_ARGS(&other_identity));
-    EXPECT(identity.Get() == other_identity.Get());
+    EXPECT_EQ(identity.Get(), other_identity.Get());
     void* none = &none;
     EXPECT_EQ(docto->QueryInterface(__uuidof(TOLVEX::_Cliente), &none), E_NOINTERFACE);
-    EXPECT(none == nullptr);
+    EXPECT_EQ(none, nullptr);
 }
 
 // No coercion stands between: the component itself has to look at the number of days.
-void refuses_dates_out_of_range()
+TEST_F(EarlyBound, refuses_dates_out_of_range)
 {
     const auto cliente = create<TOLVEX::_Cliente>(L"TOLVEX.Cliente");
     Bstr text(L"1");
@@ -88,6 +94,17 @@ void refuses_dates_out_of_range()
     }
 }
 
+TEST_F(EarlyBound, refuses_null_pointers)
+{
+    const auto addenda = create<TOLVEX::_Addenda>(L"TOLVEX.Addenda");
+    Bstr text(L"1");
+    SHORT one = 1;
+    Variant result;
+    EXPECT_EQ(addenda->SetAddenda(nullptr, &one, &one, &text, &result), E_POINTER);
+    EXPECT_EQ(addenda->SetAddenda(&text, &one, nullptr, &text, &result), E_POINTER);
+    EXPECT_EQ(addenda->SetAddenda(&text, &one, &one, &text, nullptr), E_POINTER);
+}
+
 // The functions behind the pointer are not the component's own.
 bool is_proxy(IUnknown* object)
 {
@@ -97,8 +114,7 @@ bool is_proxy(IUnknown* object)
     return module != GetModuleHandleW(L"TOLVEX.dll");
 }
 
-// A multithreaded host gets a proxy: arguments by reference and the texts given back cross the apartment.
-void answers_a_multithreaded_host()
+void answers_through_a_proxy()
 {
     const Apartment apartment(COINIT_MULTITHREADED);
     const auto addenda = create<TOLVEX::_Addenda>(L"TOLVEX.Addenda");
@@ -109,9 +125,9 @@ void answers_a_multithreaded_host()
     EXPECT_EQ(result.vt, VT_EMPTY);
 
     const auto docto = create<TOLVEX::_GeneraDocto>(L"TOLVEX.GeneraDocto");
-    EXPECT(is_proxy(docto.Get()));
+    EXPECT_TRUE(is_proxy(docto.Get()));
     VARIANT_BOOL done = VARIANT_TRUE;
-    EXPECT(FAILED(docto->fgObtenFolioFactura(&rfc, &folio, &done)));
+    EXPECT_LT(docto->fgObtenFolioFactura(&rfc, &folio, &done), 0);
 
     Variant caja(L"1"), variable(SHORT{5});
     const Answer answer = invoke(docto.Get(), 10, {reference(VT_VARIANT, &variable), caja});
@@ -120,18 +136,7 @@ void answers_a_multithreaded_host()
     EXPECT_EQ(variable.text(), L"0");
 }
 
-} // namespace
+// A multithreaded host gets a proxy: arguments by reference and the texts given back cross the apartment.
+TEST(MultithreadedHost, is_answered_through_a_proxy) { std::thread(answers_through_a_proxy).join(); }
 
-int main()
-{
-    {
-        const Apartment apartment;
-        stores_and_answers_empty();
-        raises_errors_with_information();
-        leaves_the_description_of_a_trapped_error();
-        says_that_it_gives_error_information();
-        refuses_dates_out_of_range();
-    }
-    std::thread(answers_a_multithreaded_host).join();
-    return end_of_checks();
-}
+} // namespace

@@ -1,11 +1,20 @@
-// A host bound late, with what scripts cannot pass: named arguments, references of every kind, broken calls.
-#include "checks.hpp"
+// A host bound late, as scripts are, and with what they cannot pass: named arguments, references of every
+// kind, broken calls.
+#include "client.hpp"
+
+#include <gtest/gtest.h>
+#include <olectl.h>
 
 namespace {
 
+class LateBound : public ::testing::Test
+{
+    const Apartment apartment_;
+};
+
 using Ids = std::vector<DISPID>;
 
-void finds_names_in_any_case()
+TEST_F(LateBound, finds_names_in_any_case)
 {
     const auto docto = create<IDispatch>(L"TOLVEX.GeneraDocto");
     std::pair<std::vector<const wchar_t*>, Ids> cases[] = {
@@ -20,12 +29,12 @@ void finds_names_in_any_case()
             docto->GetIDsOfNames(IID_NULL, const_cast<LPOLESTR*>(names.data()),
                                  static_cast<UINT>(names.size()), LOCALE_USER_DEFAULT, found.data());
         EXPECT_EQ(outcome, ids.back() == DISPID_UNKNOWN ? DISP_E_UNKNOWNNAME : S_OK);
-        EXPECT(found == ids);
+        EXPECT_EQ(found, ids);
     }
 }
 
 // The place of the argument at fault is the one in the call, not in the parameter list.
-void names_the_argument_at_fault()
+TEST_F(LateBound, names_the_argument_at_fault)
 {
     const auto addenda = create<IDispatch>(L"TOLVEX.Addenda");
     Variant rfc(L"R"), rama(SHORT{1}), wrong(L"abc");
@@ -37,25 +46,62 @@ void names_the_argument_at_fault()
     EXPECT_EQ(answer.description.str(), L"No coinciden los tipos: argumento nPadre");
 }
 
-void answers_calls_that_do_not_fit()
+TEST_F(LateBound, answers_calls_that_do_not_fit)
 {
     const auto addenda = create<IDispatch>(L"TOLVEX.Addenda");
-    Variant v(L"1");
-    EXPECT_EQ(invoke(addenda.Get(), 1, {v, v, v}, {2, 1}).outcome, S_OK);
-    EXPECT_EQ(invoke(addenda.Get(), 1, {v, v, v}, {9, 1}).outcome, DISP_E_PARAMNOTFOUND);
-    EXPECT_EQ(invoke(addenda.Get(), 1, {v, v, v}, {-1, 1}).outcome, DISP_E_PARAMNOTFOUND);
-    EXPECT_EQ(invoke(addenda.Get(), 1, {v, v, v, v}, {1, 1}).outcome, DISP_E_PARAMNOTFOUND);
-    EXPECT_EQ(invoke(addenda.Get(), 1, {v, v, v}, {0}).outcome, DISP_E_PARAMNOTFOUND);
-    EXPECT_EQ(invoke(addenda.Get(), 1, {v}, {2}).outcome, DISP_E_PARAMNOTOPTIONAL);
-    EXPECT_EQ(invoke(addenda.Get(), 1, {}).outcome, DISP_E_PARAMNOTOPTIONAL);
-    EXPECT_EQ(invoke(addenda.Get(), 1, {v, v, v, v, v}).outcome, DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(invoke(addenda.Get(), 2, {v}).outcome, DISP_E_BADPARAMCOUNT);
-    EXPECT_EQ(invoke(addenda.Get(), 0, {}).outcome, DISP_E_MEMBERNOTFOUND);
-    EXPECT_EQ(invoke(addenda.Get(), 4, {}).outcome, DISP_E_MEMBERNOTFOUND);
-    EXPECT_EQ(invoke(addenda.Get(), DISPID_UNKNOWN, {}).outcome, DISP_E_MEMBERNOTFOUND);
+    const Variant v(L"1");
+    VARIANT omitted = of_type(VT_ERROR, nullptr);
+    omitted.scode = DISP_E_PARAMNOTFOUND;
+    struct Case
+    {
+        DISPID id;
+        std::vector<VARIANT> arguments_last_first;
+        Ids named;
+        HRESULT outcome;
+    };
+    for (const auto& [id, arguments, named, outcome] :
+         std::initializer_list<Case>{{1, {v, v, v}, {2, 1}, S_OK},
+                                     {1, {omitted, v, v, v}, {}, S_OK},
+                                     {1, {v, v, v}, {9, 1}, DISP_E_PARAMNOTFOUND},
+                                     {1, {v, v, v}, {-1, 1}, DISP_E_PARAMNOTFOUND},
+                                     {1, {v, v, v, v}, {1, 1}, DISP_E_PARAMNOTFOUND},
+                                     {1, {v, v, v}, {0}, DISP_E_PARAMNOTFOUND},
+                                     {1, {v, omitted, v}, {}, DISP_E_PARAMNOTOPTIONAL},
+                                     {1, {v}, {2}, DISP_E_PARAMNOTOPTIONAL},
+                                     {1, {}, {}, DISP_E_PARAMNOTOPTIONAL},
+                                     {1, {v, v, v, v, v}, {}, DISP_E_BADPARAMCOUNT},
+                                     {2, {v}, {}, DISP_E_BADPARAMCOUNT},
+                                     {0, {}, {}, DISP_E_MEMBERNOTFOUND},
+                                     {4, {}, {}, DISP_E_MEMBERNOTFOUND},
+                                     {DISPID_UNKNOWN, {}, {}, DISP_E_MEMBERNOTFOUND}})
+        EXPECT_EQ(invoke(addenda.Get(), id, arguments, named).outcome, outcome)
+            << "method " << id << ", " << arguments.size() << " arguments";
 }
 
-void answers_broken_calls()
+TEST_F(LateBound, answers_with_the_type_of_the_method)
+{
+    const auto docto = create<IDispatch>(L"TOLVEX.GeneraDocto"),
+               addenda = create<IDispatch>(L"TOLVEX.Addenda"),
+               connection = create<IDispatch>(L"TOLVEX.ConfigFE");
+    EXPECT_EQ(invoke(docto.Get(), 5, {}).result.vt, VT_EMPTY);   // Main has no result
+    EXPECT_EQ(invoke(addenda.Get(), 2, {}).result.vt, VT_EMPTY); // InicializaAddenda puts nothing in its own
+    const Answer closed = invoke(connection.Get(), 3, {});
+    EXPECT_EQ(closed.result.vt, VT_BOOL);
+    EXPECT_EQ(closed.result.boolVal, VARIANT_TRUE);
+}
+
+TEST_F(LateBound, hands_the_drivers_number_and_words_to_the_host)
+{
+    const auto connection = create<IDispatch>(L"TOLVEX.ConfigFE");
+    const Variant none(L""), file(L"Z:\\no existe\\otra.db"), server(L"sqlite:");
+    EXPECT_EQ(invoke(connection.Get(), 2, {server, file, none, none}).outcome, S_OK);
+    const Answer refused = invoke(connection.Get(), 1, {});
+    EXPECT_EQ(refused.code, E_FAIL);
+    EXPECT_EQ(refused.source.str(), L"TOLVEX.ConfigFE");
+    EXPECT_NE(refused.description.str().find(L"otra.db"), std::wstring::npos);
+}
+
+TEST_F(LateBound, answers_broken_calls)
 {
     const auto addenda = create<IDispatch>(L"TOLVEX.Addenda");
     Variant value(L"1");
@@ -76,7 +122,7 @@ void answers_broken_calls()
 }
 
 // FolioFactura is given back also when the call fails, as it does here without a connection.
-void gives_texts_back_into_the_hosts_variables()
+TEST_F(LateBound, gives_texts_back_into_the_hosts_variables)
 {
     const auto docto = create<IDispatch>(L"TOLVEX.GeneraDocto");
     constexpr DISPID fgObtenFolioFactura = 10;
@@ -96,22 +142,23 @@ void gives_texts_back_into_the_hosts_variables()
     EXPECT_EQ(typed, 7);
 }
 
-void leaves_the_description_of_a_trapped_error()
+// As scripts have them, with a default property: a font's is its name.
+ComPtr<IDispatch> object_with_default_value()
 {
-    const auto docto = create<IDispatch>(L"TOLVEX.GeneraDocto");
-    constexpr DISPID BorraFacturaElectronica = 9;
-    Variant one(SHORT{1}), folio(L"1");
-    const Answer answer = invoke(docto.Get(), BorraFacturaElectronica, {folio, one, one});
-    EXPECT_EQ(answer.outcome, S_OK);
-    EXPECT(answer.result.vt == VT_BOOL && answer.result.boolVal == VARIANT_FALSE);
-    EXPECT(!error_information().description.str().empty());
+    wchar_t name[] = L"Arial";
+    FONTDESC description{};
+    description.cbSizeofstruct = sizeof description;
+    description.lpstrName = name;
+    ComPtr<IDispatch> font;
+    OleCreateFontIndirect(&description, IID_PPV_ARGS(&font));
+    return font;
 }
 
-void reads_references_of_every_type()
+TEST_F(LateBound, reads_values_and_references_of_every_type)
 {
-    const auto addenda = create<IDispatch>(L"TOLVEX.Addenda");
+    const auto addenda = create<IDispatch>(L"TOLVEX.Addenda"), named = object_with_default_value();
     Bstr rfc(L"R"), text(L"1");
-    Variant rama(L"3");
+    Variant rama(L"3"), fraction(1.5);
     short i2 = 1;
     LONG i4 = 1;
     double r8 = 1;
@@ -119,11 +166,14 @@ void reads_references_of_every_type()
     cy.int64 = 10000;
     DECIMAL decimal{};
     decimal.Lo64 = 1;
-    for (VARIANT padre : {reference(VT_I2, &i2), reference(VT_I4, &i4), reference(VT_R8, &r8),
+    VARIANT yes = of_type(VT_BOOL, nullptr);
+    yes.boolVal = VARIANT_TRUE;
+    for (VARIANT padre : {VARIANT(rama), VARIANT(fraction), yes, of_type(VT_EMPTY, nullptr),
+                          reference(VT_I2, &i2), reference(VT_I4, &i4), reference(VT_R8, &r8),
                           reference(VT_CY, &cy), reference(VT_BSTR, &text), reference(VT_DECIMAL, &decimal)})
-        EXPECT_EQ(
-            invoke(addenda.Get(), 1, {padre, reference(VT_VARIANT, &rama), reference(VT_BSTR, &rfc)}).outcome,
-            S_OK);
+        for (VARIANT receiver : {reference(VT_BSTR, &rfc), of_type(VT_DISPATCH, named.Get()), padre})
+            EXPECT_EQ(invoke(addenda.Get(), 1, {padre, reference(VT_VARIANT, &rama), receiver}).outcome, S_OK)
+                << padre.vt << ' ' << receiver.vt;
     IDispatch* nothing = nullptr;
     EXPECT_EQ(
         invoke(addenda.Get(), 1, {reference(VT_DISPATCH, &nothing), rama, reference(VT_BSTR, &rfc)}).code,
@@ -132,16 +182,3 @@ void reads_references_of_every_type()
 }
 
 } // namespace
-
-int main()
-{
-    const Apartment apartment;
-    finds_names_in_any_case();
-    names_the_argument_at_fault();
-    answers_calls_that_do_not_fit();
-    answers_broken_calls();
-    gives_texts_back_into_the_hosts_variables();
-    leaves_the_description_of_a_trapped_error();
-    reads_references_of_every_type();
-    return end_of_checks();
-}

@@ -1,6 +1,7 @@
 // Nothing is left behind: objects, calls and errors, ten thousand times; and the component's own counts.
-#include "checks.hpp"
+#include "client.hpp"
 
+#include <gtest/gtest.h>
 #include <psapi.h>
 
 namespace {
@@ -48,19 +49,10 @@ void one_round()
     invoke(docto.Get(), 10, {nothing, text});
 }
 
-void leaves_no_handle_and_no_byte()
+// The first test of its process: nothing may have been staged before it.
+TEST(Lifetime, counts_objects_and_locks)
 {
-    for (int i = 0; i < warm_up; ++i) one_round();
-    const long long bytes_before = heap_bytes(), handles_before = handles();
-    for (int i = 0; i < rounds; ++i) one_round();
-    const long long bytes = heap_bytes() - bytes_before, grown_handles = handles() - handles_before;
-    std::printf("crecen %lld bytes y %lld handles en %d vueltas\n", bytes, grown_handles, rounds);
-    EXPECT(bytes < rounds); // less than a byte a round: nothing is lost each time
-    EXPECT(grown_handles <= 0);
-}
-
-void counts_objects_and_locks()
-{
+    const Apartment apartment;
     ComPtr<IClassFactory> factory;
     EXPECT_EQ(
         CoGetClassObject(__uuidof(TOLVEX::Addenda), CLSCTX_INPROC_SERVER, nullptr, IID_PPV_ARGS(&factory)),
@@ -83,7 +75,7 @@ void counts_objects_and_locks()
     EXPECT_EQ(factory->LockServer(FALSE), S_OK);
     void* none = &none;
     EXPECT_EQ(factory->CreateInstance(factory.Get(), IID_IUnknown, &none), CLASS_E_NOAGGREGATION);
-    EXPECT(none == nullptr);
+    EXPECT_EQ(none, nullptr);
     EXPECT_EQ(factory->CreateInstance(nullptr, IID_IUnknown, nullptr), E_POINTER);
     factory = nullptr;
     EXPECT_EQ(can_unload(), S_OK);
@@ -97,12 +89,16 @@ void counts_objects_and_locks()
     EXPECT_EQ(can_unload(), S_FALSE);
 }
 
-} // namespace
-
-int main()
+TEST(Lifetime, leaves_no_handle_and_no_byte)
 {
     const Apartment apartment;
-    counts_objects_and_locks();
-    leaves_no_handle_and_no_byte();
-    return end_of_checks();
+    for (int i = 0; i < warm_up; ++i) one_round();
+    const long long bytes_before = heap_bytes(), handles_before = handles();
+    for (int i = 0; i < rounds; ++i) one_round();
+    const long long bytes = heap_bytes() - bytes_before, grown_handles = handles() - handles_before;
+    std::printf("crecen %lld bytes y %lld handles en %d vueltas\n", bytes, grown_handles, rounds);
+    EXPECT_LT(bytes, rounds); // less than a byte a round: nothing is lost each time
+    EXPECT_LE(grown_handles, 0);
 }
+
+} // namespace

@@ -1,10 +1,9 @@
 #!/bin/bash
 # run_test.sh 64|32 COMPONENT [OPTION] TEST [ARGUMENT]…    one test of the Windows edition in the test bed
 #
-# Registers COMPONENT (a TOLVEX.dll) for as long as TEST runs, which is a Windows program, a script for a script host
-# (.vbs, .js: the assertions of scripts/grammar.* are put before it) or a shell script (.sh), which gets the bitness
-# and the component as well; with --unregistered or --registered nothing is registered, because TEST does it itself or
-# it has been done. A test passes when its last line says that all its checks held:
+# Registers COMPONENT (a TOLVEX.dll) for as long as TEST runs, which is a Windows program or a shell script
+# (.sh), which gets the bitness and the component as well; with --unregistered or --registered nothing is registered,
+# because TEST does it itself or it has been done. A test passes when its last line says that all its checks held:
 # a host that stops half-way prints no such line. Exit code 77: the test bed cannot run that bitness.
 set -euo pipefail
 
@@ -27,21 +26,11 @@ shift
 
 windows() { "$runner" "$bits" "$seconds" "$@"; }
 
-# Output and sources of script hosts are in code pages.
-run_script() {
-    local joined
-    joined=$(mktemp -d)/${1##*/}
-    cat "$here/scripts/grammar.${1##*.}" "$1" | iconv -f UTF-8 -t CP1252 > "$joined"
-    shift
-    windows "$(system_folder "$bits")\\cscript.exe" //nologo "$(windows_path "$joined")" "$@" | iconv -f CP850 -t UTF-8
-}
-
 register() { windows "$(system_folder "$bits")\\regsvr32.exe" /s "$@" "$(windows_path "$component")"; }
 
 run() {
     case $test in
         *.sh) "$test" "$bits" "$component" "$@" ;;
-        *.vbs | *.js) run_script "$test" "$@" ;;
         *) windows "$test" "$@" ;;
     esac
 }

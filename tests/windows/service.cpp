@@ -1,11 +1,13 @@
 // A service has no screen: what would be a message box there must not hold the call up.
-#include "checks.hpp"
+#include "client.hpp"
 
-int main()
+#include <gtest/gtest.h>
+
+TEST(Service, is_not_held_up_by_a_message)
 {
     const HWINSTA unseen = CreateWindowStationW(nullptr, 0, WINSTA_ALL_ACCESS, nullptr);
-    EXPECT(unseen != nullptr);
-    EXPECT(SetProcessWindowStation(unseen));
+    ASSERT_NE(unseen, nullptr);
+    EXPECT_TRUE(SetProcessWindowStation(unseen));
 
     DeleteFileW(L"servicio.db");
     const Apartment apartment;
@@ -21,12 +23,11 @@ int main()
     // There is no folio range: a message.
     EXPECT_EQ(document->GeneraFacturaElectronica(&folio, &yes, &kind, &rate, &yes, &done), S_OK);
     EXPECT_EQ(done, VARIANT_FALSE);
-    EXPECT(error_information().description.str().find(
-               L"No se pudo obtener los datos de los folios digitales") == 0);
+    EXPECT_TRUE(error_information().description.str().starts_with(
+        L"No se pudo obtener los datos de los folios digitales"));
 
     const auto maintenance = create<TOLVEX::_Maestros>(L"TOLVEX.Maestros");
     EXPECT_EQ(maintenance->MuestraEmpresas(&none, &none, &database, &server), run_time_error(445));
-    EXPECT(error_information().description.str().find(L"nadie ve las ventanas") != std::wstring::npos);
+    EXPECT_NE(error_information().description.str().find(L"nadie ve las ventanas"), std::wstring::npos);
     connection->CierraConexion(&done);
-    return end_of_checks();
 }

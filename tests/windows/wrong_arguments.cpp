@@ -1,10 +1,10 @@
-// wrong_arguments SURFACE: every parameter of every public method with every kind of wrong argument, late and
-// early: an error, never a crash. One argument is wrong at a time, so that no method gets as far as doing
-// anything.
-#include "surface.hpp"
+// Parameters of every type with every kind of wrong argument: an error, never a crash. One argument is wrong
+// at a time, so that no method gets as far as doing anything.
+#include "client.hpp"
+
+#include <gtest/gtest.h>
 
 #include <limits>
-#include <sstream>
 
 namespace {
 
@@ -49,97 +49,42 @@ std::vector<WrongArgument> wrong_arguments()
     };
 }
 
-bool is_wrong_for(const WrongArgument& argument, const std::string& type)
+// Where a parameter of a type stands.
+struct Place
 {
-    if (type == "text") return argument.for_text;
-    if (type == "Boolean" || type == "variant") return argument.for_boolean;
+    VARTYPE type;
+    const wchar_t* class_name;
+    DISPID method;
+    std::size_t parameters, place;
+};
+
+constexpr Place places[] = {
+    {VT_BSTR, L"TOLVEX.Cliente", 1, 26, 0},    {VT_I2, L"TOLVEX.Cliente", 1, 26, 15},
+    {VT_DATE, L"TOLVEX.Cliente", 1, 26, 17},   {VT_CY, L"TOLVEX.Cliente", 1, 26, 19},
+    {VT_BOOL, L"TOLVEX.GeneraDocto", 4, 5, 1}, {VT_VARIANT, L"TOLVEX.GeneraDocto", 6, 7, 5},
+    {VT_I4, L"TOLVEX.Addenda", 3, 5, 0}};
+
+bool is_wrong_for(const WrongArgument& argument, VARTYPE type)
+{
+    if (type == VT_BSTR) return argument.for_text;
+    if (type == VT_BOOL || type == VT_VARIANT) return argument.for_boolean;
     return true;
 }
 
-struct Method
+TEST(WrongArguments, are_an_error_for_every_type_of_parameter)
 {
-    std::string name; // with its class
-    DISPID id;
-    std::vector<std::string> types;
-    bool has_result;
-};
-
-Method method_of(const std::string& line, DISPID id)
-{
-    const auto open = line.find('('), close = line.rfind(')');
-    Method method{line.substr(0, open), id, {}, line.substr(close) != ") none"};
-    std::istringstream parameters(line.substr(open + 1, close - open - 1));
-    for (std::string parameter; std::getline(parameters >> std::ws, parameter, ',');) {
-        std::string name, type;
-        std::istringstream(parameter) >> name >> type;
-        method.types.push_back(type);
-    }
-    return method;
-}
-
-void calls_late(IDispatch* object, const Method& method)
-{
-    for (std::size_t wrong = 0; wrong < method.types.size(); ++wrong) {
-        for (const WrongArgument& kind : wrong_arguments()) {
-            if (!is_wrong_for(kind, method.types[wrong])) continue;
-            std::vector<VARIANT> arguments(method.types.size(), of_type(VT_EMPTY, nullptr));
-            arguments[arguments.size() - 1 - wrong] = kind.value;
-            const Answer answer = invoke(object, method.id, arguments);
-            expect(answer.outcome == DISP_E_EXCEPTION && answer.code == run_time_error(kind.error),
-                   method.name + ", argumento " + shown(wrong) + " " + kind.name + ": " + shown(answer.code),
-                   __LINE__);
+    const Apartment apartment;
+    for (const Place& place : places) {
+        const auto object = create<IDispatch>(place.class_name);
+        for (const WrongArgument& wrong : wrong_arguments()) {
+            if (!is_wrong_for(wrong, place.type)) continue;
+            std::vector<VARIANT> arguments(place.parameters, of_type(VT_EMPTY, nullptr));
+            arguments[place.parameters - 1 - place.place] = wrong.value;
+            const Answer answer = invoke(object.Get(), place.method, arguments);
+            EXPECT_EQ(answer.outcome, DISP_E_EXCEPTION);
+            EXPECT_EQ(answer.code, run_time_error(wrong.error)) << wrong.name << " for type " << place.type;
         }
     }
 }
 
-// Calls the method through its table of functions with a null pointer in one place, the result's included.
-void calls_early(IDispatch* object, const Method& method)
-{
-    const std::size_t pointers = method.types.size() + method.has_result;
-    const ULONG_PTR offset = (methods_of_dispatch + static_cast<ULONG_PTR>(method.id) - 1) * sizeof(void*);
-    LONGLONG zeros[4] = {};
-    for (std::size_t null = 0; null < pointers; ++null) {
-        std::vector<VARIANT> values(pointers, reference(VT_I4, zeros));
-        std::vector<VARIANT*> addresses;
-        std::vector<VARTYPE> types(pointers, VT_BYREF | VT_I4);
-        values[null].byref = nullptr;
-        for (VARIANT& value : values) addresses.push_back(&value);
-        Variant outcome;
-        const HRESULT called = DispCallFunc(object, offset, CC_STDCALL, VT_ERROR, static_cast<UINT>(pointers),
-                                            types.data(), addresses.data(), &outcome);
-        expect(called == S_OK && outcome.scode == E_POINTER,
-               method.name + ", puntero nulo " + shown(null) + ": " + shown(outcome.scode), __LINE__);
-    }
-}
-
-ComPtr<IDispatch> dual_interface_of(IDispatch* object)
-{
-    ComPtr<ITypeInfo> type;
-    ComPtr<IDispatch> dual;
-    TYPEATTR* attributes = nullptr;
-    object->GetTypeInfo(0, LOCALE_NEUTRAL, type.GetAddressOf());
-    type->GetTypeAttr(&attributes);
-    EXPECT_EQ(object->QueryInterface(attributes->guid, reinterpret_cast<void**>(dual.GetAddressOf())), S_OK);
-    type->ReleaseTypeAttr(attributes);
-    return dual;
-}
-
 } // namespace
-
-int main(int, char** arguments)
-{
-    const Apartment apartment;
-    std::string last_class;
-    DISPID id = 0;
-    for (const std::string& line : surface_lines(arguments[1])) {
-        const std::string class_name = line.substr(0, line.find('.'));
-        id = class_name == last_class ? id + 1 : 1;
-        last_class = class_name;
-        const auto object =
-            create<IDispatch>((L"TOLVEX." + std::wstring(class_name.begin(), class_name.end())).c_str());
-        const Method method = method_of(line, id);
-        calls_late(object.Get(), method);
-        calls_early(dual_interface_of(object.Get()).Get(), method);
-    }
-    return end_of_checks();
-}

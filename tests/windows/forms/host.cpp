@@ -5,8 +5,9 @@
 //
 // Its own window counts the clicks that reach it. It ends when the last window of the component is closed and
 // says how many came.
-#include "../checks.hpp"
+#include "../client.hpp"
 
+#include <cstdio>
 #include <cwchar>
 
 namespace {
@@ -50,18 +51,16 @@ bool others_are_open(HWND own)
     return others.count > 0;
 }
 
-void open_maintenance(const wchar_t* method, const wchar_t* database, const wchar_t* company)
+Answer open_maintenance(const wchar_t* method, const wchar_t* database, const wchar_t* company)
 {
     const auto maintenance = create<IDispatch>(L"TOLVEX.Maestros");
-    DISPID id = 0;
     auto* name = const_cast<wchar_t*>(method);
-    EXPECT_EQ(maintenance->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id), S_OK);
+    DISPID id = DISPID_UNKNOWN;
+    maintenance->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
     const Variant none(L""), file(database), server(L"sqlite:"), number(static_cast<SHORT>(_wtoi(company)));
     std::vector<VARIANT> arguments = {server, file, none, none};
     if (*company) arguments.insert(arguments.begin(), number);
-    const Answer answer = invoke(maintenance.Get(), id, arguments);
-    EXPECT_EQ(answer.outcome, S_OK);
-    if (FAILED(answer.outcome)) std::printf("%s\n", shown(answer.description.str()).c_str());
+    return invoke(maintenance.Get(), id, arguments);
 }
 
 } // namespace
@@ -71,12 +70,13 @@ int wmain(int count, wchar_t** arguments)
     if (count < 3) return 2;
     const Apartment apartment;
     const HWND own = open_own_window();
-    open_maintenance(arguments[1], arguments[2], count > 3 ? arguments[3] : L"");
+    const Answer opened = open_maintenance(arguments[1], arguments[2], count > 3 ? arguments[3] : L"");
+    if (FAILED(opened.outcome)) return 1;
     MSG message;
     while (others_are_open(own) && GetMessageW(&message, nullptr, 0, 0) > 0) {
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
     std::printf("clics: %d\n", clicks);
-    return end_of_checks();
+    return 0;
 }

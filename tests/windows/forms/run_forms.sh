@@ -138,6 +138,29 @@ registers_folios() {
     host_ends
 }
 
+looks_at_certificates() {
+    opens MuestraCertificados 1
+    appears 'Maestro de Certificados'
+    clicks_new 'Maestro de Certificados'
+    appears 'Alta de Certificado'
+    takes_picture certificado-vacio
+    press alt+c
+    disappears 'Alta de Certificado'
+    turns_to 'Maestro de Certificados'
+    closes 'Maestro de Certificados'
+    host_ends
+}
+
+asks_for_report() {
+    opens GeneraReporteDeFoliosUtilizados
+    appears 'Reporte mensual de folios utilizados'
+    takes_picture reporte
+    press alt+g
+    reads_message sin-documentos
+    closes 'Reporte mensual de folios utilizados'
+    host_ends
+}
+
 asks_for_missing_company() {
     opens MuestraSeriesyFolios 9
     reads_message sin-empresa
@@ -154,6 +177,8 @@ for dpi in 96 144 192; do
     modifies_company
     registers_branch
     registers_folios
+    looks_at_certificates
+    asks_for_report
     asks_for_missing_company
     /usr/lib/wine/wineserver -k || true
 done

@@ -1,6 +1,7 @@
-' Issues every document of a flat file through the calls that a host makes, and says folio and result of each; amounts
-' are written as in the user's locale, except the totals, which have a decimal point in every locale.
+' Issues every document of a flat file through the calls that a host makes, and says what each answers (-1 is True);
+' amounts are written as in the user's locale, except the totals, which have a decimal point in every locale.
 '   host.vbs FLAT_FILE FOLDER DATABASE SERVER [USER PASSWORD]
+Option Explicit
 Dim argumentos, carpeta, conexion, cliente, documento, renglones, addenda, usuario, clave, archivo, linea
 Set argumentos = WScript.Arguments
 carpeta = argumentos(1)
@@ -13,8 +14,7 @@ Set addenda = CreateObject("TOLVEX.Addenda")
 If argumentos.Count > 4 Then usuario = argumentos(4)
 If argumentos.Count > 5 Then clave = argumentos(5)
 conexion.SetDatosConexion usuario, clave, argumentos(2), argumentos(3)
-Comprueba "AbrirConexion", conexion.AbrirConexion()
-Comprueba "AbrirConexion otra vez", conexion.AbrirConexion()
+WScript.Echo "Conexión: " & CInt(conexion.AbrirConexion()) & ", otra vez " & CInt(conexion.AbrirConexion())
 
 WScript.Echo "Uno y medio: " & CStr(1.5)
 Set archivo = CreateObject("Scripting.FileSystemObject").OpenTextFile(argumentos(0))
@@ -22,15 +22,14 @@ Do Until archivo.AtEndOfStream
     linea = archivo.ReadLine
     If linea <> "" And Left(linea, 1) <> "#" Then Registro Split(linea & "|", "|")
 Loop
-Comprueba "CierraConexion", conexion.CierraConexion()
-Fin
+WScript.Echo "Cierre: " & CInt(conexion.CierraConexion())
 
 Sub Registro(v)
     Select Case v(0)
         Case "EMISOR"
-            Comprueba "empresa que no existe", Not documento.GetDatosEmpresa(9)
-            Comprueba "emisor", documento.GetDatosEmpresa(v(1)) And documento.GetDatosSucursal(v(1), v(2)) And _
-                documento.GetDatosCertificado(v(1))
+            WScript.Echo "Emisor 9: " & CInt(documento.GetDatosEmpresa(9)) & ", " & v(1) & ": " & _
+                CInt(documento.GetDatosEmpresa(v(1)) And documento.GetDatosSucursal(v(1), v(2)) And _
+                documento.GetDatosCertificado(v(1)))
         Case "CLIENTE"
             renglones.InicializaDetalleFactura
             addenda.InicializaAddenda
@@ -47,9 +46,9 @@ Sub Registro(v)
         Case "EMITE"
             Emite v
         Case "CANCELA"
-            Comprueba linea, documento.CancelaFacturaElectronica(v(1), Fecha(v(2)), 1, 1)
+            WScript.Echo "Cancelación: " & CInt(documento.CancelaFacturaElectronica(v(1), Fecha(v(2)), 1, 1))
         Case "BORRA"
-            Comprueba linea, documento.BorraFacturaElectronica(1, 1, v(1))
+            WScript.Echo "Borrado: " & CInt(documento.BorraFacturaElectronica(1, 1, v(1)))
     End Select
 End Sub
 
@@ -70,7 +69,6 @@ Sub Emite(v)
     Else
         resultado = documento.GeneraFacturaElectronica(folio)
     End If
-    Comprueba linea, resultado
     documento.fgObtenFolioFactura "1", siguiente
-    WScript.Echo "Documento: " & folio & ", siguiente " & siguiente
+    WScript.Echo "Documento: " & folio & " " & CInt(resultado) & ", siguiente " & siguiente
 End Sub

@@ -40,7 +40,7 @@ prepare() {
     cp "$openssl_2011" "$work/openssl_2011/openssl.exe"
     rm "$work/sin_llave/pkey.key.pem" "$work/nativa_sin_llave/pkey.key.pem"
     cp "$factura" "$work/factura.exe"
-    cp "$project"/examples/*script/factura.* "$here/documentos.txt" "$work/guiones/"
+    cp "$project"/examples/*script/factura.* "$here"/*.vbs "$here/documentos.txt" "$work/guiones/"
     printf '%s\n' 'CANCELA|6|2011-12-31 00:00:00' 'BORRA|7' | cat "$here/documentos.txt" - > "$work/guiones/despues.txt"
     for folder in "$work"/guiones/*; do iconv -f UTF-8 -t CP1252 -o "$folder" <(cat "$folder"); done
 }
@@ -92,13 +92,14 @@ check() {
     expect "VBScript" said vbscript "Folio: 4" "Carpeta: $folder\\Facturas" "código 0"
     expect "JScript" said jscript "Folio: 00000120" "Carpeta: $folder\\Facturas" "código 0"
     expect "C++" said cpp "Folio: 5" "Carpeta: $folder\\Facturas" "código 0"
-    expect "documentos" said Facturación_Ñandú "Uno y medio: 1.5" "Documento: 6, siguiente 7" "Documento: 7, siguiente 8" \
-        "Documento: 2, siguiente 8" "Documento: 8, siguiente 9" "Documento: 00000777, siguiente 9" \
-        "FIN: 12 comprobaciones, 0 fallas" "código 0"
-    expect "coma decimal" said coma_decimal "Uno y medio: 1,5" "Documento: 4, siguiente 5" "Documento: 5, siguiente 6" \
-        "Documento: 2, siguiente 6" "Documento: 6, siguiente 7" "Documento: 00000777, siguiente 7" \
-        "FIN: 10 comprobaciones, 0 fallas" "código 0"
-    expect "archivo plano" said openssl_2011 "FIN: 1 comprobaciones, 0 fallas" "código 0"
+    expect "documentos" said Facturación_Ñandú "Conexión: -1, otra vez -1" "Uno y medio: 1.5" "Emisor 9: 0, 1: -1" \
+        "Documento: 6 -1, siguiente 7" "Documento: 7 -1, siguiente 8" "Documento: 2 -1, siguiente 8" \
+        "Documento: 8 -1, siguiente 9" "Documento: 00000777 -1, siguiente 9" "Cancelación: -1" "Borrado: -1" \
+        "Cierre: -1" "código 0"
+    expect "coma decimal" said coma_decimal "Conexión: -1, otra vez -1" "Uno y medio: 1,5" "Emisor 9: 0, 1: -1" \
+        "Documento: 4 -1, siguiente 5" "Documento: 5 -1, siguiente 6" "Documento: 2 -1, siguiente 6" \
+        "Documento: 6 -1, siguiente 7" "Documento: 00000777 -1, siguiente 7" "Cierre: -1" "código 0"
+    expect "archivo plano" said openssl_2011 "A4,A5,NC2,A6,A00000777" "código 0"
     expect "lo mismo en las dos ediciones" same_documents nativa Facturación_Ñandú
     expect "todos los documentos" test "$(find "$windows/Facturas" -name '*.xml' | wc -l)" = 12
     expect "ningún archivo de trabajo" no_work_files

@@ -6,7 +6,7 @@ set -euo pipefail
 
 here=$(dirname "$(readlink -f "$0")")
 . "$here/../checks.sh"
-bits=$1 component=$2 work=$3
+bits=$1 work=$3
 cscript=$(system_folder "$bits")\\cscript.exe
 
 station() { windows_path "$work/$1"; }
@@ -21,8 +21,7 @@ run() {
 }
 
 windows() { "$here/../run_in_testbed.sh" "$bits" 60 "$@"; }
-run_example() { run "$1" CP850 windows "$cscript" //nologo "$(windows_path "$work/guiones/$2")" "${@:3}"; }
-run_script() { run "$1" UTF-8 "$here/../run_test.sh" "$bits" "$component" --registered "$here/$2" "${@:3}"; }
+run_script() { run "$1" CP850 windows "$cscript" //nologo "$(windows_path "$work/guiones/$2")" "${@:3}"; }
 issue_documents() {
     run_script "$1" host.vbs "$(windows_path "$work/guiones/$2")" "$(station "$1")" "$(station "$1")\\tolvex.db" sqlite:
 }
@@ -34,16 +33,16 @@ set_locale() {
     windows "$(system_folder "$bits")\\reg.exe" import "$(windows_path "$work/locale.reg")"
 }
 
-run_example vbscript factura.vbs "$(station Facturación_Ñandú)"
-run_example jscript factura.js "$(station Facturación_Ñandú)" 00000120
+run_script vbscript factura.vbs "$(station Facturación_Ñandú)"
+run_script jscript factura.js "$(station Facturación_Ñandú)" 00000120
 run cpp CP1252 windows "$work/factura.exe" "$(station Facturación_Ñandú)"
 issue_documents Facturación_Ñandú despues.txt
-for folder in sin_openssl sin_llave "con blanco"; do run_example "$folder" factura.vbs "$(station "$folder")"; done
-run_example sin_carpeta factura.vbs "$(station no_existe)" "$(station sin_openssl)\\tolvex.db" sqlite:
+for folder in sin_openssl sin_llave "con blanco"; do run_script "$folder" factura.vbs "$(station "$folder")"; done
+run_script sin_carpeta factura.vbs "$(station no_existe)" "$(station sin_openssl)\\tolvex.db" sqlite:
 
 no_database=("$(station no_existe)\\tolvex.db" sqlite:)
-run_example vbscript_sin_base factura.vbs "$(station sin_openssl)" "${no_database[@]}"
-run_example jscript_sin_base factura.js "$(station sin_openssl)" 00000120 "${no_database[@]}"
+run_script vbscript_sin_base factura.vbs "$(station sin_openssl)" "${no_database[@]}"
+run_script jscript_sin_base factura.js "$(station sin_openssl)" 00000120 "${no_database[@]}"
 run cpp_sin_base CP1252 windows "$work/factura.exe" "$(station sin_openssl)" "${no_database[@]}"
 
 trap 'set_locale . ,' EXIT

@@ -11,6 +11,12 @@ here=$(dirname "$(readlink -f "$0")")
 bits=$1 component=$2 tolvex=$3 openssl=$4
 work=$(dirname "$component")/emision_sql_server
 
+if [ -n "${TOLVEX_INSIDE_TESTBED-}" ]; then
+    expect "host.vbs" "$here/../run_in_testbed.sh" "$bits" 120 "$(system_folder "$bits")\\cscript.exe" //nologo "${@:3}"
+    end_of_checks
+    exit
+fi
+
 not_run() { echo "NO SE PROBÓ: $1" && exit 77; }
 keyword() { tr ';' '\n' <<< "$TOLVEX_PRUEBA_SQLSERVER" | sed -n "s/^ *$1 *= *//ip" | tail -n 1; }
 without_good_seal() { sed 's/ sello="[A-Za-z0-9+/]\{342\}=="//' "$1"; }
@@ -24,7 +30,7 @@ prepare() {
     cp -r "$work/nativa" "$work/windows"
     cp "$openssl" "$work/windows/openssl.exe"
     cp "$here/documentos.txt" "$work/nativa"
-    iconv -f UTF-8 -t CP1252 "$here/documentos.txt" > "$work/documentos.txt"
+    for file in documentos.txt host.vbs; do iconv -f UTF-8 -t CP1252 "$here/$file" > "$work/$file"; done
 }
 
 check_documents() {
@@ -42,8 +48,8 @@ check_documents() {
 export TOLVEX_SERVIDOR TOLVEX_BD TOLVEX_USUARIO TOLVEX_CLAVE
 TOLVEX_SERVIDOR=$(keyword server) TOLVEX_BD=$(keyword database) TOLVEX_USUARIO=$(keyword uid) TOLVEX_CLAVE=$(keyword pwd)
 prepare
-"$here/../run_test.sh" "$bits" "$component" "$here/host.vbs" "$(windows_path "$work/documentos.txt")" \
-    "$(windows_path "$work/windows")" "$TOLVEX_BD" "$TOLVEX_SERVIDOR" "$TOLVEX_USUARIO" "$TOLVEX_CLAVE"
+"$here/../run_test.sh" "$bits" "$component" "$(readlink -f "$0")" "$(windows_path "$work/host.vbs")" \
+    "$(windows_path "$work/documentos.txt")" "$(windows_path "$work/windows")" "$TOLVEX_BD" "$TOLVEX_SERVIDOR" "$TOLVEX_USUARIO" "$TOLVEX_CLAVE"
 "$tolvex" emite "$work/nativa/documentos.txt" > "$work/emitidos"
 check_documents
 end_of_checks

@@ -1,0 +1,8 @@
+# What `make test` hands to ctest as build/all_tests/CTestTestfile.cmake: the tests of every build in one run, with one
+# summary. A Windows edition that could not be built is a failing test there.
+subdirs(../sanitized ../windows/x86_64 ../windows/i686)
+
+add_test(house.format ../../tests/house/format.sh)
+add_test(house.clang_tidy ../../tests/house/tidy.sh)
+add_test(windows.both_bitnesses_build make -C ../.. windows)
+set_tests_properties(windows.both_bitnesses_build PROPERTIES RESOURCE_LOCK testbed)

@@ -1,0 +1,40 @@
+// One open file of the embedded database, and the one door that the engine's calls go through.
+#pragma once
+
+#include "tolvex/types.hpp"
+
+#include <memory>
+#include <sqlite3.h>
+
+namespace tolvex::embedded {
+
+// Failures name the file and say why and what to do.
+class Database
+{
+public:
+    // Opens the file or creates it; the engine reads it only at the first statement. Throws Error.
+    explicit Database(Text file);
+
+    const Text& file() const { return file_; }
+    sqlite3* handle() const { return handle_.get(); }
+    // Throws Error(database_error), with the engine's own text, unless the code says that all went well.
+    void check(int code) const;
+    // Runs one statement of the engine's own SQL, or several.
+    void run(const char* sql);
+    // First column of the first row of a query.
+    std::string answer(const char* sql);
+    bool in_transaction() const { return !sqlite3_get_autocommit(handle()); }
+
+private:
+    struct Close
+    {
+        void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
+    };
+
+    Text why(int code) const;
+
+    Text file_;
+    std::unique_ptr<sqlite3, Close> handle_;
+};
+
+} // namespace tolvex::embedded
