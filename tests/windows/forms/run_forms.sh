@@ -43,7 +43,7 @@ host_ends() { expect "el anfitrión termina" wait %%; }
 # --- what its user does ----------------------------------------------------------------------------------------------
 
 clicks_new() { clicks "$1" 40 14; }
-clicks_host() { xdotool search --onlyvisible --name '^Anfitrión$' mousemove --window %1 20 20 click 1; }
+clicks_host() { clicks Anfitrión 10 10; }
 
 # Answers the question of saving and reads the message; the picker comes back.
 saves() {

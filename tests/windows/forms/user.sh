@@ -32,8 +32,16 @@ fills() {
 
 has_window_manager() { xprop -root _NET_SUPPORTING_WM_CHECK 2> /dev/null | grep -q 'window id'; }
 title_in_front() { xdotool getactivewindow getwindowname 2> /dev/null || true; }
-is_open() { xdotool search --onlyvisible --name "^$1\$" &> /dev/null; }
-is_closed() { ! is_open "$1"; }
+
+search() { xdotool search --onlyvisible --name "^$1\$"; }
+
+# A search fails aloud when windows go meanwhile, and is then made again.
+finds() { window=$(search "$1" 2> /dev/null | tail -n 1) && [ -n "$window" ]; }
+is_closed() {
+    local said
+    said=$(search "$1" 2>&1) && return 1
+    [ -z "$said" ]
+}
 is_in_front() { [ "$(title_in_front)" = "$1" ]; }
 
 # Half a minute at most; a user who waits in vain goes no further.
@@ -53,15 +61,14 @@ disappears() { expect "desaparece $1" wait_until is_closed "$1"; }
 
 # The window manager gives the focus to nobody when two windows close at once.
 turns_to() {
-    wait_until is_open "$1"
-    xdotool search --onlyvisible --name "^$1\$" windowactivate --sync
+    wait_until finds "$1"
+    xdotool windowactivate --sync "$window"
     appears "$1"
 }
 
 # clicks TITLE X Y [TIMES]: at a place of the window in pixels of 96 to the inch.
 clicks() {
-    local window
-    window=$(xdotool search --onlyvisible --name "^$1\$" | tail -n 1)
+    wait_until finds "$1"
     xdotool mousemove --window "$window" $(($2 * dpi / 96)) $(($3 * dpi / 96)) click --repeat "${4:-1}" --delay 50 1
 }
 
