@@ -4,8 +4,6 @@
 
 #include <atomic>
 
-extern "C" IMAGE_DOS_HEADER __ImageBase; // where this module lies in memory
-
 namespace tolvex::automation::component {
 
 namespace {
@@ -29,8 +27,8 @@ bool can_unload() noexcept { return uses == 0 && locks == 0 && !session_used; }
 std::wstring path()
 {
     std::wstring buffer(32768, L'\0'); // the longest path there is
-    const auto module = reinterpret_cast<HMODULE>(&__ImageBase);
-    const DWORD length = GetModuleFileNameW(module, buffer.data(), static_cast<DWORD>(buffer.size()));
+    const DWORD length =
+        GetModuleFileNameW(this_module(), buffer.data(), static_cast<DWORD>(buffer.size()));
     if (length == 0) throw Error(HRESULT_FROM_WIN32(GetLastError()), u"No se conoce la ruta del componente");
     buffer.resize(length);
     return buffer;

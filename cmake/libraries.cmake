@@ -5,7 +5,8 @@ if(WIN32)
     add_library(tolvex_sqlite STATIC IMPORTED)
     set_target_properties(tolvex_sqlite PROPERTIES
         IMPORTED_LOCATION ${libraries}/lib/libsqlite3.a INTERFACE_INCLUDE_DIRECTORIES ${libraries}/include)
-    set(TOLVEX_LIBRARIES tolvex_sqlite odbc32 ole32 oleaut32 uuid shell32 comdlg32 user32 advapi32)
+    set(TOLVEX_LIBRARIES tolvex_sqlite odbc32 ole32 oleaut32 uuid shell32 comdlg32 comctl32 gdi32 user32
+        advapi32)
 else()
     find_package(PkgConfig REQUIRED)
     find_package(SQLite3 REQUIRED)

@@ -32,11 +32,11 @@ struct Control
     ControlKind kind;
     TextView name; // the documented one
     TextView caption = {};
-    int width = 0; // in characters of the form's font; 0 takes the rest of the row
+    int width = 0; // in characters of the form's font; 0 takes the rest of the row, a button what it needs
     int lines = 1; // a text box of more than one scrolls
     bool enabled = true;
     bool read_only = false; // of a text box: its text can be marked and copied
-    bool visible = true;
+    bool visible = true; // a row of which nothing is takes no room
 };
 
 // Controls side by side.

@@ -1,18 +1,11 @@
 #include "platform/messages.hpp"
 
+#include "platform/windows/screen.hpp"
 #include "platform/windows/windows.hpp"
 
 namespace tolvex {
 
 namespace {
-
-// Nobody sees the windows of a service: a box would wait there for ever.
-bool somebody_sees_windows()
-{
-    USEROBJECTFLAGS flags{};
-    GetUserObjectInformationW(GetProcessWindowStation(), UOI_FLAGS, &flags, sizeof flags, nullptr);
-    return flags.dwFlags & WSF_VISIBLE;
-}
 
 WORD event_kind(MessageIcon icon)
 {

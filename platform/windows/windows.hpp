@@ -10,7 +10,11 @@
 #include <concepts>
 #include <utility>
 
+extern "C" IMAGE_DOS_HEADER __ImageBase; // where this module lies in memory
+
 namespace tolvex {
+
+inline HINSTANCE this_module() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
 
 inline const wchar_t* wide(const Text& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
 inline wchar_t* wide(Text& text) { return reinterpret_cast<wchar_t*>(text.data()); }

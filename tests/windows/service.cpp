@@ -25,5 +25,9 @@ TEST(Service, is_not_held_up_by_a_message)
     EXPECT_EQ(done, VARIANT_FALSE);
     EXPECT_TRUE(error_information().description.str().starts_with(
         L"No se pudo obtener los datos de los folios digitales"));
+
+    const auto maintenance = create<TOLVEX::_Maestros>(L"TOLVEX.Maestros");
+    EXPECT_EQ(maintenance->MuestraEmpresas(&none, &none, &database, &server), run_time_error(445));
+    EXPECT_NE(error_information().description.str().find(L"nadie ve las ventanas"), std::wstring::npos);
     connection->CierraConexion(&done);
 }

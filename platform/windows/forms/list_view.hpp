@@ -1,0 +1,35 @@
+// A table of rows. The rows are kept here and the control asks for those that it shows, so that thousands are
+// filled in at once.
+#pragma once
+
+#include "platform/windows/forms/form_font.hpp"
+
+#include <commctrl.h>
+
+namespace tolvex {
+
+class ListView
+{
+public:
+    static constexpr DWORD style = LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_OWNERDATA;
+
+    explicit ListView(HWND window);
+
+    void clear_rows();
+    void set_columns(const std::vector<ListColumn>& columns, const FormFont& font);
+    void add_row(const ListRow& row);
+    std::optional<ListRow> selected_row() const;
+    // The text of a cell that the control is about to draw.
+    void give_text(LVITEMW& item) const;
+    // Gives the columns their widths in that font.
+    void widen_columns(const FormFont& font);
+
+private:
+    void show_row_count();
+
+    HWND window_;
+    std::vector<ListColumn> columns_;
+    std::vector<ListRow> rows_;
+};
+
+} // namespace tolvex
