@@ -1,0 +1,48 @@
+#!/bin/bash
+# life_test.sh 64|32 COMPONENT HOST OPENSSL    a shop's first day at the screen: company, certificate with its key, branch,
+# folio range, a document issued with them, the month's report
+set -euo pipefail
+
+here=$(dirname "$(readlink -f "$0")")
+. "$here/../checks.sh"
+bits=$1 component=$2 host=$3 openssl_exe=$4
+work=$(dirname "$component")/tienda
+runner=$here/../run_in_testbed.sh
+
+# key_pair NAME DAYS: NAME.cer and NAME.key as the tax authority hands them out; the serial spells 30001 in ASCII.
+key_pair() {
+    openssl req -x509 -newkey rsa:2048 -nodes -keyout "$1.pem" -outform DER -out "$1.cer" -days "$2" \
+        -set_serial 0x3330303031 -subj /CN=tienda 2> /dev/null
+    openssl pkcs8 -topk8 -v1 PBE-SHA1-3DES -in "$1.pem" -outform DER -out "$1.key" -passout pass:clave1
+}
+
+"$runner" require "$bits"
+rm -rf "$work"
+mkdir -p "$work/sello"
+cd "$work"
+key_pair propia 1000
+key_pair ajena 1000
+cp "$openssl_exe" sello/openssl.exe
+iconv -f UTF-8 -t CP1252 "$here/../issue/flat_file.vbs" > flat_file.vbs
+cat > documentos.txt <<- FILE
+	EMISOR|1|1
+	CLIENTE|PEGM800101AB1|Público||||||||||900|0|144|1044|1|1|2011-03-15 14:05:09|$(windows_path "$work/sello")
+	DETALLE|1|F|CAF-01|Café|5|KG|180|144|900|16
+	EMITE||1
+FILE
+
+"$runner" --display session 400 "$here/run_life.sh" "$bits" "$component" "$host" "$work" | tee said
+expect "el recorrido" grep -q 'FIN: [1-9][0-9]* comprobaciones, 0 fallas$' said
+rows_are() { diff <(sqlite3 tolvex.db "$1") - <<< "$2"; }
+expect "el certificado" rows_are "select nEmpresa, nCertificado, cDescripcion, cSerie_Certificado, nDiasDeAviso,
+    length(cCertificado) > 1000 from fe_certificados" '1|1|sello propio|30001|15|1'
+expect "la sucursal sella con él" rows_are "select nSucursal, nCertificado from fe_sucursales" '1|1'
+expect "el rango" rows_are "select nFolio, nSucursal, nCertificado, cSerie, nUltimoFolio from fe_folios" '1|1|1|A|1'
+openssl x509 -inform DER -in propia.cer -noout -pubkey > propia.pub
+sqlite3 tolvex.db "select cSelloDigital from fe_ventas_resumen" | base64 -d > firma
+sqlite3 tolvex.db "select cCadenaOriginal from fe_ventas_resumen" | tr -d '\n' | iconv -f UTF-8 -t LATIN1 > cadena
+expect "el sello" openssl dgst -sha1 -verify propia.pub -signature firma cadena
+expect "el reporte" diff <(cat 1FNA010101AAA032011.TXT) \
+    <(printf '|PEGM800101AB1|A|1|2011918|15/03/2011 14:05:09|1044.00|144.00|1|I||||\r\n')
+expect "de los archivos de trabajo queda la llave sola" diff <(ls sello) <(printf '%s\n' Facturas openssl.exe pkey.key.pem)
+end_of_checks
