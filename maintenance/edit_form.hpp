@@ -91,10 +91,10 @@ protected:
 
 private:
     void show_company(FormView& view);
-    void show_record(FormView& view, const EditPattern& pattern);
-    bool may_save(FormView& view, const EditPattern& pattern) const;
+    void show_record(FormView& view, const EditPattern& form);
+    bool may_save(FormView& view, const EditPattern& form) const;
     void save(FormView& view);
-    void store(FormView& view, const EditPattern& pattern);
+    void store(FormView& view, const EditPattern& form);
     void fail_to_save(const Text& reason);
     Connection& connection() const { return shared_connection(session_); }
 
