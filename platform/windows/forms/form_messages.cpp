@@ -31,6 +31,9 @@ INT_PTR FormWindow::answer(UINT message, WPARAM first, LPARAM second)
     case event_message:
         run_posted(static_cast<int>(first));
         return TRUE;
+    case ListView::rows_message:
+        controls_.at(first - first_control).list->show_rows();
+        return TRUE;
     case WM_SIZE:
         if (font_) place_controls();
         return FALSE;

@@ -1,4 +1,4 @@
-// The toolkit of Windows against the port: a form of every kind of control does to its window what a form may do.
+// The toolkit of Windows against its port: a form with every kind of control does what a form may do.
 #include "core/errors.hpp"
 #include "core/numbers.hpp"
 #include "platform/forms.hpp"
@@ -71,10 +71,20 @@ protected:
     }
 
     static HWND window(FormView& view) { return reinterpret_cast<HWND>(view.window()); }
+    static HWND next_text_box(FormView& view, HWND after)
+    {
+        return FindWindowExW(window(view), after, L"Edit", nullptr);
+    }
     static void press_button(FormView& view)
     {
         const HWND button = FindWindowExW(window(view), nullptr, L"Button", L"&Cierra");
         PostMessageW(button, BM_CLICK, 0, 0);
+    }
+
+    static void pump()
+    {
+        MSG message;
+        while (PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE)) DispatchMessageW(&message);
     }
 
     TriedForm form_;
@@ -121,6 +131,7 @@ TEST_F(WindowsToolkit, shows_the_rows_that_it_was_given)
         view.set_columns(u"tabla", {{u"Número", 8, true}, {u"Nombre", 20}});
         for (int i = 0; i < 20'000; ++i) view.add_row(u"tabla", {decimal(i), u"Ñandú"});
         EXPECT_FALSE(view.selected_row(u"tabla"));
+        pump();
         const HWND table = FindWindowExW(window(view), nullptr, L"SysListView32", nullptr);
         SendMessageW(table, WM_KEYDOWN, VK_END, 0);
         EXPECT_EQ(view.selected_row(u"tabla"), (ListRow{u"19999", u"Ñandú"}));
@@ -129,34 +140,41 @@ TEST_F(WindowsToolkit, shows_the_rows_that_it_was_given)
     });
 }
 
+// The color at the right end of a box, where its text does not reach.
+COLORREF color_of(HWND box)
+{
+    RECT place;
+    GetClientRect(box, &place);
+    UpdateWindow(box);
+    const HDC paper = GetDC(box);
+    const COLORREF found = GetPixel(paper, place.right - 4, place.bottom / 2);
+    ReleaseDC(box, paper);
+    return found;
+}
+
 TEST_F(WindowsToolkit, an_alarm_is_red)
 {
     when_clicked([](FormView& view) {
         view.set_text(u"leído", u"22-10-2010");
+        const HWND box = next_text_box(view, next_text_box(view, nullptr));
         view.set_background(u"leído", Background::alarm);
-        const HWND box = FindWindowExW(window(view), nullptr, L"Edit", L"22-10-2010");
-        RECT place;
-        GetClientRect(box, &place);
-        const HDC paper = GetDC(box);
-        UpdateWindow(box);
-        EXPECT_EQ(GetPixel(paper, place.right - 2, place.bottom / 2), 255u);
+        EXPECT_EQ(color_of(box), RGB(255, 0, 0));
         view.set_background(u"leído", Background::plain);
-        UpdateWindow(box);
-        EXPECT_NE(GetPixel(paper, place.right - 2, place.bottom / 2), 255u);
-        ReleaseDC(box, paper);
+        EXPECT_NE(color_of(box), RGB(255, 0, 0));
     });
 }
 
 TEST_F(WindowsToolkit, a_control_that_goes_hands_the_focus_on)
 {
     when_clicked([](FormView& view) {
-        const HWND first = GetFocus();
+        const HWND text_box = next_text_box(view, nullptr);
+        const HWND combo = FindWindowExW(window(view), nullptr, L"ComboBox", nullptr);
+        SetFocus(text_box);
         view.enable(u"texto", false);
-        EXPECT_NE(GetFocus(), first);
-        EXPECT_TRUE(GetFocus());
-        const HWND second = GetFocus();
+        EXPECT_EQ(GetFocus(), combo);
         view.set_visible(u"lista", false);
-        EXPECT_NE(GetFocus(), second);
+        EXPECT_NE(GetFocus(), combo);
+        EXPECT_TRUE(IsChild(window(view), GetFocus()));
     });
 }
 
@@ -186,9 +204,7 @@ TEST_F(WindowsToolkit, an_event_that_comes_while_one_runs_is_none)
     when_clicked([&](FormView& view) {
         ++clicks;
         press_button(view);
-        MSG message;
-        for (int i = 0; i < 100 && PeekMessageW(&message, nullptr, 0, 0, PM_REMOVE); ++i)
-            DispatchMessageW(&message);
+        pump();
         EXPECT_TRUE(IsWindow(window(view)));
     });
     EXPECT_EQ(clicks, 1);
