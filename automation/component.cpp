@@ -27,8 +27,7 @@ bool can_unload() noexcept { return uses == 0 && locks == 0 && !session_used; }
 std::wstring path()
 {
     std::wstring buffer(32768, L'\0'); // the longest path there is
-    const DWORD length =
-        GetModuleFileNameW(this_module(), buffer.data(), static_cast<DWORD>(buffer.size()));
+    const DWORD length = GetModuleFileNameW(this_module(), buffer.data(), static_cast<DWORD>(buffer.size()));
     if (length == 0) throw Error(HRESULT_FROM_WIN32(GetLastError()), u"No se conoce la ruta del componente");
     buffer.resize(length);
     return buffer;

@@ -11,7 +11,8 @@ constexpr int margin = 7, row_gap = 4, section_gap = 7, control_gap = 8, label_g
 constexpr int field_height = 12, button_height = 14, tool_bar_height = 17, tool_bar_gap = 3;
 constexpr int field_padding = 6, combo_padding = 14, check_padding = 12,
               button_padding = 18; // beside the text
-constexpr int least_field = 30 * character, least_list = 90 * character, least_button = 48;
+constexpr int least_field = 30 * character, least_list = 90 * character, least_button = 48,
+              least_content = 70 * character;
 constexpr int list_line = line + 2, list_header = 14, list_scroll_bar = 10;
 constexpr int frame_side = 7, frame_top = 12, frame_bottom = 7;
 
@@ -154,7 +155,7 @@ int buttons_width(const FormDescription& form)
 
 int content_width(const FormDescription& form)
 {
-    int width = buttons_width(form);
+    int width = std::max(least_content, buttons_width(form));
     for (const Section& section : form.sections) {
         const auto columns = columns_of(form, section);
         for (const Row& row : section.rows)

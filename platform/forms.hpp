@@ -36,7 +36,7 @@ struct Control
     int lines = 1; // a text box of more than one scrolls
     bool enabled = true;
     bool read_only = false; // of a text box: its text can be marked and copied
-    bool visible = true; // a row of which nothing is takes no room
+    bool visible = true;    // a row of which nothing is takes no room
 };
 
 // Controls side by side.

@@ -51,26 +51,32 @@ public:
     WindowHandle window() const override { return reinterpret_cast<WindowHandle>(handle_); }
 
 private:
+    // Numbers of controls and tools, in order, and messages that the window posts to itself.
+    static constexpr int first_control = 100, first_tool = 1000;
+    static constexpr UINT event_message = WM_APP, close_message = WM_APP + 1;
+
     static INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second) noexcept;
 
     void make(HWND owner);
     void create(HWND owner);
     void create_controls();
     void set_font(int dots_per_inch);
-    void take_least_size();
+    void measure();
+    void resize(SIZE size);
     void place_controls();
     void move_to_middle_of(HWND owner);
+    void change_resolution(int dots_per_inch, const RECT& suggested);
 
     INT_PTR answer(UINT message, WPARAM first, LPARAM second);
-    INT_PTR answer(const NMHDR& notification);
+    INT_PTR answer(NMHDR& notification);
     void commanded(int id, int code);
     void run_posted(int id);
     void run(const std::function<void()>& event);
     void finish();
     void destroyed();
+    void forget();
     HBRUSH background_of(HDC paper, HWND window) const;
     bool show_busy_cursor();
-    void change_resolution(int dots_per_inch, const RECT& suggested);
 
     bool moves_focus(const MSG& key);
     void focus_next(bool backwards);

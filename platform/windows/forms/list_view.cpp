@@ -42,16 +42,19 @@ void ListView::widen_columns(const FormFont& font)
                                 font.pixels_across(columns_[i].width * 4 + cell_margin));
 }
 
+// The control takes its time for each change of the number of rows: it is told once, after all of them.
 void ListView::add_row(const ListRow& row)
 {
     rows_.push_back(row);
-    show_row_count();
+    if (!rows_posted_)
+        rows_posted_ =
+            PostMessageW(GetParent(window_), rows_message, static_cast<WPARAM>(GetDlgCtrlID(window_)), 0);
 }
 
-void ListView::show_row_count()
+void ListView::show_rows()
 {
-    ListView_SetItemCountEx(window_, static_cast<int>(rows_.size()),
-                            LVSICF_NOINVALIDATEALL | LVSICF_NOSCROLL);
+    rows_posted_ = false;
+    ListView_SetItemCountEx(window_, static_cast<int>(rows_.size()), LVSICF_NOSCROLL);
 }
 
 std::optional<ListRow> ListView::selected_row() const

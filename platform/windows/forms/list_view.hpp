@@ -11,6 +11,8 @@ namespace tolvex {
 class ListView
 {
 public:
+    // Posted to the form, with the control's number, once there are rows to show_rows().
+    static constexpr UINT rows_message = WM_APP + 2;
     static constexpr DWORD style = LVS_REPORT | LVS_SINGLESEL | LVS_SHOWSELALWAYS | LVS_OWNERDATA;
 
     explicit ListView(HWND window);
@@ -18,6 +20,7 @@ public:
     void clear_rows();
     void set_columns(const std::vector<ListColumn>& columns, const FormFont& font);
     void add_row(const ListRow& row);
+    void show_rows();
     std::optional<ListRow> selected_row() const;
     // The text of a cell that the control is about to draw.
     void give_text(LVITEMW& item) const;
@@ -25,11 +28,10 @@ public:
     void widen_columns(const FormFont& font);
 
 private:
-    void show_row_count();
-
     HWND window_;
     std::vector<ListColumn> columns_;
     std::vector<ListRow> rows_;
+    bool rows_posted_ = false;
 };
 
 } // namespace tolvex

@@ -95,7 +95,8 @@ NativeControl create_control(HWND form, const PlacedControl& placed, int id)
 HWND create_frame(HWND form, TextView caption)
 {
     const WindowKind kind{WC_BUTTONW, WS_VISIBLE | BS_GROUPBOX, WS_EX_TRANSPARENT};
-    return create_child(form, kind, replace_all(caption, u"&", u"&&"), 0);
+    // The blank: what measures the caption may give its last letter too little room.
+    return create_child(form, kind, replace_all(caption, u"&", u"&&") + u" ", 0);
 }
 
 void place_control(const NativeControl& control, const PlacedControl& placed, const FormFont& font)

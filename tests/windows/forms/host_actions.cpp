@@ -1,5 +1,5 @@
-// Whatever a host does to a maintenance window (destroys it, quits, lets go of the component, ends the thread), the
-// process goes on and the window can be opened again. A timer plays the user, whatever loop runs.
+// Whatever a host does to a maintenance window (destroys it, quits, lets go of the component, ends the
+// thread), the process goes on and the window can be opened again. A timer plays the user, in any loop.
 #include "../client.hpp"
 
 #include <commctrl.h>
@@ -50,8 +50,8 @@ void CALLBACK take_step(HWND, UINT, UINT_PTR, DWORD)
     step.act(window);
 }
 
-// Pumps until the steps are taken and every window is closed, ten seconds at most. Whether the host was asked to quit
-// before.
+// Pumps until the steps are taken and every window is closed, ten seconds at most. Whether the host was asked
+// to quit before.
 bool pump(std::vector<Step> wanted)
 {
     steps = std::move(wanted);
