@@ -1,7 +1,7 @@
 // A host that knows nothing of dialogs: it opens maintenance windows and runs the plainest message loop there
 // is.
 //
-//   host METHOD DATABASE [COMPANY]
+//   host METHOD DATABASE [COMPANY | FOLDER]
 //
 // Its own window counts the clicks that reach it. It ends when the last window of the component is closed and
 // says how many came.
@@ -51,15 +51,15 @@ bool others_are_open(HWND own)
     return others.count > 0;
 }
 
-Answer open_maintenance(const wchar_t* method, const wchar_t* database, const wchar_t* company)
+Answer open_maintenance(const wchar_t* method, const wchar_t* database, const wchar_t* last)
 {
     const auto maintenance = create<IDispatch>(L"TOLVEX.Maestros");
     auto* name = const_cast<wchar_t*>(method);
     DISPID id = DISPID_UNKNOWN;
     maintenance->GetIDsOfNames(IID_NULL, &name, 1, LOCALE_USER_DEFAULT, &id);
-    const Variant none(L""), file(database), server(L"sqlite:"), number(static_cast<SHORT>(_wtoi(company)));
+    const Variant none(L""), file(database), server(L"sqlite:"), given(last);
     std::vector<VARIANT> arguments = {server, file, none, none};
-    if (*company) arguments.insert(arguments.begin(), number);
+    if (*last) arguments.insert(arguments.begin(), given);
     return invoke(maintenance.Get(), id, arguments);
 }
 

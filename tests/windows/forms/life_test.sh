@@ -16,12 +16,25 @@ key_pair() {
     openssl pkcs8 -topk8 -v1 PBE-SHA1-3DES -in "$1.pem" -outform DER -out "$1.key" -passout pass:clave1
 }
 
+# Only an authority gives dates that are past.
+expired_certificate() {
+    printf '%s\n' '[ca]' 'default_ca = a' '[a]' 'database = ca.txt' 'serial = ca.srl' 'new_certs_dir = .' \
+        'default_md = sha256' 'policy = p' '[p]' 'commonName = supplied' '[req]' 'distinguished_name = n' '[n]' > ca.cnf
+    : > ca.txt && echo 3330303031 > ca.srl
+    openssl req -new -newkey rsa:2048 -nodes -keyout ca.pem -out ca.csr -subj "/CN=$1" -config ca.cnf 2> /dev/null
+    openssl ca -config ca.cnf -batch -selfsign -notext -keyfile ca.pem -in ca.csr -out ca.crt \
+        -startdate 20101022164226Z -enddate 20121002164226Z 2> /dev/null
+    openssl x509 -in ca.crt -outform DER -out "$1.cer"
+}
+
 "$runner" require "$bits"
 rm -rf "$work"
-mkdir -p "$work/sello"
+mkdir -p "$work/sello" "$work/vacia"
 cd "$work"
 key_pair propia 1000
 key_pair ajena 1000
+echo 'esto no es un certificado' > nada.cer
+expired_certificate vencida
 cp "$openssl_exe" sello/openssl.exe
 iconv -f UTF-8 -t CP1252 "$here/../issue/flat_file.vbs" > flat_file.vbs
 cat > documentos.txt <<- FILE
@@ -44,5 +57,7 @@ sqlite3 tolvex.db "select cCadenaOriginal from fe_ventas_resumen" | tr -d '\n' |
 expect "el sello" openssl dgst -sha1 -verify propia.pub -signature firma cadena
 expect "el reporte" diff <(cat 1FNA010101AAA032011.TXT) \
     <(printf '|PEGM800101AB1|A|1|2011918|15/03/2011 14:05:09|1044.00|144.00|1|I||||\r\n')
-expect "de los archivos de trabajo queda la llave sola" diff <(ls sello) <(printf '%s\n' Facturas openssl.exe pkey.key.pem)
+# Of the certificates that were chosen first their PEM form stays, as documented: only the last one's is removed.
+expect "de los archivos de trabajo queda la llave" \
+    diff <(ls sello) <(printf '%s\n' Facturas nada.cer.pem openssl.exe pkey.key.pem vencida.cer.pem)
 end_of_checks

@@ -10,9 +10,6 @@ bits=$1 component=$2 host=$3 work=$4 pictures=$4/screenshots dpi=96
 
 windows() { "$here/../run_in_testbed.sh" "$bits" 120 "$@"; }
 
-# As typed: small letters will do.
-typed_path() { windows_path "$1" | tr '[:upper:]' '[:lower:]'; }
-
 opens() { windows "$host" "$1" "$(windows_path "$work/tolvex.db")" "${@:2}" > /dev/null & }
 closes() {
     appears "$1"
@@ -67,18 +64,38 @@ registers_company() {
     closes 'Maestro de Empresas'
 }
 
-# From the description: Enter by Enter to the folder, the certificate, the key.
+# From the field of its path.
+chooses_certificate() {
+    press Return space
+    chooses_file 'Especifique el certificado' "$work/$1.cer" elige-certificado
+    appears 'Alta de Certificado'
+    sleep 2
+    takes_picture "$2"
+}
+
+# From the description: Enter by Enter to the folder, the certificate, the key. The host was started in the shop's
+# folder.
 registers_certificate() {
     opens MuestraCertificados 1
     appears 'Maestro de Certificados'
     clicks_new 'Maestro de Certificados'
     appears 'Alta de Certificado'
-    fills 'sello propio' "$(typed_path "$work/sello")" ''
-    press Return space
-    chooses_file 'Especifique el certificado' "$work/propia.cer" elige-certificado
+    fills 'sello propio' vacia '' # where there is no openssl
+    chooses_certificate propia sin-openssl
+    press Return Return space
+    chooses_file 'Especifique la llave' "$work/propia.key" elige-llave
+    reads 'Contraseña incorrecta' llave-sin-openssl
     appears 'Alta de Certificado'
-    sleep 2
-    takes_picture certificado-leido
+    press Escape Escape Escape Escape Escape
+    fills sello ''
+    chooses_certificate nada no-es-certificado
+    press space
+    chooses_file 'Especifique el certificado' "$work/vencida.cer" elige-certificado
+    reads TOLVEX caducado
+    appears 'Alta de Certificado'
+    takes_picture certificado-vencido
+    press Escape
+    chooses_certificate propia certificado-leido
     press Return Return space
     chooses_file 'Especifique la llave' "$work/ajena.key" elige-llave
     types_password clave1 consola
@@ -128,11 +145,9 @@ issues_document() {
 
 # March 2011 from November 2020: the lists go to what begins with the letter typed.
 asks_for_report() {
-    opens GeneraReporteDeFoliosUtilizados
+    opens GeneraReporteDeFoliosUtilizados "$(windows_path "$work")"
     appears 'Reporte mensual de folios utilizados'
     press Return Home Down Down Return Home Down Return
-    press ctrl+a
-    writes "$(typed_path "$work")"
     takes_picture reporte
     press alt+g
     reads TOLVEX reporte-hecho

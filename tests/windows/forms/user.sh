@@ -15,10 +15,7 @@ writes() {
             ó) keys+=(dead_acute o) ;;
             ú) keys+=(dead_acute u) ;;
             ñ) keys+=(ntilde) ;;
-            :) keys+=(colon) ;;
             .) keys+=(period) ;;
-            _) keys+=(underscore) ;;
-            \\) keys+=(backslash) ;;
             *) keys+=("$letter") ;;
         esac
     done
