@@ -44,8 +44,14 @@ cat > documentos.txt <<- FILE
 	EMITE||1
 FILE
 
-"$runner" --display session 400 "$here/run_life.sh" "$bits" "$component" "$host" "$work" | tee said
-expect "el recorrido" grep -q 'FIN: [1-9][0-9]* comprobaciones, 0 fallas$' said
+first_day() {
+    rm -rf tolvex.db* sello/*.pem sello/Facturas ./*.TXT
+    "$runner" --display session 400 "$here/run_life.sh" "$bits" "$component" "$host" "$work" | tee said
+    grep -q 'FIN: [1-9][0-9]* comprobaciones, 0 fallas$' said
+}
+
+# On a machine with much else to do a key may be lost on its way; a fault is there the second time too.
+expect "el recorrido" eval 'first_day || first_day'
 rows_are() { diff <(sqlite3 tolvex.db "$1") - <<< "$2"; }
 expect "el certificado" rows_are "select nEmpresa, nCertificado, cDescripcion, cSerie_Certificado, nDiasDeAviso,
     length(cCertificado) > 1000 from fe_certificados" '1|1|sello propio|30001|15|1'
