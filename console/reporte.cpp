@@ -5,7 +5,6 @@
 #include "core/text.hpp"
 #include "platform/files.hpp"
 #include "reports/monthly_report.hpp"
-#include "session/configuracion.hpp"
 
 namespace tolvex::console {
 
@@ -34,9 +33,7 @@ public:
         const Text folder = files::absolute_path(to_text(folder_));
         if (!files::folder_exists(folder)) return fail(u"no existe la carpeta " + folder);
         connect(place);
-        const Value rfc =
-            fgValorCampo(session(), u"cRfc",
-                         u" select cRfc from fe_empresas (nolock) where nEmpresa=" + decimal(company_));
+        const Value rfc = company_rfc(session(), decimal(company_));
         if (rfc.is_null()) return fail(u"no existe la empresa " + decimal(company_));
         const ReportedMonth month{company_, decimal(year_), format(static_cast<double>(month_), u"00")};
         const Text path = plCreaNombreArchivo(folder, rfc.text(), month.month, month.year);

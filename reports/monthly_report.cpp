@@ -6,6 +6,7 @@
 #include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "platform/new_file.hpp"
+#include "session/configuracion.hpp"
 
 namespace tolvex {
 
@@ -51,6 +52,12 @@ std::string line_bytes(const Recordset& row)
 }
 
 } // namespace
+
+Value company_rfc(Session& session, const Text& company)
+{
+    return fgValorCampo(session, u"cRfc",
+                        u" select cRfc from fe_empresas (nolock) where nEmpresa=" + company);
+}
 
 Text plCreaNombreArchivo(const Text& folder, const Text& rfc, const Text& month, const Text& year)
 {

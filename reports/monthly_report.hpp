@@ -2,7 +2,7 @@
 // a company and month, cancelled ones included.
 #pragma once
 
-#include "database/connection.hpp"
+#include "session/session.hpp"
 
 namespace tolvex {
 
@@ -11,6 +11,9 @@ struct ReportedMonth
     std::int16_t company;
     Text year, month; // "2012", "03"
 };
+
+// Tax identity of a company, for the report's name; Null when there is none of that number.
+Value company_rfc(Session& session, const Text& company);
 
 // Where the report is written: "C:\R\1AAA010101AAA032012.TXT".
 Text plCreaNombreArchivo(const Text& folder, const Text& rfc, const Text& month, const Text& year);

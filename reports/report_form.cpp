@@ -96,9 +96,7 @@ private:
     {
         const Text company = view.chosen(u"CBoEmpresas");
         if (company.empty()) return;
-        rfc_ = fgValorCampo(session_, u"cRfc",
-                            u" select cRfc from fe_empresas (nolock) where nEmpresa=" + company)
-                   .text();
+        rfc_ = company_rfc(session_, company).text();
     }
 
     void choose_folder(FormView& view)

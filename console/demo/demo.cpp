@@ -23,7 +23,7 @@ namespace tolvex::console {
 namespace {
 
 constexpr TextView certificate_number = u"20001000000100005867";
-constexpr TextView company_rfc = u"AES010101AAA";
+constexpr TextView sample_rfc = u"AES010101AAA";
 constexpr TextView key_password = u"12345678a";
 
 // The tax authority spells a certificate's number in the ASCII codes of its serial: digit 2 is the byte 32.
@@ -146,7 +146,7 @@ void Demo::register_master_data()
 
 void Demo::find_numbers()
 {
-    company_ = find_company(session(), Text(company_rfc));
+    company_ = find_company(session(), Text(sample_rfc));
     branch_ = find_branch(session(), company_, u"MATRIZ");
     invoices_ = find_folio_range(session(), company_, u"FACTURAS", u"A", u"1");
     credit_notes_ = find_folio_range(session(), company_, u"NOTAS DE CREDITO", u"NC", u"1");
