@@ -55,6 +55,8 @@ expect "el recorrido" eval 'first_day || first_day'
 rows_are() { diff <(sqlite3 tolvex.db "$1") - <<< "$2"; }
 expect "el certificado" rows_are "select nEmpresa, nCertificado, cDescripcion, cSerie_Certificado, nDiasDeAviso,
     length(cCertificado) > 1000 from fe_certificados" '1|1|sello propio|30001|15|1'
+expect "es el de esta tienda" rows_are "select lower(cRuta_Certificado) from fe_certificados" \
+    "$(windows_path "$work/propia.cer" | tr '[:upper:]' '[:lower:]')"
 expect "la sucursal sella con él" rows_are "select nSucursal, nCertificado from fe_sucursales" '1|1'
 expect "el rango" rows_are "select nFolio, nSucursal, nCertificado, cSerie, nUltimoFolio from fe_folios" '1|1|1|A|1'
 openssl x509 -inform DER -in propia.cer -noout -pubkey > propia.pub

@@ -154,10 +154,16 @@ asks_for_report() {
     closes 'Reporte mensual de folios utilizados'
 }
 
+# Where a user last chose a file, which the other bitness may have done elsewhere.
+forget_last_folder() {
+    windows reg delete 'HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer\ComDlg32' /f > /dev/null || true
+}
+
 mkdir -p "$pictures"
 wait_until has_window_manager
 setxkbmap latam
 windows "$(system_folder "$bits")\\regsvr32.exe" /s "$(windows_path "$component")"
+forget_last_folder
 registers_company
 registers_certificate
 registers_branch
