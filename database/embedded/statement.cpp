@@ -77,6 +77,11 @@ struct Binder
         return sqlite3_bind_text16(statement, index, text.data(),
                                    static_cast<int>(text.size() * sizeof(char16_t)), SQLITE_TRANSIENT);
     }
+    int operator()(const Bytes& bytes) const
+    {
+        return sqlite3_bind_blob(statement, index, bytes.data.data(), static_cast<int>(bytes.data.size()),
+                                 SQLITE_TRANSIENT);
+    }
 };
 
 } // namespace
@@ -97,6 +102,12 @@ std::size_t Statement::parameter_count() const { return sqlite3_bind_parameter_c
 void Statement::bind(std::size_t parameter, const Value& value)
 {
     database_->check(value.visit(Binder{handle_.get(), static_cast<int>(parameter) + 1}));
+}
+
+Text Statement::parameter_name(std::size_t parameter) const
+{
+    const char* name = sqlite3_bind_parameter_name(handle_.get(), static_cast<int>(parameter) + 1);
+    return name ? to_text(name) : Text();
 }
 
 bool Statement::step()
@@ -125,6 +136,7 @@ Value Statement::value(std::size_t index, ColumnKind kind) const
     const int i = static_cast<int>(index);
     const int storage = sqlite3_column_type(handle_.get(), i);
     if (storage == SQLITE_NULL) return {};
+    if (storage == SQLITE_BLOB) return bytes(i);
     const bool is_number = storage == SQLITE_INTEGER || storage == SQLITE_FLOAT;
     switch (kind) {
     case ColumnKind::text:
@@ -138,6 +150,7 @@ Value Statement::value(std::size_t index, ColumnKind kind) const
     case ColumnKind::floating:
         return is_number ? Value(sqlite3_column_double(handle_.get(), i)) : text(i);
     case ColumnKind::integer:
+    case ColumnKind::binary:
         break;
     }
     return stored_value(i);
@@ -148,6 +161,13 @@ Text Statement::text(int index) const
     const auto* text = static_cast<const char16_t*>(sqlite3_column_text16(handle_.get(), index));
     if (!text) return {};
     return Text(text, sqlite3_column_bytes16(handle_.get(), index) / sizeof(char16_t));
+}
+
+Bytes Statement::bytes(int index) const
+{
+    const auto* data = static_cast<const char*>(sqlite3_column_blob(handle_.get(), index));
+    if (!data) return {};
+    return {{data, static_cast<std::size_t>(sqlite3_column_bytes(handle_.get(), index))}};
 }
 
 Value Statement::stored_value(int index) const

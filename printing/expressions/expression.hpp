@@ -84,6 +84,7 @@ public:
     explicit Accumulator(AggregateFunction function);
     ~Accumulator();
     Accumulator(Accumulator&&) noexcept;
+    Accumulator& operator=(Accumulator&&) noexcept;
     void add(const Variant& value);
     Variant result() const;
 

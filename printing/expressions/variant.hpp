@@ -1,6 +1,7 @@
 // A value as the expressions of a layout know it.
 #pragma once
 
+#include "core/bytes.hpp"
 #include "core/text.hpp"
 
 #include <variant>
@@ -11,11 +12,6 @@ namespace tolvex::printing {
 struct Nothing
 {
     friend bool operator==(Nothing, Nothing) = default;
-};
-struct Bytes
-{
-    std::string data;
-    friend bool operator==(const Bytes&, const Bytes&) = default;
 };
 
 // Nothing, Boolean, whole number, floating number, decimal number (exact to four decimals), date, text, the bytes of
