@@ -254,6 +254,11 @@ struct DataSet
     std::vector<Sorting> sorting;
 };
 
+struct ParameterValue // what may be chosen for a parameter, and the words that are shown for it
+{
+    Expression value, label;
+};
+
 struct ReportParameter
 {
     Text name;
@@ -261,6 +266,8 @@ struct ReportParameter
     bool nullable = false, multi_value = false, allow_blank = false;
     std::vector<Expression> defaults;
     Text default_data_set, default_field; // where the defaults come from a query
+    std::vector<ParameterValue> valid_values;
+    Place place;
 };
 
 struct PageSection
