@@ -27,7 +27,9 @@ constexpr DeclaredType declared_types[] = {
     {u"money", ColumnKind::money, 19},     {u"smallmoney", ColumnKind::money, 10},
     {u"decimal", ColumnKind::money, 18},   {u"numeric", ColumnKind::money, 18},
     {u"datetime", ColumnKind::date, 23},   {u"smalldatetime", ColumnKind::date, 16},
-    {u"datetime2", ColumnKind::date, 27},  {u"date", ColumnKind::date, 10}};
+    {u"datetime2", ColumnKind::date, 27},  {u"date", ColumnKind::date, 10},
+    {u"image", ColumnKind::binary, 0},     {u"varbinary", ColumnKind::binary, 0},
+    {u"binary", ColumnKind::binary, 0}};
 
 Column column_of_declared_type(const Text& declared)
 {

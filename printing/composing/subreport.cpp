@@ -42,9 +42,9 @@ const Layout& layout_of(Composition& composition, const Text& file)
     return *known;
 }
 
-std::vector<ParameterValue> values_for(const Subreport& subreport, const ScopeEnvironment& here)
+std::vector<Argument> values_for(const Subreport& subreport, const ScopeEnvironment& here)
 {
-    std::vector<ParameterValue> values;
+    std::vector<Argument> values;
     for (const SubreportParameter& parameter : subreport.parameters)
         values.push_back({parameter.name, parameter.value.evaluate(here)});
     return values;

@@ -5,7 +5,7 @@
 
 namespace tolvex::printing {
 
-struct ParameterValue
+struct Argument
 {
     Text name; // with or without "@", in any letter case
     Variant value;
