@@ -2,16 +2,30 @@
 if(WIN32)
     # Built by setup/windows.sh for this architecture.
     set(libraries ${TOLVEX_WINDOWS_BUILD}/${TOLVEX_WINDOWS_TRIPLET})
-    add_library(tolvex_sqlite STATIC IMPORTED)
-    set_target_properties(tolvex_sqlite PROPERTIES
-        IMPORTED_LOCATION ${libraries}/lib/libsqlite3.a INTERFACE_INCLUDE_DIRECTORIES ${libraries}/include)
-    set(TOLVEX_LIBRARIES tolvex_sqlite odbc32 ole32 oleaut32 uuid shell32 comdlg32 comctl32 gdi32 user32
-        advapi32)
+    foreach(library IN ITEMS sqlite3 expat hpdf)
+        add_library(tolvex_${library} STATIC IMPORTED)
+        set_target_properties(tolvex_${library} PROPERTIES
+            IMPORTED_LOCATION ${libraries}/lib/lib${library}.a INTERFACE_INCLUDE_DIRECTORIES ${libraries}/include)
+    endforeach()
+    target_compile_definitions(tolvex_expat INTERFACE XML_STATIC)
+    set(ZLIB_USE_STATIC_LIBS ON)
+    find_package(ZLIB REQUIRED)
+    target_link_libraries(tolvex_hpdf INTERFACE ZLIB::ZLIB)
+    set(TOLVEX_LIBRARIES tolvex_sqlite3 tolvex_expat tolvex_hpdf odbc32 ole32 oleaut32 uuid shell32 comdlg32 comctl32
+        gdi32 user32 advapi32)
 else()
     find_package(PkgConfig REQUIRED)
     find_package(SQLite3 REQUIRED)
     find_package(LibXml2 REQUIRED)
     find_package(EXPAT REQUIRED)
+    find_package(ZLIB REQUIRED)
+    find_package(PNG REQUIRED)
+    find_package(GIF REQUIRED)
+    find_package(Fontconfig REQUIRED)
+    find_package(Cups REQUIRED)
     pkg_check_modules(ODBC REQUIRED IMPORTED_TARGET odbc)
-    set(TOLVEX_LIBRARIES SQLite::SQLite3 LibXml2::LibXml2 EXPAT::EXPAT PkgConfig::ODBC)
+    pkg_check_modules(TURBOJPEG REQUIRED IMPORTED_TARGET libturbojpeg)
+    find_library(HPDF hpdf REQUIRED)
+    set(TOLVEX_LIBRARIES SQLite::SQLite3 LibXml2::LibXml2 EXPAT::EXPAT PkgConfig::ODBC ${HPDF} ZLIB::ZLIB PNG::PNG
+        PkgConfig::TURBOJPEG GIF::GIF Fontconfig::Fontconfig Cups::Cups)
 endif()

@@ -2,8 +2,8 @@
 # Installs the cross compilers of the Windows edition and builds what it links in and is tested with, from Debian's
 # own source packages, under build/windows:
 #
-#   TRIPLET/include/sqlite3.h, TRIPLET/lib/libsqlite3.a   the embedded database
-#   TRIPLET/bin/openssl.exe                               for the tests; users have their own
+#   TRIPLET/include/, TRIPLET/lib/    SQLite, the embedded database; Expat, which reads XML; libharu, which writes PDF
+#   TRIPLET/bin/openssl.exe           for the tests; users have their own
 #
 # A part is built again when its recipe below or the compiler changes.
 . "$(dirname "$0")/common.sh"
@@ -38,6 +38,14 @@ unpack_source() {
 
 # --- the parts -------------------------------------------------------------------------------------------------------
 
+# Leaves a source in work/NAME as its authors released it, for a package whose patches are about its packaging.
+unpack_release() {
+    mkdir -p "$work/download-$1" "$work/$1"
+    cd "$work/download-$1"
+    private_apt --download-only --tar-only source "$1"
+    tar --strip-components=1 -C "$work/$1" -xf ./*.orig.tar.*
+}
+
 # Runs a function for each bitness at the same time; a core for each when there are two.
 for_both_bitnesses() {
     local triplet job jobs=()
@@ -68,6 +76,40 @@ compile_sqlite() {
     cp sqlite3.h "$windows/$1/include/"
 }
 
+build_expat() {
+    unpack_source expat
+    touch "$work/expat/expat_config.h"
+    for_both_bitnesses compile_expat
+}
+
+compile_expat() {
+    start_library expat "$1"
+    "$1-gcc-posix" -O2 -D_WIN32_WINNT=0x0601 -DXML_STATIC -DXML_DTD=1 -DXML_GE=1 -DXML_NS -DXML_CONTEXT_BYTES=1024 \
+        -DBYTEORDER=1234 -I.. -c ../expat/lib/xml{parse,role,tok}.c
+    "$1-ar" rcs "$windows/$1/lib/libexpat.a" ./*.o
+    cp ../expat/lib/expat*.h "$windows/$1/include/"
+}
+
+# Pictures reach it decoded, so that it needs none of the libraries that decode them.
+build_libharu() {
+    unpack_release libharu
+    echo '#define LIBHPDF_HAVE_NOPNGLIB' > "$work/libharu/include/hpdf_config.h"
+    for_both_bitnesses compile_libharu
+}
+
+compile_libharu() {
+    start_library libharu "$1"
+    "$1-gcc-posix" -O2 -D_WIN32_WINNT=0x0601 -I../include -c ../src/*.c
+    "$1-ar" rcs "$windows/$1/lib/libhpdf.a" ./*.o
+    cp ../include/*.h "$windows/$1/include/"
+}
+
+# NAME TRIPLET: an empty folder to compile in.
+start_library() {
+    mkdir -p "$work/$1/$2" "$windows/$2/include" "$windows/$2/lib"
+    cd "$work/$1/$2"
+}
+
 build_openssl() {
     unpack_source openssl
     for_both_bitnesses compile_openssl
@@ -92,7 +134,7 @@ compile_openssl() {
 # Runs a recipe unless its last run was with the same text and compiler.
 build_once() {
     local key stamp=$windows/$1.stamp log=$windows/$1.log
-    key=$({ declare -f "$@" unpack_source for_both_bitnesses && "${triplets[0]}-gcc-posix" --version; } |
+    key=$({ declare -f "$@" unpack_source unpack_release start_library for_both_bitnesses && "${triplets[0]}-gcc-posix" --version; } |
         sha256sum)
     [ "$key" != "$(cat "$stamp" 2> /dev/null)" ] || return 0
     say "construyendo para Windows: ${1#build_}"
@@ -104,9 +146,11 @@ build_once() {
 }
 
 install_packages cmake ninja-build gcc libc6-dev make perl xz-utils patch dpkg-dev tcl ca-certificates \
-    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix googletest
+    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix libz-mingw-w64-dev googletest
 mkdir -p "$windows"
 rm -rf "$work"
 build_once build_sqlite compile_sqlite
+build_once build_expat compile_expat
+build_once build_libharu compile_libharu
 build_once build_openssl compile_openssl
 rm -rf "$work"
