@@ -7,7 +7,7 @@ namespace {
 constexpr TextView alphabet = u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/";
 constexpr TextView blanks = u" \t\r\n";
 
-// What "=" may stand for at the end of a text with so many digits: none, or the 4 or 2 bits that fill the last byte.
+// Whether as many "=" stand at the end as so many digits need, which give whole bytes.
 bool ends_well(std::size_t digits, std::size_t fillers)
 {
     return digits % 4 == 0 ? fillers == 0 : digits % 4 != 1 && fillers == 4 - digits % 4;

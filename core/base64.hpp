@@ -7,7 +7,8 @@
 
 namespace tolvex {
 
-// The bytes; white space anywhere is skipped. Nothing for a text with other characters, or that ends in the middle.
+// The bytes; white space anywhere is skipped. Nothing for a text with other characters, or that ends in the
+// middle.
 std::optional<std::string> from_base64(TextView text);
 
 } // namespace tolvex

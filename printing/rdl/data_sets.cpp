@@ -73,8 +73,8 @@ void read_default(Reading& in, const Element& parameter, ReportParameter& read)
     }
 }
 
-// What a person may choose among, with the words that are shown for each. Those of a query are asked for by viewers
-// only.
+// What a person may choose among, with the words that are shown for each. Those of a query are asked for by
+// viewers only.
 void read_valid_values(Reading& in, const Element& parameter, ReportParameter& read)
 {
     const Element* const element = in.child(parameter, u"ValidValues");

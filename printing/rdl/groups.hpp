@@ -1,4 +1,5 @@
-// What data regions, groups and items have in common: filters, sorting, grouping, page breaks, visibility, variables.
+// What data regions, groups and items have in common: filters, sorting, grouping, page breaks, visibility,
+// variables.
 #pragma once
 
 #include "printing/rdl/reading.hpp"

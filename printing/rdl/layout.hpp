@@ -1,5 +1,5 @@
-// A report layout, whatever schema it was written in (2005, 2008, 2010, 2016): the Table, Matrix and List of the first
-// are Tablixes here too. Lengths are in points.
+// A report layout, whatever schema it was written in (2005, 2008, 2010, 2016): the Table, Matrix and List of
+// the first are Tablixes here too. Lengths are in points.
 #pragma once
 
 #include "printing/expressions/expression.hpp"
@@ -148,9 +148,9 @@ struct ReportItem
 struct Filter
 {
     Expression value;
-    Text
-        comparison; // Equal, NotEqual, Like, GreaterThan, GreaterThanOrEqual, LessThan, LessThanOrEqual, In, Between,
-                    // TopN, BottomN, TopPercent, BottomPercent
+    // Equal, NotEqual, Like, GreaterThan, GreaterThanOrEqual, LessThan, LessThanOrEqual, In, Between, TopN,
+    // BottomN, TopPercent, BottomPercent
+    Text comparison;
     std::vector<Expression> operands;
 };
 
@@ -189,8 +189,8 @@ struct TablixHeader
     std::shared_ptr<const ReportItem> content;
 };
 
-// A row or column of the hierarchy: static, or repeated for each instance of its group. Leaves match the rows and
-// columns of the body, in order.
+// A row or column of the hierarchy: static, or repeated for each instance of its group. Leaves match the rows
+// and columns of the body, in order.
 struct TablixMember
 {
     Place place;
@@ -316,5 +316,9 @@ struct Layout
 Layout read_layout(TextView path);
 // The same from the text of a file.
 Layout parse_layout(std::string_view xml);
+
+// The file of a subreport, which lies beside the layout, whatever folder of a server its name tells; empty
+// when there is none.
+Text subreport_file(const Layout& layout, TextView report);
 
 } // namespace tolvex::printing

@@ -123,8 +123,8 @@ void add_body(Reading& in, const Element& body, Layout& layout)
     layout.body_height += height;
 }
 
-// Page and body of a report section, or of the whole report in the schemas without sections. In 2005 there is no Page:
-// what it holds stands in the report itself.
+// Page and body of a report section, or of the whole report in the schemas without sections. In 2005 there
+// is no Page: what it holds stands in the report itself.
 void read_first_section(Reading& in, const Element& section, Layout& layout)
 {
     const Element& body = body_of(in, section);
@@ -172,11 +172,7 @@ void read_report(Reading& in, const Element& report, Layout& layout)
     in.remark_unread(report);
 }
 
-Text name_without_extension(TextView path)
-{
-    const TextView name = path.substr(path.find_last_of(u"\\/") + 1);
-    return Text(name.substr(0, name.rfind(u'.')));
-}
+Text name_of(TextView path) { return Text(path.substr(path.find_last_of(u"\\/") + 1)); }
 
 } // namespace
 
@@ -185,7 +181,8 @@ Layout read_layout(TextView path)
     if (files::size(path) > most_bytes) throw invalid_call(u"El formato mide más de 64 MB: " + Text(path));
     Layout layout = parse_layout(files::read(path));
     layout.file = path;
-    layout.name = name_without_extension(path);
+    layout.name = name_of(path);
+    layout.name.resize(std::min(layout.name.size(), layout.name.rfind(u'.')));
     return layout;
 }
 
@@ -198,6 +195,14 @@ Layout parse_layout(std::string_view xml)
     read_report(in, tree.root(), layout);
     std::ranges::stable_sort(layout.remarks, {}, [](const Remark& remark) { return remark.place.line; });
     return layout;
+}
+
+Text subreport_file(const Layout& layout, TextView report)
+{
+    const Text path = files::resolved(layout.file, name_of(report));
+    for (const Text& name : {path, path + u".rdl"})
+        if (files::exists(name) && !files::folder_exists(name)) return name;
+    return {};
 }
 
 } // namespace tolvex::printing

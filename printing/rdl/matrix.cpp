@@ -1,5 +1,6 @@
-// The Matrix of 2005: row and column groupings, one inside the other, around one cell, or as many as there are static
-// rows and columns. As a Tablix it has a row for each static one, and once more for each subtotal.
+// The Matrix of 2005: row and column groupings, one inside the other, around one cell, or as many as there
+// are static rows and columns. As a Tablix it has a row for each static one, and once more for each
+// subtotal.
 #include "printing/rdl/data_regions.hpp"
 #include "printing/rdl/groups.hpp"
 #include "printing/rdl/report_items.hpp"
@@ -122,7 +123,8 @@ private:
         return members;
     }
 
-    // In a subtotal the groups inside it have no instances: a header takes the room of those that follow at once.
+    // In a subtotal the groups inside it have no instances: a header takes the room of those that follow at
+    // once.
     double size_of_groups_from(std::size_t level)
     {
         double sum = 0;

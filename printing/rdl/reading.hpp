@@ -1,5 +1,5 @@
-// What the readers of a layout's parts share: looking up what stands below an element, saying what is wrong with it,
-// and knowing at the end what nobody looked at.
+// What the readers of a layout's parts share: looking up what stands below an element, saying what is wrong
+// with it, and knowing at the end what nobody looked at.
 #pragma once
 
 #include "core/errors.hpp"

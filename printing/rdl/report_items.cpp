@@ -11,7 +11,8 @@ namespace tolvex::printing {
 
 namespace {
 
-// <Action>, or the first of the <Actions> of 2008. Where a click would lead to in a viewer is told and left out.
+// <Action>, or the first of the <Actions> of 2008. Where a click would lead to in a viewer is told and left
+// out.
 Action read_action(Reading& in, const Element& parent)
 {
     const Element* const info = in.child(parent, u"ActionInfo");
@@ -161,7 +162,8 @@ ReadContent reader_of(const Element& element)
     return read_unsupported;
 }
 
-// What an item does not say of its size is the rest of what it stands in. A line reads its own, which may be negative.
+// What an item does not say of its size is the rest of what it stands in. A line reads its own, which may be
+// negative.
 void read_box(Reading& in, const Element& element, Size room, ReportItem& item)
 {
     item.left = in.length(element, u"Left").value_or(0);

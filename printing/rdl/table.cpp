@@ -36,7 +36,8 @@ private:
         }
     }
 
-    // Header or footer: rows that stay with what they head or close, and come again on each page where they say so.
+    // Header or footer: rows that stay with what they head or close, and come again on each page where they
+    // say so.
     void read_band(std::vector<TablixMember>& members, const Element& parent, TextView name,
                    KeepWithGroup keep)
     {

@@ -92,8 +92,8 @@ KeepWithGroup read_keep_with_group(Reading& in, const Element& member)
     return keep == u"After" ? KeepWithGroup::after : KeepWithGroup::none;
 }
 
-// The rows or the columns of a Tablix. Its leaves take the sizes of the body one after the other, so that a header knows
-// how long it is.
+// The rows or the columns of a Tablix. Its leaves take the sizes of the body one after the other, so that a
+// header knows how long it is.
 class Hierarchy
 {
 public:

@@ -62,7 +62,8 @@ int XMLCALL know_encoding(void*, const XML_Char* name, XML_Encoding* encoding)
     return XML_STATUS_OK;
 }
 
-// Builds the tree from what expat meets. No exception may pass through expat, so a refusal is kept until it is back.
+// Builds the tree from what expat meets. No exception may pass through expat, so a refusal is kept until it
+// is back.
 class Builder
 {
 public:
@@ -134,7 +135,8 @@ private:
         open_.pop_back();
     }
 
-    // Gives the text that came since the last tag to the open element. What only indents its children is none.
+    // Gives the text that came since the last tag to the open element. What only indents its children is
+    // none.
     void take_text()
     {
         const bool indents = pending_.find_first_not_of(" \t\n") == std::string::npos;

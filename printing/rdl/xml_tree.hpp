@@ -22,9 +22,9 @@ struct Element
 class XmlTree
 {
 public:
-    // Throws Error 5, with the line, for what is no well-formed XML, for any document type declaration (so there are
-    // no entities but the five of XML), and for more than 200 levels or 200,000 elements. UTF-8, UTF-16,
-    // ISO-8859-1 and Windows-1252.
+    // Throws Error 5, with the line, for what is no well-formed XML, for any document type declaration (so
+    // there are no entities but the five of XML), and for more than 200 levels or 200,000 elements. UTF-8,
+    // UTF-16, ISO-8859-1 and Windows-1252.
     explicit XmlTree(std::string_view bytes);
 
     const Element& root() const { return elements_.front(); }
