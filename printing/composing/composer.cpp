@@ -81,7 +81,7 @@ void give_with_totals(const Report& report, pages::PageSink& sink)
 
 } // namespace
 
-std::vector<Remark> compose(const Layout& layout, const std::vector<Argument>& parameters,
+std::vector<Remark> compose(const Layout& layout, const std::vector<GivenValue>& parameters,
                             Connection& connection, Date now, pages::PageSink& sink)
 {
     Composition composition{connection, now};

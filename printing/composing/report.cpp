@@ -13,9 +13,9 @@ namespace {
 
 TextView without_at(TextView name) { return name.substr(name.starts_with(u'@') ? 1 : 0); }
 
-const Variant* find(const std::vector<Argument>& values, TextView name)
+const Variant* find(const std::vector<GivenValue>& values, TextView name)
 {
-    for (const Argument& each : values)
+    for (const GivenValue& each : values)
         if (equal_ignoring_case(without_at(each.name), without_at(name))) return &each.value;
     return nullptr;
 }
@@ -126,7 +126,7 @@ void Composition::remark(const Place& place, const Text& text)
     if (std::none_of(remarks.begin(), remarks.end(), same)) remarks.push_back({place, text});
 }
 
-Report::Report(const Layout& layout, const std::vector<Argument>& given, Composition& composition)
+Report::Report(const Layout& layout, const std::vector<GivenValue>& given, Composition& composition)
     : layout_(layout), composition_(composition), culture_(&printing::culture(u""))
 {
     check_names(given);
@@ -139,7 +139,7 @@ Report::Report(const Layout& layout, const std::vector<Argument>& given, Composi
     if (layout.footer) collect_text_boxes(layout.footer->items, text_boxes_);
 }
 
-void Report::check_names(const std::vector<Argument>& given) const
+void Report::check_names(const std::vector<GivenValue>& given) const
 {
     const auto knows = [this](TextView name) {
         const auto is_it = [name](const auto& each) {
@@ -150,11 +150,11 @@ void Report::check_names(const std::vector<Argument>& given) const
                    return std::any_of(data_set.parameters.begin(), data_set.parameters.end(), is_it);
                });
     };
-    for (const Argument& each : given)
+    for (const GivenValue& each : given)
         if (!knows(each.name)) throw invalid_call(u"El reporte no tiene el parámetro «" + each.name + u"»");
 }
 
-void Report::set_parameters(const std::vector<Argument>& given)
+void Report::set_parameters(const std::vector<GivenValue>& given)
 {
     for (const ReportParameter& parameter : layout_.parameters) {
         const Variant* value = find(given, parameter.name);
@@ -167,7 +167,7 @@ void Report::set_parameters(const std::vector<Argument>& given)
     }
 }
 
-Variant Report::default_of(const ReportParameter& parameter, const std::vector<Argument>& given)
+Variant Report::default_of(const ReportParameter& parameter, const std::vector<GivenValue>& given)
 {
     Variant::List values;
     const ScopeEnvironment here(*this, nullptr);
@@ -189,16 +189,17 @@ Variant Report::default_of(const ReportParameter& parameter, const std::vector<A
     return values.empty() ? Variant() : values.front();
 }
 
-void Report::run_data_set(const DataSet& data_set, const std::vector<Argument>& given)
+void Report::run_data_set(const DataSet& data_set, const std::vector<GivenValue>& given)
 {
     try {
         const ScopeEnvironment here(*this, nullptr);
         Text sql = data_set.command.evaluate(here).text();
+        if (data_set.whole_table) sql.insert(0, u"Select * From ");
         std::vector<NamedValue> bound;
         for (const QueryParameter& parameter : data_set.parameters) {
             const Variant* value = find(given, parameter.name);
             bind_value(sql, Text(without_at(parameter.name)), value ? *value : parameter.value.evaluate(here),
-                 bound);
+                       bound);
         }
         DataTable& table = tables_.emplace_back();
         table.definition = &data_set;

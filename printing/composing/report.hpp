@@ -2,7 +2,7 @@
 #pragma once
 
 #include "database/connection.hpp"
-#include "printing/composing/argument.hpp"
+#include "printing/composing/given_value.hpp"
 #include "printing/composing/scope.hpp"
 
 #include <deque>
@@ -34,7 +34,7 @@ class Report
 public:
     // Gives its parameters their values and runs the data sets. Throws Error for a value that is missing or of
     // another type, and for a query that fails, with the name of the data set.
-    Report(const Layout& layout, const std::vector<Argument>& given, Composition& composition);
+    Report(const Layout& layout, const std::vector<GivenValue>& given, Composition& composition);
     Report(const Report&) = delete;
     Report& operator=(const Report&) = delete;
 
@@ -62,10 +62,10 @@ public:
     Running& running(const AggregateCall& call, const Scope& scope) const;
 
 private:
-    void check_names(const std::vector<Argument>& given) const;
-    void set_parameters(const std::vector<Argument>& given);
-    Variant default_of(const ReportParameter& parameter, const std::vector<Argument>& given);
-    void run_data_set(const DataSet& data_set, const std::vector<Argument>& given);
+    void check_names(const std::vector<GivenValue>& given) const;
+    void set_parameters(const std::vector<GivenValue>& given);
+    Variant default_of(const ReportParameter& parameter, const std::vector<GivenValue>& given);
+    void run_data_set(const DataSet& data_set, const std::vector<GivenValue>& given);
     void fill(DataTable& table, Recordset rows);
 
     const Layout& layout_;

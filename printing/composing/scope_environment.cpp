@@ -75,19 +75,16 @@ Variant ScopeEnvironment::parameter(TextView name) const
 Variant ScopeEnvironment::global(TextView name) const
 {
     const PageNumbers& numbers = report_.composition().numbers;
-    if (equal_ignoring_case(name, u"PageNumber")) return numbers.page;
-    if (equal_ignoring_case(name, u"TotalPages")) return numbers.total;
-    if (equal_ignoring_case(name, u"OverallPageNumber")) return numbers.overall_page;
-    if (equal_ignoring_case(name, u"OverallTotalPages")) return numbers.overall_total;
-    if (equal_ignoring_case(name, u"ExecutionTime")) return now();
-    if (equal_ignoring_case(name, u"ReportName")) return report_.layout().name;
-    if (equal_ignoring_case(name, u"Language")) return culture().name;
-    if (equal_ignoring_case(name, u"RenderFormat.Name")) return u"PDF";
-    if (equal_ignoring_case(name, u"ReportFolder") || equal_ignoring_case(name, u"ReportServerUrl") ||
-        equal_ignoring_case(name, u"UserID") || equal_ignoring_case(name, u"PageName"))
-        return u"";
-    if (equal_ignoring_case(name, u"RenderFormat.IsInteractive")) return false;
-    throw unknown(u"No existe el dato global", name);
+    if (name == u"PageNumber") return numbers.page;
+    if (name == u"TotalPages") return numbers.total;
+    if (name == u"OverallPageNumber") return numbers.overall_page;
+    if (name == u"OverallTotalPages") return numbers.overall_total;
+    if (name == u"ExecutionTime") return now();
+    if (name == u"ReportName") return report_.layout().name;
+    if (name == u"Language") return culture().name;
+    if (name == u"RenderFormat.Name") return u"PDF";
+    if (name == u"RenderFormat.IsInteractive") return false;
+    return u""; // what only a report server knows
 }
 
 Variant ScopeEnvironment::report_item(TextView name) const

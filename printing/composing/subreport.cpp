@@ -1,5 +1,4 @@
 #include "core/errors.hpp"
-#include "platform/files.hpp"
 #include "printing/composing/place.hpp"
 
 #include <algorithm>
@@ -7,15 +6,6 @@
 namespace tolvex::printing {
 
 namespace {
-
-// A subreport stands beside its layout, whatever folders its name mentions: a layout reads nothing elsewhere.
-Text file_beside(const Layout& layout, TextView name)
-{
-    const auto folder = name.find_last_of(u"\\/");
-    Text file(folder == TextView::npos ? name : name.substr(folder + 1));
-    if (!lower_case(file).ends_with(u".rdl") && !lower_case(file).ends_with(u".rdlc")) file += u".rdl";
-    return files::resolved(layout.file, file);
-}
 
 // The files of the reports that are being placed, one within the other.
 class Opened
@@ -42,9 +32,9 @@ const Layout& layout_of(Composition& composition, const Text& file)
     return *known;
 }
 
-std::vector<Argument> values_for(const Subreport& subreport, const ScopeEnvironment& here)
+std::vector<GivenValue> values_for(const Subreport& subreport, const ScopeEnvironment& here)
 {
-    std::vector<Argument> values;
+    std::vector<GivenValue> values;
     for (const SubreportParameter& parameter : subreport.parameters)
         values.push_back({parameter.name, parameter.value.evaluate(here)});
     return values;
@@ -58,7 +48,8 @@ double place_subreport(Canvas& canvas, const ReportItem& item, const pages::Box&
     Composition& composition = canvas.report().composition();
     const ScopeEnvironment here = canvas.environment(setting.scope);
     try {
-        const Text file = file_beside(canvas.report().layout(), subreport.report);
+        const Text file = subreport_file(canvas.report().layout(), subreport.report);
+        if (file.empty()) throw file_not_found(subreport.report);
         const Opened opened(composition.open_files, file);
         const Layout& layout = layout_of(composition, file);
         const Report report(layout, values_for(subreport, here), composition);

@@ -5,7 +5,7 @@
 
 namespace tolvex::printing {
 
-struct Argument
+struct GivenValue
 {
     Text name; // with or without "@", in any letter case
     Variant value;
