@@ -19,7 +19,8 @@ class Expression
 {
 public:
     Expression() = default; // the empty literal
-    // Never throws: what cannot be parsed throws when it is evaluated, and fault() tells it before.
+    // What begins with "=" is an expression, anything else the text that it is. Never throws: what cannot be parsed
+    // throws when it is evaluated, and fault() tells it before.
     static Expression of(TextView source);
 
     // Throws Error with the reason: an unknown name, values that do not go together, a division by zero.
@@ -39,11 +40,14 @@ public:
         global,
         report_item,
         variable,
-        scope
+        scope // of an aggregate, or the data set of a lookup
     };
     void for_each_mention(const std::function<void(Mention, const Text& name)>& visit) const;
 
 private:
+    friend struct Argument; // of an aggregate
+    Expression(Text source, std::shared_ptr<const Node> root);
+
     Text source_, fault_;
     std::shared_ptr<const Node> root_;
 };
@@ -69,6 +73,7 @@ enum class AggregateFunction
     previous
 };
 
+// One that stands in an expression keeps its address as long as a copy of the expression lives.
 struct AggregateCall
 {
     AggregateFunction function;
@@ -111,7 +116,9 @@ public:
     virtual bool has_field(TextView name) const = 0;
     virtual Variant parameter(TextView name) const = 0;       // a List when it takes several values
     virtual Variant parameter_label(TextView name) const = 0; // the same for what a person reads
-    virtual Variant global(TextView name) const = 0; // PageNumber, TotalPages, ExecutionTime, ReportName …
+    // PageNumber, TotalPages, OverallPageNumber, OverallTotalPages, PageName, ExecutionTime, ReportName, ReportFolder,
+    // ReportServerUrl, RenderFormat.Name, RenderFormat.IsInteractive, Language, UserID: spelled so, never otherwise.
+    virtual Variant global(TextView name) const = 0;
     virtual Variant report_item(TextView name) const = 0;
     virtual Variant variable(TextView name) const = 0;
     virtual Variant own_value() const = 0; // Me.Value, in the properties of a text box
