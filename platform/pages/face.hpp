@@ -27,7 +27,8 @@ public:
 class FileFace : public Face
 {
 public:
-    // Throws Error 5 when the file holds no font that documents may carry, 53, 57 or 75 when it cannot be read.
+    // Throws Error 5 when the file holds no font that documents may carry, 53, 57 or 75 when it cannot be
+    // read.
     explicit FileFace(const FontFile& file);
 
     bool has(char16_t c) const override { return font_.has(c); }

@@ -1,5 +1,5 @@
-// Pages as printers, screens and PDF files take them: positioned marks, nothing left to decide. Lengths are in
-// points (1/72 inch), from the upper left corner of the page.
+// Pages as printers, screens and PDF files take them: positioned marks, nothing left to decide. Lengths are
+// in points (1/72 inch), from the upper left corner of the page.
 #pragma once
 
 #include "core/text.hpp"
@@ -40,7 +40,7 @@ struct Font
     friend bool operator==(const Font&, const Font&) = default;
 };
 
-// One line of text. Its baseline begins at `start` and runs on at `angle` degrees, clockwise (90 reads downwards).
+// One line of text. Its baseline begins at `start` and runs at `angle` degrees, clockwise (90: downwards).
 struct TextMark
 {
     Point start;

@@ -19,6 +19,49 @@ float number(double value, double least = -32'000, double most = 32'000)
 
 float share(std::uint8_t of_color) { return static_cast<float>(of_color) / 255.0F; }
 
+HPDF_RGBColor rgb(Color color) { return {share(color.red), share(color.green), share(color.blue)}; }
+
+bool same(const HPDF_RGBColor& a, const HPDF_RGBColor& b) { return a.r == b.r && a.g == b.g && a.b == b.b; }
+
+// --- what stays set on a page until it is set anew ---------------------------------------------------------
+
+void set_fill(HPDF_Page page, Color color)
+{
+    const HPDF_RGBColor wanted = rgb(color);
+    if (!same(wanted, HPDF_Page_GetRGBFill(page))) HPDF_Page_SetRGBFill(page, wanted.r, wanted.g, wanted.b);
+}
+
+void set_stroke(HPDF_Page page, Color color, float width)
+{
+    const HPDF_RGBColor wanted = rgb(color);
+    if (!same(wanted, HPDF_Page_GetRGBStroke(page)))
+        HPDF_Page_SetRGBStroke(page, wanted.r, wanted.g, wanted.b);
+    if (width != HPDF_Page_GetLineWidth(page)) HPDF_Page_SetLineWidth(page, width);
+}
+
+void set_font(HPDF_Page page, HPDF_Font font, float size)
+{
+    if (font != HPDF_Page_GetCurrentFont(page) || size != HPDF_Page_GetCurrentFontSize(page))
+        HPDF_Page_SetFontAndSize(page, font, size);
+}
+
+void set_word_space(HPDF_Page page, double points)
+{
+    const float wanted = number(points, HPDF_MIN_WORDSPACE, HPDF_MAX_WORDSPACE);
+    if (wanted != HPDF_Page_GetWordSpace(page)) HPDF_Page_SetWordSpace(page, wanted);
+}
+
+// --- pieces of marks ---------------------------------------------------------------------------------------
+
+// In multiples of the line's width, which must be whole.
+void set_dashes(HPDF_Page page, const LineMark& line)
+{
+    const auto unit = static_cast<HPDF_UINT16>(number(std::round(line.width), 1, 30));
+    const auto dash = static_cast<HPDF_UINT16>(line.dashes == Dashes::dotted ? unit : 3 * unit);
+    const HPDF_UINT16 pattern[] = {dash, unit};
+    HPDF_Page_SetDash(page, pattern, 2, 0);
+}
+
 HPDF_Page new_page(HPDF_Doc document, const Page& page)
 {
     const auto fits = [](double length) {
@@ -63,7 +106,7 @@ PdfPainter::PdfPainter(HPDF_Doc document, const Page& page, PdfFonts& fonts, Pdf
 
 void PdfPainter::operator()(const FillMark& fill)
 {
-    HPDF_Page_SetRGBFill(page_, share(fill.color.red), share(fill.color.green), share(fill.color.blue));
+    set_fill(page_, fill.color);
     add_rectangle(fill.box);
     HPDF_Page_Fill(page_);
     check(document_);
@@ -87,17 +130,13 @@ void PdfPainter::operator()(const PictureMark& mark)
 
 void PdfPainter::operator()(const LineMark& line)
 {
-    const auto unit = static_cast<HPDF_UINT16>(number(std::round(line.width), 1, 30));
-    const HPDF_UINT16 dotted[] = {unit, unit}, dashed[] = {static_cast<HPDF_UINT16>(3 * unit), unit};
-    HPDF_Page_GSave(page_);
-    HPDF_Page_SetRGBStroke(page_, share(line.color.red), share(line.color.green), share(line.color.blue));
-    HPDF_Page_SetLineWidth(page_, number(line.width, 0, HPDF_MAX_LINEWIDTH));
-    if (line.dashes != Dashes::solid)
-        HPDF_Page_SetDash(page_, line.dashes == Dashes::dotted ? dotted : dashed, 2, 0);
+    if (line.dashes != Dashes::solid) HPDF_Page_GSave(page_);
+    set_stroke(page_, line.color, number(line.width, 0, HPDF_MAX_LINEWIDTH));
+    if (line.dashes != Dashes::solid) set_dashes(page_, line);
     HPDF_Page_MoveTo(page_, number(line.from.x), from_below(line.from.y));
     HPDF_Page_LineTo(page_, number(line.to.x), from_below(line.to.y));
     HPDF_Page_Stroke(page_);
-    HPDF_Page_GRestore(page_);
+    if (line.dashes != Dashes::solid) HPDF_Page_GRestore(page_);
     check(document_);
 }
 
@@ -106,15 +145,12 @@ void PdfPainter::operator()(const TextMark& text)
     const float size = number(text.font.size, 0, HPDF_MAX_FONTSIZE);
     const std::vector<Spelling> pieces = fonts_.spelled(text.font, text.text);
     if (size <= 0 || pieces.empty()) return;
-    const double radians = text.angle * std::numbers::pi / 180;
-    const float cosine = number(std::cos(radians)), sine = number(std::sin(radians));
     HPDF_Page_BeginText(page_);
-    HPDF_Page_SetRGBFill(page_, share(text.color.red), share(text.color.green), share(text.color.blue));
-    HPDF_Page_SetWordSpace(page_, number(text.word_spacing, HPDF_MIN_WORDSPACE, HPDF_MAX_WORDSPACE));
-    HPDF_Page_SetTextMatrix(page_, cosine, -sine, sine, cosine, number(text.start.x),
-                            from_below(text.start.y));
+    set_fill(page_, text.color);
+    set_word_space(page_, text.word_spacing);
+    go_to_start(text);
     for (const Spelling& piece : pieces) {
-        HPDF_Page_SetFontAndSize(page_, piece.font, size);
+        set_font(page_, piece.font, size);
         HPDF_Page_ShowText(page_, piece.bytes.c_str());
     }
     HPDF_Page_EndText(page_);
@@ -141,6 +177,18 @@ void PdfPainter::finish()
     const auto attributes = static_cast<HPDF_PageAttr>(page_->attr);
     compress_now(document_, attributes->contents);
     attributes->stream = attributes->contents->stream;
+}
+
+void PdfPainter::go_to_start(const TextMark& text)
+{
+    const float x = number(text.start.x), y = from_below(text.start.y);
+    if (text.angle == 0) {
+        HPDF_Page_MoveTextPos(page_, x, y);
+        return;
+    }
+    const double radians = text.angle * std::numbers::pi / 180;
+    const float cosine = number(std::cos(radians)), sine = number(std::sin(radians));
+    HPDF_Page_SetTextMatrix(page_, cosine, -sine, sine, cosine, x, y);
 }
 
 float PdfPainter::from_below(double y) const { return number(height_ - y); }

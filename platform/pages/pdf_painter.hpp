@@ -26,6 +26,7 @@ public:
 
 private:
     float from_below(double y) const;
+    void go_to_start(const TextMark& text);
     void add_rectangle(const Box& box);
 
     const HPDF_Doc document_;

@@ -1,5 +1,5 @@
 #include "platform/pages/true_type.hpp"
-#include "platform/pages/big_endian.hpp"
+#include "platform/pages/byte_order.hpp"
 
 #include "core/errors.hpp"
 
@@ -25,7 +25,7 @@ std::size_t start_of_font(std::string_view file, unsigned index)
     return u32(file, 12 + std::size_t{4} * index);
 }
 
-// --- characters ------------------------------------------------------------------------------------------------------
+// --- characters --------------------------------------------------------------------------------------------
 
 // Where the list of Unicode characters begins in the table "cmap"; that of a symbol font if it has no other.
 std::size_t start_of_characters(std::string_view characters)
@@ -71,7 +71,7 @@ void offer_private_characters(std::vector<std::uint16_t>& glyph_of)
         if (glyph_of[c] == 0) glyph_of[c] = glyph_of[0xF000 + c];
 }
 
-// --- composite glyphs ------------------------------------------------------------------------------------------------
+// --- composite glyphs --------------------------------------------------------------------------------------
 
 // Where an outline names its pieces, by the place of each glyph number in it; empty for one that has none.
 std::vector<std::size_t> pieces(std::string_view outline)
@@ -108,7 +108,7 @@ private:
     std::map<unsigned, unsigned> numbers_;
 };
 
-// --- writing ---------------------------------------------------------------------------------------------------------
+// --- writing -----------------------------------------------------------------------------------------------
 
 struct Mapped
 {

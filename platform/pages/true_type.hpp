@@ -1,4 +1,4 @@
-// A TrueType font as its file holds it: the glyphs of its characters, their widths, and smaller fonts cut from it.
+// A TrueType font as its file holds it: its characters, their widths, and smaller fonts cut from it.
 #pragma once
 
 #include "platform/pages/fonts.hpp"
@@ -9,16 +9,16 @@ namespace tolvex::pages {
 struct FontPart
 {
     std::string file;
-    // Glyphs that are pieces of a piece of others (a letter with two marks): whoever keeps but the glyphs that
-    // are used, and their pieces, must keep these too.
+    // Glyphs that are pieces of a piece of others (of a letter with two marks): whoever keeps but the glyphs
+    // that are used, and their pieces, must keep these too.
     std::vector<unsigned> inner_pieces;
 };
 
 class TrueTypeFont
 {
 public:
-    // From the bytes of a font file; `index` counts the fonts of a collection. Throws Error 5 when it is damaged,
-    // has no TrueType outlines, or does not allow documents to carry it.
+    // From the bytes of a font file; `index` counts the fonts of a collection. Throws Error 5 when it is
+    // damaged, has no TrueType outlines, or does not allow documents to carry it.
     explicit TrueTypeFont(std::string file, unsigned index = 0);
 
     bool has(char16_t c) const { return glyph_of_[c] != 0; }

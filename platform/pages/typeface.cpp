@@ -11,7 +11,7 @@ namespace tolvex::pages {
 
 namespace {
 
-// --- families --------------------------------------------------------------------------------------------------------
+// --- families ----------------------------------------------------------------------------------------------
 
 enum class Look
 {
@@ -67,7 +67,7 @@ std::string base_font(Look look, bool bold, bool italic)
     return names[static_cast<int>(look)][(bold ? 1 : 0) + (italic ? 2 : 0)];
 }
 
-// --- faces -----------------------------------------------------------------------------------------------------------
+// --- faces -------------------------------------------------------------------------------------------------
 
 // A font file that could not be used is not tried again: null.
 std::unique_ptr<Face> try_file(const FontFile& file)
@@ -104,7 +104,7 @@ const Face& find_face(const Font& font)
     return base_face(base_font(look(font.family), font.bold, font.italic));
 }
 
-// --- characters ------------------------------------------------------------------------------------------------------
+// --- characters --------------------------------------------------------------------------------------------
 
 // Direction marks, joiners, what chooses a variant, the second half of a character beyond 16 bits.
 bool is_invisible(char16_t c)

@@ -1,4 +1,4 @@
-// What a font of a page turns out to be on this machine: its face, and those that lend it the characters it lacks.
+// What a font of a page turns out to be on this machine: its face, and those that lend it characters.
 #pragma once
 
 #include "platform/pages/face.hpp"

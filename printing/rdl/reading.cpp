@@ -38,7 +38,7 @@ struct PlainValue
 };
 
 // What changes nothing with the value that it has by itself.
-constexpr std::array<PlainValue, 14> plain_values = {{{u"BackgroundGradientType", u"None"},
+constexpr std::array<PlainValue, 15> plain_values = {{{u"BackgroundGradientType", u"None"},
                                                       {u"BackgroundGradientType", u"Default"},
                                                       {u"Calendar", u"Default"},
                                                       {u"Calendar", u"Gregorian"},
@@ -48,6 +48,7 @@ constexpr std::array<PlainValue, 14> plain_values = {{{u"BackgroundGradientType"
                                                       {u"LayoutDirection", u"LTR"},
                                                       {u"MarkupType", u"None"},
                                                       {u"NumeralVariant", u"1"},
+                                                      {u"NumeralVariant", u"2"},
                                                       {u"Omit", u"false"},
                                                       {u"TextEffect", u"Default"},
                                                       {u"UnicodeBiDi", u"Normal"},

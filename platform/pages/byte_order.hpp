@@ -1,4 +1,4 @@
-// Numbers in the byte order of font files and of most pictures, read within bounds and written.
+// Numbers as files of fonts and pictures hold them, read within bounds and written.
 #pragma once
 
 #include <cstdint>
@@ -8,11 +8,24 @@
 namespace tolvex::pages {
 
 // Zero beyond the end: a reader that minds looks at the size first.
+inline std::uint8_t u8(std::string_view bytes, std::size_t at)
+{
+    return at < bytes.size() ? static_cast<std::uint8_t>(bytes[at]) : 0;
+}
+
+// Most significant byte first.
 inline std::uint32_t big_endian(std::string_view bytes, std::size_t at, unsigned count)
 {
     std::uint32_t value = 0;
-    for (std::size_t i = at; i < at + count; ++i)
-        value = value << 8 | (i < bytes.size() ? static_cast<unsigned char>(bytes[i]) : 0U);
+    for (std::size_t i = 0; i < count; ++i) value = value << 8 | u8(bytes, at + i);
+    return value;
+}
+
+// Least significant byte first.
+inline std::uint32_t little_endian(std::string_view bytes, std::size_t at, unsigned count)
+{
+    std::uint32_t value = 0;
+    for (std::size_t i = 0; i < count; ++i) value |= std::uint32_t{u8(bytes, at + i)} << (8 * i);
     return value;
 }
 
