@@ -69,9 +69,14 @@ Decimal decimal_in(TextView text)
 
 } // namespace
 
+bool is_number(const Variant& value)
+{
+    return value.get_if<std::int64_t>() || value.get_if<double>() || value.get_if<Currency>();
+}
+
 Variant as_number(const Variant& value)
 {
-    if (value.get_if<std::int64_t>() || value.get_if<double>() || value.get_if<Currency>()) return value;
+    if (is_number(value)) return value;
     if (value.is_nothing()) return 0;
     if (const bool* truth = value.get_if<bool>()) return *truth ? -1 : 0;
     return value.number();
@@ -137,8 +142,9 @@ Decimal exact_decimal(const Variant& value)
 
 Variant amount_or_number(const Decimal& number)
 {
-    const bool fits = static_cast<int>(number.digits.size()) - number.point <= 4 && number.point <= 14;
-    if (fits) return currency_of(number);
+    const bool four_decimals = static_cast<int>(number.digits.size()) - number.point <= 4;
+    const bool in_range = number.point < 15 || (number.point == 15 && number.digits <= "9223372036854775807");
+    if (four_decimals && in_range) return currency_of(number);
     return to_double(number);
 }
 

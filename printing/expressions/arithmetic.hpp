@@ -6,6 +6,8 @@
 
 namespace tolvex::printing {
 
+// Whether it is one by its kind: a whole number, an amount or a floating number.
+bool is_number(const Variant& value);
 // The value as a whole number, an amount or a floating number. Throws Error 13 for what is no number.
 Variant as_number(const Variant& value);
 

@@ -10,7 +10,9 @@ namespace {
 
 struct Call : Node
 {
-    Call(Function f, std::vector<NodePtr> nodes) : function(f), arguments(std::move(nodes)) {}
+    Call(Function f, std::vector<NodePtr> nodes)
+        : Node(height_above(nodes)), function(f), arguments(std::move(nodes))
+    {}
 
     Variant evaluate(const Environment& environment) const override
     {

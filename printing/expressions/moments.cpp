@@ -74,7 +74,7 @@ Date plus_months(Date date, std::int64_t months)
 Date first_of_month(std::int64_t year, std::int64_t month)
 {
     constexpr std::int64_t farthest = 1'000'000;
-    if (std::max(std::abs(year), std::abs(month)) > farthest) throw overflow();
+    if (std::max(year, month) > farthest || std::min(year, month) < -farthest) throw overflow();
     year += floor_quotient(month - 1, 12);
     month -= floor_quotient(month - 1, 12) * 12;
     if (year < 100 || year > 9999) throw overflow();

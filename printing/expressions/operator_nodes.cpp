@@ -1,5 +1,7 @@
 #include "printing/expressions/operator_nodes.hpp"
 
+#include <algorithm>
+
 namespace tolvex::printing {
 
 namespace {
@@ -15,6 +17,12 @@ bool is_decided(Operator how, const Variant& left)
 }
 
 } // namespace
+
+void Chain::add(Operator how, NodePtr operand)
+{
+    height = std::max(height, operand->height + 1);
+    links.push_back({how, std::move(operand)});
+}
 
 Variant Chain::evaluate(const Environment& environment) const
 {

@@ -291,6 +291,9 @@ struct Remark
     Text text; // in Spanish: "Chart no se dibuja"
 };
 
+// The remark for a person: where it is, and what.
+Text in_words(const Remark& remark);
+
 struct Layout
 {
     Text file, name, description, author;

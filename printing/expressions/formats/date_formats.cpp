@@ -3,6 +3,7 @@
 #include "core/errors.hpp"
 #include "core/text.hpp"
 #include "printing/expressions/moments.hpp"
+#include "printing/expressions/names.hpp"
 
 #include <algorithm>
 
@@ -185,9 +186,8 @@ TextView format_of_name(TextView name)
         {u"General Date", u"G"},  {u"Long Date", u"D"}, {u"Medium Date", u"dd-MMM-yy"},
         {u"Short Date", u"d"},    {u"Long Time", u"T"}, {u"Medium Time", u"t"},
         {u"Short Time", u"HH:mm"}};
-    for (const auto& [known, format] : names)
-        if (equal_ignoring_case(known, name)) return format;
-    return name;
+    const TextView* format = find_name(names, name);
+    return format ? *format : name;
 }
 
 Text general_pattern(Date date, const Culture& culture)

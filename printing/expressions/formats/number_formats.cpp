@@ -3,6 +3,7 @@
 #include "core/errors.hpp"
 #include "core/text.hpp"
 #include "printing/expressions/arithmetic.hpp"
+#include "printing/expressions/names.hpp"
 
 #include <algorithm>
 #include <charconv>
@@ -44,9 +45,8 @@ TextView format_of_name(TextView name)
     static constexpr std::pair<TextView, TextView> names[] = {
         {u"General Number", u"G"}, {u"Currency", u"C"}, {u"Fixed", u"F2"},
         {u"Standard", u"N2"},      {u"Percent", u"P2"}, {u"Scientific", u"E2"}};
-    for (const auto& [known, format] : names)
-        if (equal_ignoring_case(known, name)) return format;
-    return name;
+    const TextView* format = find_name(names, name);
+    return format ? *format : name;
 }
 
 Decimal without_sign(Decimal number)
