@@ -125,7 +125,10 @@ double place_notice(Canvas& canvas, const Box& box, const Text& words)
 
 double place_item(Canvas& canvas, const ReportItem& item, const Box& box, const Setting& setting)
 {
-    if (is_true(item.hidden, canvas.environment(setting.scope), item.place)) return box.bottom();
+    if (is_true(item.hidden, canvas.environment(setting.scope), item.place)) {
+        record_hidden(canvas, item, box.top, setting.scope);
+        return box.bottom();
+    }
     struct Placer
     {
         Canvas& canvas;

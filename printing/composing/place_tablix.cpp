@@ -26,7 +26,7 @@ struct LaidCell
     const ReportItem* item = nullptr;
     const Scope* scope = nullptr;
     double left = 0, width = 0, height = 0; // height: what its rows have by the layout
-    bool single_row = true;
+    bool single_row = true, hidden = false;
     std::optional<LaidText> text; // of a text box
     TablixPlan::CellScope own;
 };
@@ -220,7 +220,7 @@ private:
     {
         const ScopeEnvironment here = canvas_.environment(cell.scope);
         if (is_true(cell.item->hidden, here, cell.item->place)) {
-            cell.item = nullptr;
+            cell.hidden = true;
             return;
         }
         const Box box{cell.left, 0, cell.width, cell.height};
@@ -266,19 +266,19 @@ private:
         {
             const Strip::Repeating repeating(strip(), *this);
             for (const LaidCell& cell : row.cells)
-                if (cell.item && may_span_pages(*cell.item)) {
+                if (!cell.hidden && may_span_pages(*cell.item)) {
                     const Box box{cell.left, y, cell.width, cell.height};
                     bottom = std::max(bottom, place_item(canvas_, *cell.item, box, {cell.scope, alone}));
                 }
         }
         for (LaidCell& cell : row.cells)
-            if (cell.item && !may_span_pages(*cell.item)) place_cell(cell, y, bottom - y);
+            if (cell.hidden || !may_span_pages(*cell.item)) place_cell(cell, y, bottom - y);
         return bottom;
     }
 
     void place_cell(LaidCell& cell, double y, double height)
     {
-        if (!cell.item) return;
+        if (cell.hidden) return record_hidden(canvas_, *cell.item, y, cell.scope);
         const Box box{cell.left, y, cell.width, height};
         if (cell.text)
             place_text(canvas_, *cell.text, box);

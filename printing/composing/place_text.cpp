@@ -241,6 +241,13 @@ double height_with(const LaidText& laid, double height)
     return box.can_shrink && laid.height < height ? laid.height : height;
 }
 
+void record_hidden(Canvas& canvas, const ReportItem& item, double y, const Scope* scope)
+{
+    if (!std::holds_alternative<Textbox>(item.content) || !canvas.is_read_by_page_sections(item)) return;
+    const LaidText laid = lay_text(canvas, item, {0, 0, item.width, item.height}, scope);
+    canvas.strip().record(y, item, laid.value);
+}
+
 double place_text(Canvas& canvas, const LaidText& laid, const Box& box)
 {
     Strip& strip = canvas.strip();

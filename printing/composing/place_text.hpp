@@ -28,6 +28,8 @@ struct LaidText
 LaidText lay_text(Canvas& canvas, const ReportItem& item, const pages::Box& box, const Scope* scope);
 // The height of the box with that text, as it may grow and shrink.
 double height_with(const LaidText& laid, double height);
+// Page headers and footers read hidden text boxes too: that is how layouts hand them values.
+void record_hidden(Canvas& canvas, const ReportItem& item, double y, const Scope* scope);
 double place_text(Canvas& canvas, const LaidText& laid, const pages::Box& box);
 
 } // namespace tolvex::printing

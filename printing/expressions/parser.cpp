@@ -220,7 +220,7 @@ bool is_qualifier(TextView key)
     static constexpr TextView qualifiers[] = {
         u"system",        u"microsoft",  u"visualbasic", u"strings", u"interaction",
         u"dateandtime",   u"conversion", u"information", u"vbmath",  u"constants",
-        u"globalization", u"math",       u"global"};
+        u"globalization", u"math",       u"global",      u"text"};
     return std::find(std::begin(qualifiers), std::end(qualifiers), key) != std::end(qualifiers);
 }
 

@@ -60,8 +60,10 @@ std::span<const NamedFunction> number_functions();
 std::span<const NamedFunction> conversions();
 std::span<const NamedFunction> date_functions();
 std::span<const NamedFunction> format_functions();
+std::span<const NamedFunction> encoding_functions();
 std::span<const NamedFunction> text_members();
 std::span<const NamedFunction> date_members();
+std::span<const NamedFunction> encoding_members();
 std::span<const NamedFunction> other_members();
 
 // given[0](given[1]): an element of a list, a character of a text. Throws Error 9 outside of it.
