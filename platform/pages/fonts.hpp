@@ -9,7 +9,7 @@ namespace tolvex::pages {
 struct FontMeasures
 {
     double ascent = 0, descent = 0; // above and below the baseline, both positive
-    double underline = 0.1;         // distance of an underline below the baseline
+    double underline = 0.1;         // distance of the middle of an underline below the baseline
 };
 
 const FontMeasures& measures(const Font& font);

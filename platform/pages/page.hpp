@@ -46,7 +46,7 @@ struct TextMark
     Point start;
     Text text;
     Font font;
-    Color color;
+    Color color = {};
     double angle = 0;
     double word_spacing = 0; // added at each blank of justified text
 };
@@ -62,7 +62,7 @@ struct LineMark
 {
     Point from, to;
     double width = 1;
-    Color color;
+    Color color = {};
     Dashes dashes = Dashes::solid;
 };
 
@@ -70,7 +70,7 @@ struct LineMark
 struct FillMark
 {
     Box box;
-    Color color;
+    Color color = {};
 };
 
 // A picture drawn to fill `box`; what lies outside `visible` is not shown.

@@ -159,10 +159,12 @@ void PdfPainter::operator()(const TextMark& text)
 
 void PdfPainter::operator()(const LinkMark& link)
 {
+    const std::string address = as_address(link.address);
+    if (address.size() > HPDF_LIMIT_MAX_STRING_LEN) return; // no program opens it either
     const HPDF_Rect area = {number(link.box.left), from_below(link.box.bottom()), number(link.box.right()),
                             from_below(link.box.top)};
     const HPDF_Annotation annotation =
-        checked(document_, HPDF_Page_CreateURILinkAnnot(page_, area, as_address(link.address).c_str()));
+        checked(document_, HPDF_Page_CreateURILinkAnnot(page_, area, address.c_str()));
     HPDF_LinkAnnot_SetBorderStyle(annotation, 0, 0, 0);
     check(document_);
 }

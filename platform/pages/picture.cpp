@@ -21,16 +21,20 @@ struct Header
     double dpi_x = 0, dpi_y = 0;
 };
 
+bool holds(std::string_view bytes, std::size_t at, std::string_view what)
+{
+    return at < bytes.size() && bytes.substr(at).starts_with(what);
+}
+
 double per_inch(std::uint32_t per_metre) { return per_metre * centimetres_per_inch / 100; }
 
 std::optional<Header> png_header(std::string_view bytes)
 {
-    if (!bytes.starts_with("\x89PNG\r\n\x1A\n") || bytes.substr(12, 4) != "IHDR") return {};
+    if (!bytes.starts_with("\x89PNG\r\n\x1A\n") || !holds(bytes, 12, "IHDR")) return {};
     Header header{PictureFormat::png, u32(bytes, 16), u32(bytes, 20)};
     for (std::size_t chunk = 8; chunk + 8 <= bytes.size(); chunk += std::size_t{12} + u32(bytes, chunk)) {
-        const std::string_view kind = bytes.substr(chunk + 4, 4);
-        if (kind == "IDAT") break;
-        if (kind != "pHYs" || u8(bytes, chunk + 16) != 1) continue;
+        if (holds(bytes, chunk + 4, "IDAT")) break;
+        if (!holds(bytes, chunk + 4, "pHYs") || u8(bytes, chunk + 16) != 1) continue;
         header.dpi_x = per_inch(u32(bytes, chunk + 8));
         header.dpi_y = per_inch(u32(bytes, chunk + 12));
     }
@@ -39,7 +43,7 @@ std::optional<Header> png_header(std::string_view bytes)
 
 void read_density(Header& header, std::string_view bytes, std::size_t segment)
 {
-    if (bytes.substr(segment + 4, 5) != std::string_view("JFIF", 5)) return;
+    if (!holds(bytes, segment + 4, "JFIF")) return;
     const int unit = u8(bytes, segment + 11);
     const double dots_per_inch = unit == 1 ? 1 : unit == 2 ? centimetres_per_inch : 0;
     header.dpi_x = u16(bytes, segment + 12) * dots_per_inch;

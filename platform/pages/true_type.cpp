@@ -294,8 +294,8 @@ void TrueTypeFont::read_measures()
     const auto share = [&](int units) { return static_cast<double>(units) / units_per_em_; };
     measures_.ascent = share(windows.size() >= 78 ? u16(windows, 74) : s16(others, 4));
     measures_.descent = share(windows.size() >= 78 ? u16(windows, 76) : -s16(others, 6));
-    const int underline = -s16(optional_table("post"), 8);
-    if (underline > 0) measures_.underline = share(underline);
+    const std::string_view post = optional_table("post");
+    if (s16(post, 8) < 0) measures_.underline = share(s16(post, 10) / 2 - s16(post, 8));
 }
 
 // Documents spell it with letters, digits and hyphens.
