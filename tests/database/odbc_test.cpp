@@ -26,7 +26,7 @@ TEST(OdbcDriverChoice, keeps_the_named_driver_or_takes_the_vendors_newest_or_tel
         Text used;
     };
     const Text named = u"uid=sa;pwd=a=b;driver={SQL Server};server=caja", start = u"uid=sa;pwd=a=b;driver=",
-               other = u"Driver={SQLite3}; database=/tmp/a.db",
+               other = u"Driver={SQLite3}; database=a.db",
                told = u";TDS_Version=7.4;ClientCharset=UTF-8;TextSize=2147483647";
     for (const auto& [given, installed, used] : std::initializer_list<Case>{
              {named, {u"FreeTDS", u"sql server"}, named},
