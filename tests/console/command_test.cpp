@@ -277,7 +277,7 @@ TEST_F(Command, a_badly_written_order_says_so_in_spanish_with_exit_code_2)
     };
     for (const auto& [words, told] :
          std::initializer_list<Case>{{{}, "falta la orden"},
-                                     {{"imprime"}, "falta la orden"},
+                                     {{"factura"}, "falta la orden"},
                                      {{"emite"}, "falta ARCHIVO"},
                                      {{"emite", "a", "b"}, "no se conoce o sobra: b"},
                                      {{"cancela", "1", "--empresa", "1"}, "falta --sucursal"},
