@@ -1,6 +1,6 @@
 # Fuzzers, for clang: cmake --preset fuzz && cmake --build build/fuzz, then for instance
 # build/fuzz/flat_file_fuzz -max_total_time=60 FOLDER_WITH_FLAT_FILES
-foreach(target IN ITEMS flat_file_fuzz rewriter_fuzz)
+foreach(target IN ITEMS flat_file_fuzz rewriter_fuzz picture_fuzz font_fuzz)
     add_executable(${target} tests/fuzz/${target}.cpp)
     target_link_libraries(${target} PRIVATE tolvex_rooms)
     target_link_options(${target} PRIVATE -fsanitize=fuzzer)

@@ -1,4 +1,4 @@
-#include "platform/native/bmp.hpp"
+#include "platform/pages/bmp.hpp"
 #include "platform/pages/byte_order.hpp"
 
 #include "core/errors.hpp"
