@@ -61,6 +61,13 @@ void put_edge(Strip& strip, const Stroke& stroke, pages::Point from, pages::Poin
     }
 }
 
+// An error that says where in the layout it is.
+struct PlacedError : Error
+{
+    using Error::Error;
+    explicit PlacedError(const Error& error) : Error(error) {}
+};
+
 } // namespace
 
 void put_background(Canvas& canvas, const Look& look, const Box& box)
@@ -150,7 +157,13 @@ double place_item(Canvas& canvas, const ReportItem& item, const Box& box, const 
             return place_notice(canvas, box, unsupported.element);
         }
     };
-    return std::visit(Placer{canvas, item, box, setting}, item.content);
+    try {
+        return std::visit(Placer{canvas, item, box, setting}, item.content);
+    } catch (const PlacedError&) {
+        throw; // the innermost item says where
+    } catch (const Error& error) {
+        throw PlacedError(with_detail(error, in_words(item.place)));
+    }
 }
 
 double place_items(Canvas& canvas, const std::vector<ReportItem>& items, double left, double top,
