@@ -1,5 +1,4 @@
-// Pictures decoded by the libraries of their formats; a BMP picture has none and needs none.
-#include "platform/native/bmp.hpp"
+// Pictures decoded by the libraries of their formats.
 #include "platform/pages/picture_decoder.hpp"
 
 #include "core/errors.hpp"
@@ -173,10 +172,8 @@ Pixels decoded(const Picture& picture)
         return decoded_png(picture);
     case PictureFormat::jpeg:
         return decoded_jpeg(picture);
-    case PictureFormat::gif:
-        return decoded_gif(picture);
     default:
-        return decoded_bmp(picture);
+        return decoded_gif(picture);
     }
 }
 

@@ -93,7 +93,7 @@ HPDF_Font PdfFonts::font(const Face& face, char16_t c)
 
 HPDF_Font PdfFonts::embedded(const Face& face, const FontPart& part, char16_t c)
 {
-    const HPDF_FontDef definition =
+    HPDF_FontDef definition =
         checked(document_, HPDF_TTFontDef_Load(document_->mmgr, new_stream(document_, part.file), HPDF_TRUE));
     keep_inner_pieces(definition, part);
     const std::string name = free_name(face.name());

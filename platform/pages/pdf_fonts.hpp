@@ -26,7 +26,7 @@ private:
     HPDF_Font embedded(const Face& face, const FontPart& part, char16_t c);
     std::string free_name(const std::string& name) const;
 
-    const HPDF_Doc document_;
+    HPDF_Doc document_;
     std::map<std::pair<const Face*, const FontPart*>, HPDF_Font> fonts_;
 };
 

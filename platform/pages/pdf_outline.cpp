@@ -9,7 +9,7 @@ void PdfOutline::add(TextView label, int level, HPDF_Page page, float top)
     constexpr std::size_t longest_label = 500;
     while (!open_.empty() && open_.back().level >= level) open_.pop_back();
     const HPDF_Outline above = open_.empty() ? nullptr : open_.back().outline;
-    const HPDF_Encoder encoder = HPDF_GetEncoder(document_, "UTF-8");
+    HPDF_Encoder encoder = HPDF_GetEncoder(document_, "UTF-8");
     const HPDF_Outline entry =
         checked(document_,
                 HPDF_CreateOutline(document_, above, to_utf8(clip(label, longest_label)).c_str(), encoder));

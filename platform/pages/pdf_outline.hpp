@@ -22,7 +22,7 @@ private:
         HPDF_Outline outline;
     };
 
-    const HPDF_Doc document_;
+    HPDF_Doc document_;
     std::vector<Entry> open_; // the last entry and those above it
 };
 

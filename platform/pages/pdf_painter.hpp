@@ -29,7 +29,7 @@ private:
     void go_to_start(const TextMark& text);
     void add_rectangle(const Box& box);
 
-    const HPDF_Doc document_;
+    HPDF_Doc document_;
     const double height_;
     PdfFonts& fonts_;
     PdfPictures& pictures_;

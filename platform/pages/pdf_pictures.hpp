@@ -27,7 +27,7 @@ private:
     HPDF_Image image_of(const Pixels& pixels);
     HPDF_Image samples(const Pixels& pixels, const std::string& bytes, HPDF_ColorSpace colors);
 
-    const HPDF_Doc document_;
+    HPDF_Doc document_;
     std::map<std::string_view, Held> images_;
 };
 

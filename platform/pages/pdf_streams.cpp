@@ -45,14 +45,14 @@ HPDF_STATUS write_filter(HPDF_Dict, HPDF_Stream stream)
 HPDF_Stream new_stream(HPDF_Doc document, std::string_view bytes)
 {
     const auto size = static_cast<HPDF_UINT>(bytes.size());
-    const HPDF_Stream stream = checked(document, HPDF_MemStream_New(document->mmgr, std::max(size, 1U)));
+    HPDF_Stream stream = checked(document, HPDF_MemStream_New(document->mmgr, std::max(size, 1U)));
     HPDF_Stream_Write(stream, reinterpret_cast<const HPDF_BYTE*>(bytes.data()), size);
     return checked(document, stream);
 }
 
 void replace_stream(HPDF_Doc document, HPDF_Dict object, std::string_view bytes)
 {
-    const HPDF_Stream stream = new_stream(document, bytes);
+    HPDF_Stream stream = new_stream(document, bytes);
     HPDF_Stream_Free(object->stream);
     object->stream = stream;
 }

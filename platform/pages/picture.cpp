@@ -1,4 +1,5 @@
 #include "platform/pages/picture.hpp"
+#include "platform/pages/bmp.hpp"
 #include "platform/pages/byte_order.hpp"
 #include "platform/pages/picture_decoder.hpp"
 
@@ -123,7 +124,7 @@ Pixels pixels(const Picture& picture)
     constexpr std::int64_t most_pixels = 100'000'000;
     if (std::int64_t{picture.width} * picture.height > most_pixels)
         throw invalid_call(u"la imagen tiene más de 100 millones de puntos");
-    return decoded(picture);
+    return picture.format == PictureFormat::bmp ? decoded_bmp(picture) : decoded(picture);
 }
 
 } // namespace tolvex::pages

@@ -1,4 +1,4 @@
-// Port: what the host decodes pictures with.
+// Port: what the host decodes PNG, JPEG and GIF pictures with.
 #pragma once
 
 #include "platform/pages/picture.hpp"

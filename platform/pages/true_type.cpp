@@ -236,8 +236,8 @@ FontPart TrueTypeFont::part(TextView characters) const
                            {"hmtx", metrics},
                            {"loca", offsets},
                            {"maxp", with16(table("maxp"), 4, count)},
-                           {"name", name_table(name_)},
-                           {"prep", std::string(optional_table("prep"))}});
+                           {"prep", std::string(optional_table("prep"))},
+                           {"name", name_table(name_)}}); // libharu finds no empty table at the end
     return part;
 }
 

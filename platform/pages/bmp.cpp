@@ -1,8 +1,9 @@
-#include "platform/native/bmp.hpp"
+#include "platform/pages/bmp.hpp"
 #include "platform/pages/byte_order.hpp"
 
 #include "core/errors.hpp"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 
@@ -105,7 +106,7 @@ private:
 
     Color color_at(std::string_view row, std::size_t x) const
     {
-        if (bits_ > 8) return masked(little_endian(row, x * bits_ / 8, bits_ / 8));
+        if (bits_ > 8) return masked(little_endian(row, x * (bits_ / 8), bits_ / 8));
         const unsigned per_byte = 8 / bits_, shift = 8 - bits_ * (x % per_byte + 1);
         return palette_[(u8(row, x / per_byte) >> shift) & ((1U << bits_) - 1)];
     }
@@ -126,44 +127,54 @@ private:
         return static_cast<unsigned>(std::uint64_t{(pixel & mask) >> shift} * 255 / (mask >> shift));
     }
 
-    // Pairs of bytes: a count and what is repeated, or zero and an order.
+    // Pairs of bytes: a count and what is repeated, or zero and an order; the higher orders count pixels
+    // that follow as they are.
     void read_runs(std::string_view body)
     {
-        enum Order
-        {
-            end_of_row,
-            end_of_picture,
-            move
-        };
+        constexpr unsigned end_of_row = 0, end_of_picture = 1, move = 2;
         start();
-        int x = 0, y = 0;
-        const auto draw = [&](unsigned number) {
-            if (x < width_ && y < height_) set(x++, y, palette_[number]);
-        };
-        for (std::size_t at = 0; at + 2 <= body.size(); at += 2) {
-            const unsigned count = u8(body, at), value = u8(body, at + 1);
-            if (count > 0) {
-                for (unsigned i = 0; i < count; ++i)
-                    draw(bits_ == 8 ? value : i % 2 ? value & 15 : value >> 4);
-            } else if (value == end_of_row) {
-                x = 0;
-                ++y;
-            } else if (value == end_of_picture) {
+        for (std::size_t at = 0; at + 2 <= body.size() && y_ < height_;) {
+            const unsigned count = u8(body, at), order = u8(body, at + 1);
+            at += 2;
+            if (count > 0)
+                repeat(order, count);
+            else if (order == end_of_row)
+                move_to(0, y_ + 1);
+            else if (order == end_of_picture)
                 return;
-            } else if (value == move) {
-                x += u8(body, at + 2);
-                y += u8(body, at + 3);
+            else if (order == move) {
+                move_to(x_ + u8(body, at), y_ + u8(body, at + 1));
                 at += 2;
-            } else { // as many pixels as they stand, to a multiple of two bytes
-                for (unsigned i = 0; i < value; ++i) {
-                    const unsigned byte = u8(body, at + 2 + (bits_ == 8 ? i : i / 2));
-                    draw(bits_ == 8 ? byte : i % 2 ? byte & 15 : byte >> 4);
-                }
-                at += ((bits_ == 8 ? value : (value + 1) / 2) + 1) / 2 * 2;
-            }
-            if (y > height_) return;
+            } else
+                at += draw(body.substr(at), order);
         }
-        fail(); // without its end
+        if (y_ < height_) fail(); // cut off
+    }
+
+    void move_to(int x, int y)
+    {
+        x_ = std::min(x, width_);
+        y_ = std::min(y, height_);
+    }
+
+    // Two of four bits stand in a byte, which are taken in turn.
+    void repeat(unsigned byte, unsigned count)
+    {
+        for (unsigned i = 0; i < count; ++i) draw(byte, i);
+    }
+
+    // Returns the bytes that these pixels take, a multiple of two.
+    std::size_t draw(std::string_view bytes, unsigned count)
+    {
+        const std::size_t per_byte = bits_ == 8 ? 1 : 2;
+        for (unsigned i = 0; i < count; ++i) draw(u8(bytes, i / per_byte), i);
+        return (count + 2 * per_byte - 1) / (2 * per_byte) * 2;
+    }
+
+    void draw(unsigned byte, unsigned turn)
+    {
+        const unsigned number = bits_ == 8 ? byte : turn % 2 == 0 ? byte >> 4 : byte & 15;
+        if (x_ < width_ && y_ < height_) set(x_++, y_, palette_[number]);
     }
 
     const std::string_view bytes_;
@@ -171,6 +182,7 @@ private:
     const int width_, height_;
     Pixels pixels_;
     bool rows_from_top_ = false;
+    int x_ = 0, y_ = 0; // where runs go on
     unsigned bits_ = 0;
     Compression compression_ = Compression::none;
     std::array<std::uint32_t, 4> masks_{}; // red, green, blue, opacity
