@@ -1,8 +1,8 @@
-#include "core/errors.hpp"
 #include "flat_file/flat_file.hpp"
 #include "issuing/issue.hpp"
 #include "issuing/master_data.hpp"
 #include "issuing/stored_documents.hpp"
+#include "printing/frm_gen_imprimir_en_crystal.hpp"
 #include "tolvex/classes.hpp"
 
 namespace tolvex {
@@ -29,15 +29,18 @@ bool GeneraDocto::GeneraFacturaElectronica(Text& vlnFactura, bool CtrlFolioInter
 
 void GeneraDocto::Main() {}
 
-void GeneraDocto::ImprimeDocuento(const Text&, std::int16_t, std::int16_t, bool, const Text&, bool,
-                                  std::int16_t)
+// Deliberate: branch and kind are not used, the layout alone decides what a credit note looks like.
+void GeneraDocto::ImprimeDocuento(const Text& FolioDocto, std::int16_t Empresa, std::int16_t, bool,
+                                  const Text& vlArchivoReporte, bool GenerarPDF,
+                                  std::int16_t vlNumeroDeCopias)
 {
-    throw not_available(u"La impresión de documentos");
+    print_document(session(), {FolioDocto, Empresa}, vlArchivoReporte, GenerarPDF, vlNumeroDeCopias);
 }
 
-void GeneraDocto::ImprimeDocuentoConVisor(const Text&, std::int16_t, std::int16_t, bool, const Text&)
+void GeneraDocto::ImprimeDocuentoConVisor(const Text& FolioDocto, std::int16_t Empresa, std::int16_t, bool,
+                                          const Text& vlArchivoReporte)
 {
-    throw not_available(u"La vista previa de documentos");
+    show_document(session(), {FolioDocto, Empresa}, vlArchivoReporte);
 }
 
 bool GeneraDocto::CancelaFacturaElectronica(const Text& FolioDocto, Date FechaCancelacion,

@@ -28,7 +28,7 @@ public:
 
     int run(const Place& place) override
     {
-        connect(place);
+        connect(place, company_);
         Entry entry;
         if (!description_.empty()) entry.values["descripcion"] = to_text(description_);
         const auto absolute = [](const std::string& path) { return files::absolute_path(to_text(path)); };

@@ -30,6 +30,8 @@ public:
     void option(const char* name, std::string& value, const char* help);
     void option(const char* name, std::int16_t& value, const char* help);
     void flag(const char* name, bool& value, const char* help);
+    // With or without a value after it.
+    void flag_or_value(const char* name, bool& given, std::string& value, const char* help);
 
 private:
     CLI::App& app_;
@@ -58,5 +60,7 @@ std::unique_ptr<Command> maestros_command();
 std::unique_ptr<Command> certificado_command();
 std::unique_ptr<Command> lista_command();
 std::unique_ptr<Command> reporte_command();
+std::unique_ptr<Command> imprime_command();
+std::unique_ptr<Command> revisa_reporte_command();
 
 } // namespace tolvex::console

@@ -118,6 +118,16 @@ void Options::option(const char* name, std::int16_t& value, const char* help)
     app_.add_option(name, value, help);
 }
 
+void Options::flag_or_value(const char* name, bool& given, std::string& value, const char* help)
+{
+    const auto take = [&given, &value](const CLI::results_t& results) {
+        given = true;
+        if (!results.empty()) value = results.front();
+        return true;
+    };
+    app_.add_option(name, take, help)->expected(0, 1);
+}
+
 void Options::flag(const char* name, bool& value, const char* help) { app_.add_flag(name, value, help); }
 
 int run_command_line(int argc, char** argv, const std::vector<std::unique_ptr<Command>>& commands)

@@ -30,8 +30,12 @@ public:
 
     int run(const Place& place) override
     {
-        if (kind_ != "empresas" && company_ == 0) return fail(u"falta --empresa");
-        connect(place);
+        if (kind_ == "empresas")
+            connect(place);
+        else if (company_ == 0)
+            return fail(u"falta --empresa");
+        else
+            connect(place, company_);
         const std::unique_ptr<Form> picker = picker_of_kind();
         const FormInMemory form(*picker);
         (json_ ? print_json : print_table)(form.columns(u"LstLQS3"), form.rows(u"LstLQS3"));

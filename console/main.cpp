@@ -16,5 +16,7 @@ int main(int argc, char** argv)
     commands.push_back(certificado_command());
     commands.push_back(lista_command());
     commands.push_back(reporte_command());
+    commands.push_back(imprime_command());
+    commands.push_back(revisa_reporte_command());
     return run_command_line(argc, argv, commands);
 }

@@ -3,6 +3,7 @@
 
 #include "session/opening.hpp"
 
+#include <cstdint>
 #include <string>
 
 namespace tolvex::console {
@@ -15,8 +16,13 @@ struct Place
 
 ConnectionData connection_data(const Place& place);
 
+// As the user says it again, but for the password.
+std::string options_of(const Place& place);
+
 // Opens the shared connection. Throws Error with the driver's description.
 void connect(const Place& place);
+// The same, for a company that must be there: else throws Error 5 with its number.
+void connect(const Place& place, std::int16_t company);
 void disconnect();
 
 } // namespace tolvex::console

@@ -32,11 +32,10 @@ public:
         if (month_ < 1 || month_ > 12) return fail(u"el mes va de 1 a 12");
         const Text folder = files::absolute_path(to_text(folder_));
         if (!files::folder_exists(folder)) return fail(u"no existe la carpeta " + folder);
-        connect(place);
-        const Value rfc = company_rfc(session(), decimal(company_));
-        if (rfc.is_null()) return fail(u"no existe la empresa " + decimal(company_));
+        connect(place, company_);
         const ReportedMonth month{company_, decimal(year_), format(static_cast<double>(month_), u"00")};
-        const Text path = plCreaNombreArchivo(folder, rfc.text(), month.month, month.year);
+        const Text path = plCreaNombreArchivo(folder, company_rfc(session(), decimal(company_)).text(),
+                                              month.month, month.year);
         if (!write_monthly_report(shared_connection(session()), month, path))
             return fail(u"no hay documentos de la empresa " + decimal(company_) + u" en " + month.month +
                         u"/" + month.year);

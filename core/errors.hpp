@@ -11,7 +11,7 @@ namespace tolvex {
 namespace numbers {
 inline constexpr std::int32_t invalid_call = 5, overflow = 6, type_mismatch = 13, internal = 51,
                               file_not_found = 53, device_error = 57, path_error = 75, object_not_set = 91,
-                              invalid_use_of_null = 94, not_available = 445;
+                              printer_error = 482, invalid_use_of_null = 94, not_available = 445;
 }
 
 Error invalid_call();

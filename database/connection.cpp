@@ -13,6 +13,16 @@ void Connection::execute(const Text& sql) { driver().execute(sql); }
 
 Recordset Connection::query(const Text& sql) { return Recordset(driver().query(sql)); }
 
+Recordset Connection::query(const Text& sql, const std::vector<NamedValue>& parameters)
+{
+    return Recordset(driver().query(sql, parameters));
+}
+
+Recordset Connection::call(const Text& procedure, const std::vector<NamedValue>& parameters)
+{
+    return Recordset(driver().call(procedure, parameters));
+}
+
 UpdatableRecordset Connection::open_updatable(const Text& sql) { return UpdatableRecordset(*this, sql); }
 
 void Connection::begin_transaction() { driver().begin(); }

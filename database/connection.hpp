@@ -23,6 +23,9 @@ public:
     // Runs a statement. Throws Error with the driver's description; Error 3709 when the connection is closed.
     void execute(const Text& sql);
     Recordset query(const Text& sql);
+    // The same with values for its "@name"s, and the rows of a stored procedure called with them.
+    Recordset query(const Text& sql, const std::vector<NamedValue>& parameters);
+    Recordset call(const Text& procedure, const std::vector<NamedValue>& parameters);
     // A result set "Select … from TABLE Where …" whose rows can be added to or changed.
     UpdatableRecordset open_updatable(const Text& sql);
 

@@ -16,7 +16,8 @@ enum class ColumnKind
     floating,
     money,
     date,
-    bit
+    bit,
+    binary
 };
 
 struct Column
@@ -24,6 +25,13 @@ struct Column
     Text name;
     ColumnKind kind = ColumnKind::text;
     std::size_t size = 0; // defined size in characters or digits; 0 when the driver does not know
+};
+
+// A value for "@name" in a statement; the name comes without "@".
+struct NamedValue
+{
+    Text name;
+    Value value;
 };
 
 // Rows of one query, read forwards once.
@@ -47,6 +55,10 @@ public:
     // Runs a statement or a batch; "?" marks take the parameters in order. Changing no row is no failure.
     virtual void execute(const Text& sql, const std::vector<Value>& parameters = {}) = 0;
     virtual std::unique_ptr<Cursor> query(const Text& sql) = 0;
+    // The same with values for its "@name"s, and the rows of a stored procedure called with them.
+    virtual std::unique_ptr<Cursor> query(const Text& sql, const std::vector<NamedValue>& parameters) = 0;
+    virtual std::unique_ptr<Cursor> call(const Text& procedure,
+                                         const std::vector<NamedValue>& parameters) = 0;
     virtual void begin() = 0;
     virtual void commit() = 0;
     virtual void roll_back() = 0;

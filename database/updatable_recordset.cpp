@@ -56,6 +56,8 @@ Value as_kind(const Value& value, ColumnKind kind)
         return value.date();
     case ColumnKind::bit:
         return value.boolean();
+    case ColumnKind::binary:
+        break;
     }
     return value;
 }

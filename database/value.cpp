@@ -18,6 +18,7 @@ struct ToText
     Text operator()(Currency amount) const { return amount_as_text(amount); }
     Text operator()(Date date) const { return format(date, u"yyyy-mm-dd hh:mm:ss"); }
     Text operator()(const Text& text) const { return text; }
+    Text operator()(const Bytes& bytes) const { return to_text(bytes.data); }
 };
 
 struct ToNumber
@@ -29,6 +30,7 @@ struct ToNumber
     double operator()(Currency amount) const { return amount.units(); }
     double operator()(Date date) const { return date.days; }
     double operator()(const Text& text) const { return to_number(text); }
+    double operator()(const Bytes&) const { throw type_mismatch(); }
 };
 
 struct ToCurrency

@@ -1,6 +1,7 @@
 // One column of one row, as a driver reads or writes it.
 #pragma once
 
+#include "core/bytes.hpp"
 #include "core/numbers.hpp"
 
 #include <variant>
@@ -12,7 +13,7 @@ struct Null
     friend bool operator==(Null, Null) = default;
 };
 
-// Null, bit, whole number, float, money or decimal, date-time, or text.
+// Null, bit, whole number, float, money or decimal, date-time, text, or bytes.
 class Value
 {
 public:
@@ -26,6 +27,7 @@ public:
     Value(Date date) : held_(date) {}
     Value(Text text) : held_(std::move(text)) {}
     Value(const char16_t* text) : held_(Text(text)) {}
+    Value(Bytes bytes) : held_(std::move(bytes)) {}
 
     bool is_null() const { return std::holds_alternative<Null>(held_); }
     bool is_text() const { return std::holds_alternative<Text>(held_); }
@@ -51,7 +53,7 @@ public:
     friend bool operator==(const Value&, const Value&) = default;
 
 private:
-    std::variant<Null, bool, std::int64_t, double, Currency, Date, Text> held_;
+    std::variant<Null, bool, std::int64_t, double, Currency, Date, Text, Bytes> held_;
 };
 
 } // namespace tolvex

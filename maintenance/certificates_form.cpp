@@ -45,7 +45,8 @@ const FormDescription form = {
                   {with_chooser(u"txtCertificado", u"Certificado:", u"cmdCertificado"),
                    with_chooser(u"txtLlavePrivada", u"Llave Privada:", u"cmdLlavePrivada")}},
                  {u"",
-                  {{read_only_text(u"txtSerial", u"Serial:"), read_only_text(u"txtSerie", u"Serie:", 22)},
+                  {{read_only_text(u"txtSerial", u"Serial:")}, // forty digits: a row of its own
+                   {read_only_text(u"txtSerie", u"Serie:", 22)},
                    {read_only_text(u"txtCertificado1", u"", 0, 4)}}},
                  {u"Vigencia del certificado",
                   {{read_only_text(u"txtVigenciaDesde", u"Desde:", 12), read_only_text(u"txtNotBefore")},

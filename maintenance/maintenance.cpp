@@ -1,19 +1,12 @@
 #include "maintenance/maintenance.hpp"
 
-#include "core/numbers.hpp"
 #include "maintenance/pickers.hpp"
+#include "maintenance/records.hpp"
 #include "platform/messages.hpp"
 
 namespace tolvex {
 
 namespace {
-
-bool ExisteEmpresa(Session& session, std::int16_t company)
-{
-    return !shared_connection(session)
-                .query(u"Select nEmpresa from FE_Empresas (nolock) where NEmpresa=" + decimal(company))
-                .eof();
-}
 
 void show_of_company(Session& session, const ConnectionData& data, std::int16_t company,
                      std::unique_ptr<Form> (*picker)(Session&, std::int16_t))

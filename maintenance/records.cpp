@@ -20,6 +20,13 @@ std::int16_t lowest(Session& session, const Text& number, const Text& table, con
 
 } // namespace
 
+bool ExisteEmpresa(Session& session, std::int16_t company)
+{
+    return !shared_connection(session)
+                .query(u"Select nEmpresa from FE_Empresas (nolock) where NEmpresa=" + decimal(company))
+                .eof();
+}
+
 std::int16_t find_company(Session& session, const Text& rfc)
 {
     return lowest(session, u"nEmpresa", u"FE_EMPRESAS", u"cRfc=" + stored_form(rfc));

@@ -1,9 +1,12 @@
-// Records by what a person calls them, for programs that register master data without windows.
+// Which records there are, by their numbers or by what a person calls them.
 #pragma once
 
 #include "session/session.hpp"
 
 namespace tolvex {
+
+// Whether there is a company of that number. Throws Error.
+bool ExisteEmpresa(Session& session, std::int16_t company);
 
 // Each gives the record's number, 0 when there is none; of several the lowest. Throws Error.
 std::int16_t find_company(Session& session, const Text& rfc);

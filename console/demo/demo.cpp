@@ -81,8 +81,8 @@ void Demo::run()
     print_line(
         u"  certificado.cer   el certificado; pkey.key.pem es su llave y llave.key la misma con contraseña " +
         Text(key_password));
-    print_line(u"  *.txt             los archivos planos; emita otro con: tolvex emite ARCHIVO --bd " +
-               to_text(place_.database));
+    print_line(u"  *.txt             los archivos planos; emita otro con: tolvex emite ARCHIVO" +
+               to_text(options_of(place_)));
 }
 
 void Demo::make_folder()

@@ -1,5 +1,6 @@
 // The embedded database as a driver: one file, SQLite through its C interface.
 #include "core/errors.hpp"
+#include "core/text.hpp"
 #include "database/embedded/opening.hpp"
 #include "database/embedded/rows.hpp"
 #include "database/embedded/script.hpp"
@@ -45,6 +46,23 @@ public:
         }
         settle();
         return embedded::no_rows();
+    }
+
+    std::unique_ptr<Cursor> query(const Text& sql, const std::vector<NamedValue>& parameters) override
+    {
+        for (Script script(database_, sql); auto statement = script.next();) {
+            bind(*statement, parameters);
+            if (statement->column_count() > 0) return embedded::rows_of(std::move(*statement));
+            run(*statement);
+        }
+        settle();
+        return embedded::no_rows();
+    }
+
+    std::unique_ptr<Cursor> call(const Text& procedure, const std::vector<NamedValue>&) override
+    {
+        throw Error(database_error,
+                    u"La base de datos embebida no tiene procedimientos almacenados: " + procedure);
     }
 
     // At once with the right to write: a transaction that reads first could not get it later if somebody else
@@ -94,6 +112,19 @@ private:
         if (bound + count > parameters.size())
             throw Error(database_error, u"Faltan valores para los parámetros de la instrucción SQL");
         for (std::size_t i = 0; i < count; ++i) statement.bind(i, parameters[bound++]);
+    }
+
+    static void bind(Statement& statement, const std::vector<NamedValue>& parameters)
+    {
+        for (std::size_t i = 0; i < statement.parameter_count(); ++i)
+            statement.bind(i, value_of(statement.parameter_name(i), parameters));
+    }
+
+    static const Value& value_of(const Text& name, const std::vector<NamedValue>& parameters)
+    {
+        for (const NamedValue& each : parameters)
+            if (equal_ignoring_case(u"@" + each.name, name)) return each.value;
+        throw Error(database_error, u"Falta el valor del parámetro " + name + u" de la instrucción SQL");
     }
 
     static void run(Statement& statement)

@@ -27,7 +27,9 @@ constexpr DeclaredType declared_types[] = {
     {u"money", ColumnKind::money, 19},     {u"smallmoney", ColumnKind::money, 10},
     {u"decimal", ColumnKind::money, 18},   {u"numeric", ColumnKind::money, 18},
     {u"datetime", ColumnKind::date, 23},   {u"smalldatetime", ColumnKind::date, 16},
-    {u"datetime2", ColumnKind::date, 27},  {u"date", ColumnKind::date, 10}};
+    {u"datetime2", ColumnKind::date, 27},  {u"date", ColumnKind::date, 10},
+    {u"image", ColumnKind::binary, 0},     {u"varbinary", ColumnKind::binary, 0},
+    {u"binary", ColumnKind::binary, 0}};
 
 Column column_of_declared_type(const Text& declared)
 {
@@ -77,6 +79,11 @@ struct Binder
         return sqlite3_bind_text16(statement, index, text.data(),
                                    static_cast<int>(text.size() * sizeof(char16_t)), SQLITE_TRANSIENT);
     }
+    int operator()(const Bytes& bytes) const
+    {
+        return sqlite3_bind_blob(statement, index, bytes.data.data(), static_cast<int>(bytes.data.size()),
+                                 SQLITE_TRANSIENT);
+    }
 };
 
 } // namespace
@@ -97,6 +104,12 @@ std::size_t Statement::parameter_count() const { return sqlite3_bind_parameter_c
 void Statement::bind(std::size_t parameter, const Value& value)
 {
     database_->check(value.visit(Binder{handle_.get(), static_cast<int>(parameter) + 1}));
+}
+
+Text Statement::parameter_name(std::size_t parameter) const
+{
+    const char* name = sqlite3_bind_parameter_name(handle_.get(), static_cast<int>(parameter) + 1);
+    return name ? to_text(name) : Text();
 }
 
 bool Statement::step()
@@ -125,6 +138,7 @@ Value Statement::value(std::size_t index, ColumnKind kind) const
     const int i = static_cast<int>(index);
     const int storage = sqlite3_column_type(handle_.get(), i);
     if (storage == SQLITE_NULL) return {};
+    if (storage == SQLITE_BLOB) return bytes(i);
     const bool is_number = storage == SQLITE_INTEGER || storage == SQLITE_FLOAT;
     switch (kind) {
     case ColumnKind::text:
@@ -138,6 +152,7 @@ Value Statement::value(std::size_t index, ColumnKind kind) const
     case ColumnKind::floating:
         return is_number ? Value(sqlite3_column_double(handle_.get(), i)) : text(i);
     case ColumnKind::integer:
+    case ColumnKind::binary:
         break;
     }
     return stored_value(i);
@@ -148,6 +163,13 @@ Text Statement::text(int index) const
     const auto* text = static_cast<const char16_t*>(sqlite3_column_text16(handle_.get(), index));
     if (!text) return {};
     return Text(text, sqlite3_column_bytes16(handle_.get(), index) / sizeof(char16_t));
+}
+
+Bytes Statement::bytes(int index) const
+{
+    const auto* data = static_cast<const char*>(sqlite3_column_blob(handle_.get(), index));
+    if (!data) return {};
+    return {{data, static_cast<std::size_t>(sqlite3_column_bytes(handle_.get(), index))}};
 }
 
 Value Statement::stored_value(int index) const

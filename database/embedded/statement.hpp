@@ -17,6 +17,8 @@ public:
     std::size_t parameter_count() const;
     // Parameters are counted from 0.
     void bind(std::size_t parameter, const Value& value);
+    // Its name with the "@" before it; empty for "?".
+    Text parameter_name(std::size_t parameter) const;
     // Runs up to the next row; false at the end.
     bool step();
     std::size_t column_count() const;
@@ -32,6 +34,7 @@ private:
     };
 
     Text text(int index) const;
+    Bytes bytes(int index) const;
     Value stored_value(int index) const;
 
     std::shared_ptr<const Database> database_;

@@ -2,6 +2,7 @@
 #include "core/errors.hpp"
 #include "database/errors.hpp"
 #include "database/odbc/driver_choice.hpp"
+#include "database/odbc/named_values.hpp"
 #include "database/odbc/parameters.hpp"
 #include "database/odbc/rows.hpp"
 
@@ -107,15 +108,17 @@ public:
         statement.drain();
     }
 
-    std::unique_ptr<Cursor> query(const Text& sql) override
+    std::unique_ptr<Cursor> query(const Text& sql) override { return rows_of(sql, {}); }
+
+    std::unique_ptr<Cursor> query(const Text& sql, const std::vector<NamedValue>& parameters) override
     {
-        const Statement statement(login_.get(), timeout_seconds_);
-        statement.execute(sql);
-        while (statement.column_count() == 0)
-            if (!statement.next_result()) throw no_rows_returned();
-        auto rows = read_rows(statement);
-        statement.drain();
-        return rows;
+        if (parameters.empty()) return query(sql);
+        return rows_of(with_named_values(sql, parameters), values_of(parameters));
+    }
+
+    std::unique_ptr<Cursor> call(const Text& procedure, const std::vector<NamedValue>& parameters) override
+    {
+        return rows_of(call_with_named_values(procedure, parameters), values_of(parameters));
     }
 
     void begin() override
@@ -136,6 +139,18 @@ public:
     }
 
 private:
+    std::unique_ptr<Cursor> rows_of(const Text& sql, const std::vector<Value>& parameters)
+    {
+        const Statement statement(login_.get(), timeout_seconds_);
+        const Parameters bound(statement, parameters);
+        statement.execute(sql);
+        while (statement.column_count() == 0)
+            if (!statement.next_result()) throw no_rows_returned();
+        auto rows = read_rows(statement);
+        statement.drain();
+        return rows;
+    }
+
     void end_transaction(SQLSMALLINT how)
     {
         login_.check(SQLEndTran(SQL_HANDLE_DBC, login_.get(), how));

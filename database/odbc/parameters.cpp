@@ -50,9 +50,9 @@ struct Parameters::Binder
     // As text, so that no binary form of the driver's can change a digit.
     void operator()(Currency amount) const
     {
-        to.decimal = to_utf8(amount_as_text(amount));
-        to.length = static_cast<SQLLEN>(to.decimal.size());
-        describe(SQL_C_CHAR, SQL_DECIMAL, 19, 4, to.decimal.data());
+        to.bytes = to_utf8(amount_as_text(amount));
+        to.length = static_cast<SQLLEN>(to.bytes.size());
+        describe(SQL_C_CHAR, SQL_DECIMAL, 19, 4, to.bytes.data());
     }
     // To the second, "yyyy-mm-dd hh:mm:ss": 19 characters without a fraction, which fits every kind of date
     // column.
@@ -67,6 +67,14 @@ struct Parameters::Binder
         to.length = static_cast<SQLLEN>(text.size() * sizeof(char16_t));
         const auto sql_type = text.size() > longest_nvarchar ? SQL_WLONGVARCHAR : SQL_WVARCHAR;
         describe(SQL_C_WCHAR, sql_type, std::max<std::size_t>(text.size(), 1), 0, to.text.data());
+    }
+
+    void operator()(const Bytes& bytes) const
+    {
+        to.bytes = bytes.data;
+        to.length = static_cast<SQLLEN>(bytes.data.size());
+        describe(SQL_C_BINARY, SQL_LONGVARBINARY, std::max<std::size_t>(bytes.data.size(), 1), 0,
+                 to.bytes.data());
     }
 
 private:

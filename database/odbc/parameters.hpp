@@ -29,7 +29,7 @@ private:
         SQLBIGINT number = 0;
         SQLDOUBLE floating = 0;
         SQL_TIMESTAMP_STRUCT moment{};
-        std::string decimal;
+        std::string bytes;
         Text text;
     };
     struct Binder;

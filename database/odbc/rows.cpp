@@ -48,6 +48,10 @@ ColumnKind kind_of(SQLSMALLINT sql_type)
     case SQL_TYPE_DATE:
     case SQL_TYPE_TIMESTAMP:
         return ColumnKind::date;
+    case SQL_BINARY:
+    case SQL_VARBINARY:
+    case SQL_LONGVARBINARY:
+        return ColumnKind::binary;
     default:
         return ColumnKind::text;
     }
@@ -118,6 +122,23 @@ Value read_text(const Statement& statement, SQLUSMALLINT column)
     }
 }
 
+Value read_bytes(const Statement& statement, SQLUSMALLINT column)
+{
+    std::array<char, 8192> piece;
+    Bytes whole;
+    while (true) {
+        SQLLEN left = 0; // what there was before this piece, if the driver tells
+        const SQLRETURN result =
+            SQLGetData(statement.get(), column, SQL_C_BINARY, piece.data(), sizeof(piece), &left);
+        statement.check(result);
+        if (result == SQL_NO_DATA) return whole;
+        if (left == SQL_NULL_DATA) return {};
+        const bool full = left == SQL_NO_TOTAL || left > static_cast<SQLLEN>(sizeof(piece));
+        whole.data.append(piece.data(), full ? sizeof(piece) : static_cast<std::size_t>(left));
+        if (result == SQL_SUCCESS) return whole;
+    }
+}
+
 Value read_number(const Statement& statement, SQLUSMALLINT column)
 {
     const auto number = read_plain<SQLBIGINT>(statement, column, SQL_C_SBIGINT);
@@ -170,6 +191,8 @@ Value read_value(const Statement& statement, SQLUSMALLINT column, ColumnKind kin
         return read_amount(statement, column);
     case ColumnKind::date:
         return read_date(statement, column);
+    case ColumnKind::binary:
+        return read_bytes(statement, column);
     case ColumnKind::text:
         break;
     }

@@ -1,4 +1,4 @@
-// The fonts that pages are set in. Each machine has its own; what a text measures is the same for every painter.
+// The fonts that pages are set in. Each machine has its own; a text measures the same for every painter.
 #pragma once
 
 #include "platform/pages/page.hpp"
@@ -9,12 +9,12 @@ namespace tolvex::pages {
 struct FontMeasures
 {
     double ascent = 0, descent = 0; // above and below the baseline, both positive
-    double underline = 0.1;         // distance of an underline below the baseline
+    double underline = 0.1;         // distance of the middle of an underline below the baseline
 };
 
 const FontMeasures& measures(const Font& font);
 
-// Width of a text in points, without kerning. A character that the font lacks has the width of its substitute.
+// Width of a text in points, without kerning. A character that the font lacks has its substitute's.
 double text_width(const Font& font, TextView text);
 
 // Port: the file of an installed TrueType font of that family, or of one with the same metrics (Arial and

@@ -1,5 +1,5 @@
-// Pages as printers, screens and PDF files take them: positioned marks, nothing left to decide. Lengths are in
-// points (1/72 inch), from the upper left corner of the page.
+// Pages as printers, screens and PDF files take them: positioned marks, nothing left to decide. Lengths are
+// in points (1/72 inch), from the upper left corner of the page.
 #pragma once
 
 #include "core/text.hpp"
@@ -40,13 +40,13 @@ struct Font
     friend bool operator==(const Font&, const Font&) = default;
 };
 
-// One line of text. Its baseline begins at `start` and runs on at `angle` degrees, clockwise (90 reads downwards).
+// One line of text. Its baseline begins at `start` and runs at `angle` degrees, clockwise (90: downwards).
 struct TextMark
 {
     Point start;
     Text text;
     Font font;
-    Color color;
+    Color color = {};
     double angle = 0;
     double word_spacing = 0; // added at each blank of justified text
 };
@@ -62,7 +62,7 @@ struct LineMark
 {
     Point from, to;
     double width = 1;
-    Color color;
+    Color color = {};
     Dashes dashes = Dashes::solid;
 };
 
@@ -70,7 +70,7 @@ struct LineMark
 struct FillMark
 {
     Box box;
-    Color color;
+    Color color = {};
 };
 
 // A picture drawn to fill `box`; what lies outside `visible` is not shown.

@@ -8,12 +8,13 @@ namespace tolvex::pages {
 class PdfFile : public PageSink
 {
 public:
-    // Throws Error 75 when the file cannot be written there; an older file of that name is kept until finish().
+    // Throws Error 75 when the file cannot be written there; an older one stays until finish().
     PdfFile(TextView path, const DocumentProperties& properties);
     ~PdfFile() override;
 
     void take(Page page) override;
-    // Writes the file whole. Throws Error 57 or 75, with what to do: another program has it open, the disk is full.
+    // Writes the file whole. Throws Error 57 or 75, with what to do: another program has it open, the disk is
+    // full.
     void finish();
 
 private:

@@ -1,4 +1,4 @@
-// Port: a window in which a person reads, searches, prints and exports pages. It is modeless and has no owner.
+// Port: a window in which a person reads, searches, prints and exports pages, modeless and without an owner.
 #pragma once
 
 #include "platform/pages/page.hpp"

@@ -36,6 +36,7 @@ Accumulator::Accumulator(AggregateFunction function) : state_(std::make_unique<S
 
 Accumulator::~Accumulator() = default;
 Accumulator::Accumulator(Accumulator&&) noexcept = default;
+Accumulator& Accumulator::operator=(Accumulator&&) noexcept = default;
 
 void Accumulator::add(const Variant& value)
 {

@@ -69,17 +69,25 @@ Decimal decimal_in(TextView text)
 
 } // namespace
 
+bool is_number(const Variant& value)
+{
+    return value.get_if<std::int64_t>() || value.get_if<double>() || value.get_if<Currency>();
+}
+
 Variant as_number(const Variant& value)
 {
-    if (value.get_if<std::int64_t>() || value.get_if<double>() || value.get_if<Currency>()) return value;
+    if (is_number(value)) return value;
     if (value.is_nothing()) return 0;
     if (const bool* truth = value.get_if<bool>()) return *truth ? -1 : 0;
     return value.number();
 }
 
-Variant sum(const Variant& a, const Variant& b) { return combined(a, b, plus, std::plus<>()); }
+Variant sum(const Variant& left, const Variant& right) { return combined(left, right, plus, std::plus<>()); }
 
-Variant difference(const Variant& a, const Variant& b) { return combined(a, b, minus, std::minus<>()); }
+Variant difference(const Variant& left, const Variant& right)
+{
+    return combined(left, right, minus, std::minus<>());
+}
 
 Variant product(const Variant& left, const Variant& right)
 {
@@ -91,16 +99,16 @@ Variant product(const Variant& left, const Variant& right)
     return finite(a.number() * b.number());
 }
 
-double quotient(const Variant& a, const Variant& b)
+double quotient(const Variant& left, const Variant& right)
 {
-    const double divisor = b.number(), dividend = a.number();
+    const double divisor = right.number(), dividend = left.number();
     if (divisor == 0) throw division_by_zero();
     return finite(dividend / divisor);
 }
 
-std::int64_t whole_quotient(const Variant& a, const Variant& b)
+std::int64_t whole_quotient(const Variant& left, const Variant& right)
 {
-    const std::int64_t divisor = b.whole_number(), dividend = a.whole_number();
+    const std::int64_t divisor = right.whole_number(), dividend = left.whole_number();
     if (divisor == 0) throw division_by_zero();
     return divisor == -1 ? minus(0, dividend) : dividend / divisor;
 }
@@ -114,7 +122,10 @@ Variant remainder(const Variant& left, const Variant& right)
     return divisor == -1 ? 0 : *a.get_if<std::int64_t>() % divisor;
 }
 
-double power(const Variant& a, const Variant& b) { return finite(std::pow(a.number(), b.number())); }
+double power(const Variant& left, const Variant& right)
+{
+    return finite(std::pow(left.number(), right.number()));
+}
 
 Variant negated(const Variant& value) { return difference(0, value); }
 
@@ -137,8 +148,9 @@ Decimal exact_decimal(const Variant& value)
 
 Variant amount_or_number(const Decimal& number)
 {
-    const bool fits = static_cast<int>(number.digits.size()) - number.point <= 4 && number.point <= 14;
-    if (fits) return currency_of(number);
+    const bool four_decimals = static_cast<int>(number.digits.size()) - number.point <= 4;
+    const bool in_range = number.point < 15 || (number.point == 15 && number.digits <= "9223372036854775807");
+    if (four_decimals && in_range) return currency_of(number);
     return to_double(number);
 }
 

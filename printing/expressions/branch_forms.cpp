@@ -1,7 +1,7 @@
 #include "core/errors.hpp"
-#include "core/text.hpp"
 #include "printing/expressions/call.hpp"
 #include "printing/expressions/forms.hpp"
+#include "printing/expressions/names.hpp"
 
 namespace tolvex::printing {
 
@@ -13,6 +13,7 @@ struct Branches : Node
     explicit Branches(const std::vector<Argument>& arguments)
     {
         for (const Argument& each : arguments) parts.push_back(each.value());
+        height = height_above(parts);
     }
     void for_each_mention(const MentionVisitor& visit) const override
     {
@@ -102,10 +103,8 @@ NodePtr converted(const std::vector<Argument>& arguments)
         {u"single", u"csng"},    {u"decimal", u"cdec"}, {u"boolean", u"cbool"}, {u"date", u"cdate"},
         {u"datetime", u"cdate"}, {u"object", u"cobj"}};
     require_arguments(arguments, 2, 2, u"CType");
-    const Text kind = lower_case(arguments[1].source);
-    for (const auto& [known, conversion] : conversions)
-        if (known == kind)
-            return make_call(*function_named(Text(conversion)), u"CType", {arguments[0].value()});
+    if (const TextView* conversion = find_name(conversions, arguments[1].source))
+        return make_call(*function_named(Text(*conversion)), u"CType", {arguments[0].value()});
     throw invalid_call(u"Tipo desconocido: " + arguments[1].source);
 }
 

@@ -54,7 +54,9 @@ struct Item : Node
 // Fields(Parameters!Columna.Value).Value
 struct ComputedItem : Node
 {
-    ComputedItem(const CollectionProperty& p, NodePtr n) : read(p.read), name(std::move(n)) {}
+    ComputedItem(const CollectionProperty& p, NodePtr n)
+        : Node(n->height + 1), read(p.read), name(std::move(n))
+    {}
     Variant evaluate(const Environment& environment) const override
     {
         return read(environment, name->evaluate(environment).text());

@@ -2,6 +2,8 @@
 
 #include "core/errors.hpp"
 
+#include <algorithm>
+
 namespace tolvex::printing {
 
 const NodePtr& Argument::value() const
@@ -19,6 +21,13 @@ std::optional<Text> Argument::constant_text() const
     const Text* text = constant ? constant->value.get_if<Text>() : nullptr;
     if (!text) throw invalid_call(u"Se esperaba un texto entre comillas en lugar de " + source);
     return *text;
+}
+
+int height_above(const std::vector<NodePtr>& nodes)
+{
+    int highest = 0;
+    for (const NodePtr& node : nodes) highest = std::max(highest, node->height);
+    return highest + 1;
 }
 
 void for_each_mention(const std::vector<NodePtr>& nodes, const MentionVisitor& visit)

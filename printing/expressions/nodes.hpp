@@ -10,12 +10,15 @@ using MentionVisitor = std::function<void(Expression::Mention, const Text& name)
 
 struct Node
 {
-    Node() = default;
+    // One more than the highest of the nodes below.
+    explicit Node(int h = 1) : height(h) {}
     Node(const Node&) = delete;
     Node& operator=(const Node&) = delete;
     virtual ~Node() = default;
     virtual Variant evaluate(const Environment& environment) const = 0;
     virtual void for_each_mention(const MentionVisitor&) const {}
+
+    int height; // set while the node is made
 };
 
 struct Constant : Node
@@ -39,6 +42,7 @@ struct Argument
     std::optional<Text> constant_text() const;
 };
 
+int height_above(const std::vector<NodePtr>& nodes);
 void for_each_mention(const std::vector<NodePtr>& nodes, const MentionVisitor& visit);
 
 } // namespace tolvex::printing

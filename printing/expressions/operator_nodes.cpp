@@ -1,11 +1,13 @@
 #include "printing/expressions/operator_nodes.hpp"
 
+#include <algorithm>
+
 namespace tolvex::printing {
 
 namespace {
 
-// Whether what stands on the left is the result already. And and Or too leave the rest out then, which nobody notices
-// but by the errors that a guard before them is there to avoid.
+// Whether what stands on the left is the result already. And and Or too leave the rest out then, which nobody
+// notices but by the errors that a guard before them is there to avoid.
 bool is_decided(Operator how, const Variant& left)
 {
     const bool* truth = left.get_if<bool>();
@@ -15,6 +17,12 @@ bool is_decided(Operator how, const Variant& left)
 }
 
 } // namespace
+
+void Chain::add(Operator how, NodePtr operand)
+{
+    height = std::max(height, operand->height + 1);
+    links.push_back({how, std::move(operand)});
+}
 
 Variant Chain::evaluate(const Environment& environment) const
 {

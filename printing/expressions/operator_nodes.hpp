@@ -9,7 +9,8 @@ namespace tolvex::printing {
 // Operators of one level, applied from the left.
 struct Chain : Node
 {
-    explicit Chain(NodePtr start) : first(std::move(start)) {}
+    explicit Chain(NodePtr start) : Node(start->height + 1), first(std::move(start)) {}
+    void add(Operator how, NodePtr operand);
     Variant evaluate(const Environment& environment) const override;
     void for_each_mention(const MentionVisitor& visit) const override;
 
@@ -25,7 +26,9 @@ struct Chain : Node
 // A minus, or Not, before an operand.
 struct Negation : Node
 {
-    Negation(NodePtr node, bool logically) : operand(std::move(node)), logical(logically) {}
+    Negation(NodePtr node, bool logically)
+        : Node(node->height + 1), operand(std::move(node)), logical(logically)
+    {}
     Variant evaluate(const Environment& environment) const override
     {
         return negated_or_not(operand->evaluate(environment), logical);

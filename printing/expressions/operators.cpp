@@ -11,11 +11,6 @@ namespace tolvex::printing {
 
 namespace {
 
-bool is_number(const Variant& value)
-{
-    return value.get_if<std::int64_t>() || value.get_if<double>() || value.get_if<Currency>();
-}
-
 bool either_is_nothing(const Variant& a, const Variant& b) { return a.is_nothing() || b.is_nothing(); }
 
 template <class Kind>

@@ -15,8 +15,9 @@ namespace tolvex::printing {
 
 namespace {
 
-// Parentheses, calls and signs before an operand within one another; and calls after one another, as in a.Trim().Trim().
-constexpr int deepest = 200;
+// How far parentheses, calls and signs may stand within one another, and how high the tree may become that
+// they make together with operators and members: what parses and what evaluates goes down through them.
+constexpr int deepest = 200, highest = 500;
 
 struct BinaryOperator
 {
@@ -62,6 +63,7 @@ private:
     NodePtr primary();
     NodePtr parenthesized();
     NodePtr with_members(NodePtr target);
+    NodePtr indexed(const NodePtr& target);
     NodePtr member(const NodePtr& target);
 
     NodePtr named();
@@ -88,13 +90,21 @@ private:
     int depth_ = 0;
 };
 
+[[noreturn]] void fail_too_deep() { throw invalid_call(u"La expresión está anidada a demasiados niveles"); }
+
+NodePtr not_too_high(NodePtr node)
+{
+    if (node->height > highest) fail_too_deep();
+    return node;
+}
+
 // Counts a level of nesting for as long as it is parsed.
 class Descent
 {
 public:
     explicit Descent(int& depth) : depth_(depth)
     {
-        if (++depth_ > deepest) throw invalid_call(u"La expresión está anidada a demasiados niveles");
+        if (++depth_ > deepest) fail_too_deep();
     }
     ~Descent() { --depth_; }
     Descent(const Descent&) = delete;
@@ -127,9 +137,9 @@ NodePtr Parser::expression(int least_level)
             chain_level = found->level;
             left = chain;
         }
-        chain->links.push_back({found->how, std::move(right)});
+        chain->add(found->how, std::move(right));
     }
-    return left;
+    return not_too_high(left);
 }
 
 const BinaryOperator* Parser::binary_operator() const
@@ -175,18 +185,21 @@ NodePtr Parser::parenthesized()
 
 NodePtr Parser::with_members(NodePtr target)
 {
-    for (int links = 0; token().is_sign(u".") || token().is_sign(u"("); ++links) {
-        if (links == deepest) throw invalid_call(u"La expresión está anidada a demasiados niveles");
-        if (take_sign(u".")) {
-            target = member(target);
-            continue;
-        }
-        ++at_;
-        const std::vector<Argument> index = arguments(u")");
-        if (index.size() != 1) fail_here();
-        target = element_of(target, index.front().value());
+    for (;;) {
+        if (take_sign(u"."))
+            target = not_too_high(member(target));
+        else if (take_sign(u"("))
+            target = not_too_high(indexed(target));
+        else
+            return target;
     }
-    return target;
+}
+
+NodePtr Parser::indexed(const NodePtr& target)
+{
+    const std::vector<Argument> index = arguments(u")");
+    if (index.size() != 1) fail_here();
+    return element_of(target, index.front().value());
 }
 
 NodePtr Parser::member(const NodePtr& target)
@@ -201,13 +214,14 @@ NodePtr Parser::member(const NodePtr& target)
     return make_call(*function, name, std::move(given));
 }
 
-// Qualifiers that a layout may write before a function: System.Math.Round, Microsoft.VisualBasic.Strings.Left.
+// Qualifiers that a layout may write before a function: System.Math.Round,
+// Microsoft.VisualBasic.Strings.Left.
 bool is_qualifier(TextView key)
 {
     static constexpr TextView qualifiers[] = {
         u"system",        u"microsoft",  u"visualbasic", u"strings", u"interaction",
         u"dateandtime",   u"conversion", u"information", u"vbmath",  u"constants",
-        u"globalization", u"math",       u"global"};
+        u"globalization", u"math",       u"global",      u"text"};
     return std::find(std::begin(qualifiers), std::end(qualifiers), key) != std::end(qualifiers);
 }
 

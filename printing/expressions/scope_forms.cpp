@@ -1,6 +1,6 @@
 #include "core/errors.hpp"
-#include "core/text.hpp"
 #include "printing/expressions/forms.hpp"
+#include "printing/expressions/names.hpp"
 
 namespace tolvex::printing {
 
@@ -15,7 +15,7 @@ void mention_scope(const std::optional<Text>& scope, const MentionVisitor& visit
 
 struct Aggregate : Node
 {
-    explicit Aggregate(AggregateCall c) : call(std::move(c)) {}
+    explicit Aggregate(AggregateCall c, int height = 1) : Node(height), call(std::move(c)) {}
     Variant evaluate(const Environment& environment) const override { return environment.aggregate(call); }
     void for_each_mention(const MentionVisitor& visit) const override
     {
@@ -28,7 +28,7 @@ struct Aggregate : Node
 
 struct Lookup : Node
 {
-    explicit Lookup(LookupCall c) : call(std::move(c)) {}
+    Lookup(LookupCall c, int height) : Node(height), call(std::move(c)) {}
     Variant evaluate(const Environment& environment) const override { return environment.lookup(call); }
     void for_each_mention(const MentionVisitor& visit) const override
     {
@@ -75,7 +75,8 @@ NodePtr over_rows(const std::vector<Argument>& arguments)
     require_arguments(arguments, 1, 3, u"un agregado");
     refuse_recursion(arguments);
     return std::make_shared<Aggregate>(
-        AggregateCall{function, function, arguments[0].expression(), scope_in(arguments, 1)});
+        AggregateCall{function, function, arguments[0].expression(), scope_in(arguments, 1)},
+        height_above({arguments[0].value()}));
 }
 
 template <AggregateFunction function>
@@ -101,8 +102,7 @@ AggregateFunction aggregate_named(const Text& name)
                                                                        {u"Var", var},
                                                                        {u"VarP", var_p},
                                                                        {u"CountRows", count_rows}};
-    for (const auto& [known, function] : names)
-        if (equal_ignoring_case(known, name)) return function;
+    if (const AggregateFunction* function = find_name(names, name)) return *function;
     throw invalid_call(u"RunningValue no conoce la función " + name);
 }
 
@@ -111,16 +111,18 @@ NodePtr running_value(const std::vector<Argument>& arguments)
     require_arguments(arguments, 2, 3, u"RunningValue");
     return std::make_shared<Aggregate>(AggregateCall{AggregateFunction::running_value,
                                                      aggregate_named(arguments[1].source),
-                                                     arguments[0].expression(), scope_in(arguments, 2)});
+                                                     arguments[0].expression(), scope_in(arguments, 2)},
+                                       height_above({arguments[0].value()}));
 }
 
 template <bool every_match>
 NodePtr lookup(const std::vector<Argument>& arguments)
 {
     require_arguments(arguments, 4, 4, every_match ? u"LookupSet" : u"Lookup");
-    return std::make_shared<Lookup>(LookupCall{arguments[0].expression(), arguments[1].expression(),
-                                               arguments[2].expression(),
-                                               scope_in(arguments, 3).value_or(Text()), every_match});
+    return std::make_shared<Lookup>(
+        LookupCall{arguments[0].expression(), arguments[1].expression(), arguments[2].expression(),
+                   scope_in(arguments, 3).value_or(Text()), every_match},
+        height_above({arguments[0].value(), arguments[1].value(), arguments[2].value()}));
 }
 
 NodePtr in_scope(const std::vector<Argument>& arguments)

@@ -23,19 +23,12 @@ std::vector<QueryParameter> read_query_parameters(Reading& in, const Element& qu
     return parameters;
 }
 
-// A whole table is asked for by its name.
-Expression read_command(Reading& in, const Element& query, const Text& type)
-{
-    const Expression command = in.expression(query, u"CommandText");
-    if (type != u"TableDirect" || !command.is_literal()) return command;
-    return Expression::of(u"Select * From " + command.source());
-}
-
 void read_query(Reading& in, const Element& query, DataSet& data_set)
 {
     const Text type = in.text(query, u"CommandType");
-    data_set.command = read_command(in, query, type);
+    data_set.command = in.expression(query, u"CommandText");
     data_set.stored_procedure = type == u"StoredProcedure";
+    data_set.whole_table = type == u"TableDirect";
     data_set.parameters = read_query_parameters(in, query);
 }
 

@@ -246,8 +246,8 @@ struct DataSet
 {
     Text name;
     Place place;
-    Expression command; // the statement, or the name of a stored procedure
-    bool stored_procedure = false;
+    Expression command; // the statement, or the name of a stored procedure or of a table taken whole
+    bool stored_procedure = false, whole_table = false;
     std::vector<QueryParameter> parameters;
     std::vector<Field> fields;
     std::vector<Filter> filters;
@@ -290,6 +290,9 @@ struct Remark
     Place place;
     Text text; // in Spanish: "Chart no se dibuja"
 };
+
+// The remark for a person: where it is, and what.
+Text in_words(const Remark& remark);
 
 struct Layout
 {

@@ -205,4 +205,12 @@ Text subreport_file(const Layout& layout, TextView report)
     return {};
 }
 
+Text in_words(const Remark& remark)
+{
+    Text where = remark.place.element;
+    if (remark.place.line > 0)
+        where += (where.empty() ? u"renglón " : u", renglón ") + decimal(remark.place.line);
+    return where.empty() ? remark.text : where + u": " + remark.text;
+}
+
 } // namespace tolvex::printing

@@ -220,6 +220,22 @@ TEST_F(Command, the_monthly_report_names_its_file_and_a_month_without_documents_
     EXPECT_EQ(report("13").exit_code, 1);
 }
 
+TEST_F(Command, nothing_is_done_for_a_company_that_is_not_there)
+{
+    demo();
+    for (const std::vector<std::string>& words :
+         {std::vector<std::string>{"lista", "certificados"},
+          {"certificado", "--cer", "demo/certificado.cer", "--key", "demo/llave.key", "--carpeta-sello", "."},
+          {"reporte", "--mes", "3", "--anio", "2011", "--carpeta", "."}}) {
+        std::vector<std::string> order = words;
+        order.insert(order.end(), {"--empresa", "2", "--bd", database});
+        const Outcome refused = tolvex(order);
+        EXPECT_EQ(refused.exit_code, 1) << words[0];
+        EXPECT_THAT(refused.errors, HasSubstr("no existe la empresa 2")) << words[0];
+    }
+    EXPECT_FALSE(exists(path() / "pkey.key.pem"));
+}
+
 TEST_F(Command, output_that_cannot_be_written_is_no_success)
 {
     demo();
@@ -261,7 +277,7 @@ TEST_F(Command, a_badly_written_order_says_so_in_spanish_with_exit_code_2)
     };
     for (const auto& [words, told] :
          std::initializer_list<Case>{{{}, "falta la orden"},
-                                     {{"imprime"}, "falta la orden"},
+                                     {{"factura"}, "falta la orden"},
                                      {{"emite"}, "falta ARCHIVO"},
                                      {{"emite", "a", "b"}, "no se conoce o sobra: b"},
                                      {{"cancela", "1", "--empresa", "1"}, "falta --sucursal"},

@@ -33,7 +33,7 @@ protected:
         connection_.execute(
             u"create table tolvex_prueba (nClave int not null primary key, nCorto smallint, bActivo bit,"
             u" nFlotante float, nImporte decimal(18,4), dFecha datetime, cTexto nvarchar(200),"
-            u" cLargo ntext)");
+            u" cLargo ntext, bFoto varbinary(8000))");
     }
 
     void TearDown() override
@@ -97,11 +97,30 @@ TEST_P(ConnectionContract, values_come_back_as_they_were_stored)
         {u"cTexto", u"\U0001F4C4 fuera del plano básico"},
         {u"cTexto", u"  con blancos "},
         {u"cLargo", Text(60'000, u'ñ')},
+        {u"bFoto", Bytes{std::string("\0\xFF\x89PNG", 6)}},
+        {u"bFoto", Bytes{std::string(8'000, '\xA5')}},
     };
     for (const auto& [column, value] : cases) EXPECT_EQ(stored(column, value), value) << to_utf8(column);
     for (const char16_t* column :
-         {u"nCorto", u"bActivo", u"nFlotante", u"nImporte", u"dFecha", u"cTexto", u"cLargo"})
+         {u"nCorto", u"bActivo", u"nFlotante", u"nImporte", u"dFecha", u"cTexto", u"cLargo", u"bFoto"})
         EXPECT_TRUE(stored(column, Value()).is_null()) << to_utf8(column);
+}
+
+TEST_P(ConnectionContract, names_in_a_query_take_the_values_given_for_them)
+{
+    if (GetParam().name == "odbcSqlite") return; // through ODBC it is the server that knows names
+    for (int key : {1, 2, 3}) add(key);
+    connection_.execute(u"update tolvex_prueba set cTexto = 'it''s @nClave' where nClave = 2");
+    Recordset rows =
+        connection_.query(u"Select nClave, @cTexto as cDado from tolvex_prueba where nClave > @NCLAVE"
+                          u" and '@nClave' <> cTexto and cTexto = @cTexto",
+                          {{u"nClave", 1}, {u"cTexto", u"it's @nClave"}});
+    EXPECT_EQ(rows[u"nClave"], Value(2));
+    EXPECT_EQ(rows[u"cDado"], Value(u"it's @nClave"));
+    EXPECT_EQ(error_number([&] {
+                  connection_.query(u"Select @nOtro as n", {{u"nClave", 1}});
+              }),
+              database_error);
 }
 
 TEST_P(ConnectionContract, a_set_value_takes_the_kind_of_its_column)
@@ -124,7 +143,8 @@ TEST_P(ConnectionContract, columns_tell_their_kind_and_size)
     std::vector<ColumnKind> kinds;
     for (const Column& column : rows.columns()) kinds.push_back(column.kind);
     using enum ColumnKind;
-    EXPECT_THAT(kinds, ::testing::ElementsAre(integer, integer, bit, floating, money, date, text, text));
+    EXPECT_THAT(kinds,
+                ::testing::ElementsAre(integer, integer, bit, floating, money, date, text, text, binary));
     EXPECT_EQ(rows.columns()[6].name, u"cTexto");
     EXPECT_EQ(rows.columns()[6].size, 200u);
 }

@@ -4,6 +4,7 @@
 #include "database/connection.hpp"
 #include "database/errors.hpp"
 #include "database/odbc/driver_choice.hpp"
+#include "database/odbc/named_values.hpp"
 #include "support/tables.hpp"
 #include "support/temporary_folder.hpp"
 
@@ -26,7 +27,7 @@ TEST(OdbcDriverChoice, keeps_the_named_driver_or_takes_the_vendors_newest_or_tel
         Text used;
     };
     const Text named = u"uid=sa;pwd=a=b;driver={SQL Server};server=caja", start = u"uid=sa;pwd=a=b;driver=",
-               other = u"Driver={SQLite3}; database=/tmp/a.db",
+               other = u"Driver={SQLite3}; database=a.db",
                told = u";TDS_Version=7.4;ClientCharset=UTF-8;TextSize=2147483647";
     for (const auto& [given, installed, used] : std::initializer_list<Case>{
              {named, {u"FreeTDS", u"sql server"}, named},
@@ -44,6 +45,22 @@ TEST(OdbcDriverChoice, keeps_the_named_driver_or_takes_the_vendors_newest_or_tel
               {},
               start + u"libtdsodbc.so;server=caja;port=1433" + told}}) // it may be there, not registered
         EXPECT_EQ(for_installed_driver(given, installed), used);
+}
+
+TEST(OdbcNamedValues, are_declared_to_the_server_and_sent_apart_from_the_text)
+{
+    const std::vector<NamedValue> values = {{u"cIndFactura", u"it's"},
+                                            {u"nEmpresa", 1},
+                                            {u"dDia", Date{1}},
+                                            {u"nPago", Currency(2)},
+                                            {u"nada", {}}};
+    EXPECT_EQ(
+        odbc::with_named_values(u"Select 'x' Where c = @cIndFactura", values),
+        u"exec sp_executesql N'Select ''x'' Where c = @cIndFactura', N'@cIndFactura nvarchar(max), @nEmpresa "
+        u"bigint, @dDia datetime, @nPago money, @nada nvarchar(1)', @cIndFactura = ?, @nEmpresa = ?, @dDia = ?, "
+        u"@nPago = ?, @nada = ?");
+    EXPECT_EQ(odbc::call_with_named_values(u"dbo.prFactura", {{u"nEmpresa", 1}}),
+              u"exec dbo.prFactura @nEmpresa = ?");
 }
 
 class OdbcConnection : public ::testing::Test

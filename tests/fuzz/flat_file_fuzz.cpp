@@ -2,13 +2,14 @@
 // database every record but EMISOR and EMITE goes its whole way.
 #include "flat_file/flat_file.hpp"
 #include "platform/files.hpp"
+#include "support/temporary_folder.hpp"
 
 #include <cstdlib>
-#include <unistd.h>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
-    static const tolvex::Text path = tolvex::to_text("/tmp/tolvex_fuzz_" + std::to_string(getpid()));
+    static const tolvex::TemporaryFolder folder;
+    const tolvex::Text path = folder.file("documentos.txt");
     tolvex::files::write(path, {reinterpret_cast<const char*>(bytes), size});
     tolvex::session() = {};
     const tolvex::FlatFileResult result = tolvex::issue_flat_file_records(tolvex::session(), path, {});

@@ -3,6 +3,7 @@
 #include "core/errors.hpp"
 #include "core/text.hpp"
 #include "printing/expressions/arithmetic.hpp"
+#include "printing/expressions/names.hpp"
 
 #include <algorithm>
 #include <charconv>
@@ -44,9 +45,8 @@ TextView format_of_name(TextView name)
     static constexpr std::pair<TextView, TextView> names[] = {
         {u"General Number", u"G"}, {u"Currency", u"C"}, {u"Fixed", u"F2"},
         {u"Standard", u"N2"},      {u"Percent", u"P2"}, {u"Scientific", u"E2"}};
-    for (const auto& [known, format] : names)
-        if (equal_ignoring_case(known, name)) return format;
-    return name;
+    const TextView* format = find_name(names, name);
+    return format ? *format : name;
 }
 
 Decimal without_sign(Decimal number)
@@ -169,13 +169,13 @@ Text format_by_letter(const Variant& value, const StandardFormat& format, TextVi
 
 } // namespace
 
-Text format_number(const Variant& number, TextView named, const Culture& culture)
+Text format_number(const Variant& number, TextView format, const Culture& culture)
 {
-    const TextView format = format_of_name(named);
-    if (format.empty()) return general(number, {u'G', std::nullopt}, culture);
-    if (const auto standard = standard_format(format))
+    const TextView pattern = format_of_name(format);
+    if (pattern.empty()) return general(number, {u'G', std::nullopt}, culture);
+    if (const auto standard = standard_format(pattern))
         return format_by_letter(number, *standard, format, culture);
-    return format_number_by_pattern(exact_decimal(number), format, culture);
+    return format_number_by_pattern(exact_decimal(number), pattern, culture);
 }
 
 Text plain_number(Decimal number, const NumberStyle& style, const Culture& culture)

@@ -1,8 +1,8 @@
 #include "core/errors.hpp"
-#include "core/text.hpp"
 #include "printing/expressions/expression.hpp"
 #include "printing/expressions/functions/table.hpp"
 #include "printing/expressions/moments.hpp"
+#include "printing/expressions/names.hpp"
 
 #include <cmath>
 
@@ -32,8 +32,7 @@ Interval interval_in(const Arguments& given)
         {u"ww", Interval::week},       {u"h", Interval::hour},    {u"n", Interval::minute},
         {u"s", Interval::second}};
     const Text wanted = given.text(0);
-    for (const auto& [name, interval] : intervals)
-        if (equal_ignoring_case(name, wanted)) return interval;
+    if (const Interval* interval = find_name(intervals, wanted)) return *interval;
     throw invalid_call(u"Intervalo desconocido: " + clip(wanted, 40));
 }
 
@@ -128,7 +127,8 @@ Variant date_diff(const Arguments& given)
     }
 }
 
-// Which week of the year is the first: 1 that of 1 January, 2 the first with four days, 3 the first whole one.
+// Which week of the year is the first: 1 that of 1 January, 2 the first with four days, 3 the first whole
+// one.
 std::int64_t week_of_year(const Moment& moment, int first_day, std::int64_t rule)
 {
     const int day = moment.day_of_year - 1;

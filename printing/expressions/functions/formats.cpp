@@ -22,6 +22,7 @@ bool chosen(const Arguments& given, std::size_t i, bool otherwise)
 template <Text (*write)(Decimal, const NumberStyle&, const Culture&), bool in_parentheses_by_culture>
 Variant format_styled(const Arguments& given)
 {
+    if (!given.has(0)) return u"";
     NumberStyle style;
     if (const std::int64_t decimals = given.whole(1, -1); decimals != -1) {
         if (decimals < 0 || decimals > 99) throw invalid_call();

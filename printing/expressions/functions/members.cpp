@@ -2,6 +2,7 @@
 #include "printing/expressions/arithmetic.hpp"
 #include "printing/expressions/functions/table.hpp"
 #include "printing/expressions/functions/texts.hpp"
+#include "printing/expressions/lengths.hpp"
 
 #include <algorithm>
 
@@ -17,7 +18,7 @@ Variant trim_ends(const Arguments& given)
     const auto* list = given[1].get_if<Variant::List>();
     Text unwanted;
     for (const Variant& each : list ? std::span<const Variant>(*list) : given.values().subspan(1))
-        unwanted += formatted(each, {}, given.culture());
+        require_length((unwanted += formatted(each, {}, given.culture())).size());
     return trimmed(given.text(0), unwanted, at_start, at_end);
 }
 
@@ -54,7 +55,9 @@ Variant insert(const Arguments& given)
 {
     const Text text = given.text(0);
     const std::size_t at = place_in(text, given, 1);
-    return clip(text, at) + given.text(2) + part(text, at);
+    const Text inserted = given.text(2);
+    require_length(text.size() + inserted.size());
+    return clip(text, at) + inserted + part(text, at);
 }
 
 Variant replace(const Arguments& given)
@@ -72,17 +75,7 @@ Variant length(const Arguments& given)
 
 Variant split_text(const Arguments& given)
 {
-    Variant::List list;
-    for (Text& each : parts_of(given.text(0), given.has(1) ? given.text(1) : u" ", -1, false))
-        list.emplace_back(std::move(each));
-    return list;
-}
-
-Variant to_char_array(const Arguments& given)
-{
-    Variant::List list;
-    for (const char16_t c : given.text(0)) list.emplace_back(Text(1, c));
-    return list;
+    return parts_of(given.text(0), given.has(1) ? given.text(1) : u" ", -1, false);
 }
 
 Variant contains(const Arguments& given)
@@ -137,7 +130,6 @@ constexpr NamedFunction of_texts[] = {{u"trim", 1, any_number, trim_ends<true, t
                                       {u"length", 1, 1, length},
                                       {u"count", 1, 1, length},
                                       {u"split", 1, 3, split_text},
-                                      {u"tochararray", 1, 1, to_char_array},
                                       {u"contains", 2, 2, contains},
                                       {u"startswith", 2, 2, starts_with},
                                       {u"endswith", 2, 2, ends_with},
@@ -146,13 +138,14 @@ constexpr NamedFunction of_texts[] = {{u"trim", 1, any_number, trim_ends<true, t
                                       {u"padleft", 2, 3, pad_left},
                                       {u"padright", 2, 3, pad_right}};
 
-// .ToString(format, culture): either may come alone, and a format is known by its not being a culture's name.
+// .ToString(format, culture)
 Variant to_string(const Arguments& given)
 {
     const Culture& chosen = given.has(2) ? culture(given.text(2)) : given.culture();
     return formatted(given[0], given.text(1), chosen);
 }
 
+// A text serves as the list of its characters wherever one is taken.
 Variant value(const Arguments& given) { return given[0]; }
 Variant has_value(const Arguments& given) { return !given[0].is_nothing(); }
 
@@ -164,15 +157,11 @@ Variant equals(const Arguments& given)
 
 Variant compare_to(const Arguments& given) { return compare(given[0], given[1]); }
 
-constexpr NamedFunction of_any_value[] = {{u"tostring", 1, 3, to_string},
-                                          {u"value", 1, 1, value},
-                                          {u"hasvalue", 1, 1, has_value},
-                                          {u"getvalue", 2, 2, element},
-                                          {u"getvalueordefault", 1, 1, value},
-                                          {u"equals", 2, 2, equals},
-                                          {u"compareto", 2, 2, compare_to},
-                                          {u"item", 2, 2, element},
-                                          {u"chars", 2, 2, element}};
+constexpr NamedFunction of_any_value[] = {{u"tostring", 1, 3, to_string}, {u"value", 1, 1, value},
+                                          {u"tochararray", 1, 1, value},  {u"hasvalue", 1, 1, has_value},
+                                          {u"getvalue", 2, 2, element},   {u"getvalueordefault", 1, 1, value},
+                                          {u"equals", 2, 2, equals},      {u"compareto", 2, 2, compare_to},
+                                          {u"item", 2, 2, element},       {u"chars", 2, 2, element}};
 
 } // namespace
 

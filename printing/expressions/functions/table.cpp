@@ -53,14 +53,15 @@ const Culture& Arguments::culture() const { return environment_.culture(); }
 
 const NamedFunction* function_named(const Text& key)
 {
-    static const Table table =
-        table_of({text_functions(), number_functions(), conversions(), date_functions(), format_functions()});
+    static const Table table = table_of({text_functions(), number_functions(), conversions(),
+                                         date_functions(), format_functions(), encoding_functions()});
     return found_in(table, key);
 }
 
 const NamedFunction* member_named(const Text& key)
 {
-    static const Table table = table_of({text_members(), date_members(), other_members()});
+    static const Table table =
+        table_of({text_members(), date_members(), encoding_members(), other_members()});
     return found_in(table, key);
 }
 

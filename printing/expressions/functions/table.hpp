@@ -1,4 +1,5 @@
-// The functions of the expression language, and the methods and properties of its values: a table for each family.
+// The functions of the expression language, and the methods and properties of its values: a table for each
+// family.
 #pragma once
 
 #include "printing/expressions/culture.hpp"
@@ -60,8 +61,10 @@ std::span<const NamedFunction> number_functions();
 std::span<const NamedFunction> conversions();
 std::span<const NamedFunction> date_functions();
 std::span<const NamedFunction> format_functions();
+std::span<const NamedFunction> encoding_functions();
 std::span<const NamedFunction> text_members();
 std::span<const NamedFunction> date_members();
+std::span<const NamedFunction> encoding_members();
 std::span<const NamedFunction> other_members();
 
 // given[0](given[1]): an element of a list, a character of a text. Throws Error 9 outside of it.

@@ -35,28 +35,38 @@ std::size_t find_text(TextView text, TextView what, std::size_t from, bool ignor
     return upper_case(text).find(upper_case(what), from);
 }
 
-std::vector<Text> parts_of(TextView text, TextView separator, std::int64_t limit, bool ignoring_case)
+Variant::List parts_of(TextView text, TextView separator, std::int64_t limit, bool ignoring_case)
 {
-    std::vector<Text> parts;
+    Variant::List parts;
     const Text folded = ignoring_case ? upper_case(text) : Text(text);
     const Text wanted = ignoring_case ? upper_case(separator) : Text(separator);
     std::size_t from = 0;
     while (!wanted.empty() && (limit < 0 || static_cast<std::int64_t>(parts.size()) + 1 < limit)) {
         const std::size_t found = folded.find(wanted, from);
         if (found == Text::npos) break;
-        parts.emplace_back(text.substr(from, found - from));
+        parts.emplace_back(Text(text.substr(from, found - from)));
         from = found + wanted.size();
     }
-    parts.emplace_back(text.substr(from));
+    parts.emplace_back(Text(text.substr(from)));
     return parts;
 }
 
 Text replaced(TextView text, TextView what, TextView with, std::int64_t limit, bool ignoring_case)
 {
-    if (limit == 0) return Text(text);
-    const std::vector<Text> parts = parts_of(text, what, limit < 0 ? limit : limit + 1, ignoring_case);
-    require_length(text.size() - (parts.size() - 1) * what.size() + (parts.size() - 1) * with.size());
-    return join(parts, with);
+    const Text folded = ignoring_case ? upper_case(text) : Text(text);
+    const Text wanted = ignoring_case ? upper_case(what) : Text(what);
+    Text result;
+    std::size_t from = 0;
+    for (std::int64_t count = 0; !wanted.empty() && (limit < 0 || count < limit); ++count) {
+        const std::size_t found = folded.find(wanted, from);
+        if (found == Text::npos) break;
+        result += text.substr(from, found - from);
+        result += with;
+        require_length(result.size());
+        from = found + wanted.size();
+    }
+    require_length(result.size() + text.size() - from);
+    return result += text.substr(from);
 }
 
 Text padded_left(const Text& text, std::size_t width, char16_t with)
@@ -191,12 +201,10 @@ Variant str_comp(const Arguments& given)
     return a < b ? -1 : (b < a ? 1 : 0);
 }
 
-Variant::List as_list(const std::vector<Text>& texts) { return {texts.begin(), texts.end()}; }
-
 Variant split_text(const Arguments& given)
 {
-    return as_list(parts_of(given.text(0), given.has(1) ? given.text(1) : u" ", given.whole(2, -1),
-                            ignores_case(given, 3)));
+    return parts_of(given.text(0), given.has(1) ? given.text(1) : u" ", given.whole(2, -1),
+                    ignores_case(given, 3));
 }
 
 std::vector<Text> texts_in(const Variant& value, const Culture& culture)

@@ -8,58 +8,11 @@ set -euo pipefail
 here=$(dirname "$(readlink -f "$0")")
 . "$here/../checks.sh"
 . "$here/user.sh"
+. "$here/station.sh"
 bits=$1 component=$2 host=$3 work=$4 pictures=$4/screenshots
-original_prefix=$WINEPREFIX
-
-windows() { "$here/../run_in_testbed.sh" "$bits" 120 "$@"; }
-
-# --- a station -------------------------------------------------------------------------------------------------------
-
-# The registry is the user's own, the files are those of the test bed.
-make_prefix() {
-    export WINEPREFIX=$work/prefix-$dpi
-    mkdir -p "$WINEPREFIX"
-    cp -P -r "$original_prefix"/{*.reg,dosdevices,.update-timestamp} "$WINEPREFIX"
-    ln -s "$original_prefix/drive_c" "$WINEPREFIX/drive_c"
-    windows reg add 'HKCU\Control Panel\Desktop' /v LogPixels /t REG_DWORD /d "$dpi" /f > /dev/null
-    windows "$(system_folder "$bits")\\regsvr32.exe" /s "$(windows_path "$component")"
-}
-
-database() { windows_path "$work/$dpi.db"; }
-
-# opens METHOD [COMPANY]: in a host with the plainest message loop.
-opens() { windows "$host" "$1" "$(database)" "${@:2}" > "$work/said-$dpi-$1" & }
 
 host_says() { grep -q "$2" "$work/said-$dpi-$1"; }
-
-closes() {
-    appears "$1"
-    press alt+F4
-    disappears "$1"
-}
-
-host_ends() { expect "el anfitrión termina" wait %%; }
-
-# --- what its user does ----------------------------------------------------------------------------------------------
-
-clicks_new() { clicks "$1" 40 14; }
 clicks_host() { clicks Anfitrión 10 10; }
-
-# Answers the question of saving and reads the message; the picker comes back.
-saves() {
-    appears 'Mensaje...'
-    press Return
-    appears Aviso
-    press Return
-    disappears "$1"
-    turns_to "$2"
-}
-
-reads_message() {
-    appears Atención
-    takes_picture "$1"
-    press Return
-}
 
 registers_company() {
     opens MuestraEmpresas
@@ -80,7 +33,6 @@ registers_company() {
     takes_picture pregunta
     press n
     appears 'Alta de Empresas'
-    press alt+a
     saves 'Alta de Empresas' 'Maestro de Empresas'
     takes_picture maestro-de-empresas-lleno
 }
@@ -90,41 +42,39 @@ modifies_company() {
     appears 'Modificación de Empresas'
     takes_picture empresa-modificada
     writes 'peña e hijos' # in place of the name
-    press alt+a
     saves 'Modificación de Empresas' 'Maestro de Empresas'
     closes 'Maestro de Empresas'
-    host_ends
     expect "un clic llegó al anfitrión, no el segundo" host_says MuestraEmpresas 'clics: 1'
 }
 
 registers_branch() {
     opens MuestraSucursales 1
     appears 'Maestro de sucursales'
+    takes_picture maestro-de-sucursales-vacio
     clicks_new 'Maestro de sucursales'
-    reads_message sin-certificados
+    reads Atención sin-certificados
     appears 'Alta de Sucursal'
     takes_picture sucursal-vacia
     writes centro
     press Tab Tab
     writes 'calle 5'
-    press alt+a
     saves 'Alta de Sucursal' 'Maestro de sucursales'
-    takes_picture maestro-de-sucursales
+    takes_picture maestro-de-sucursales-lleno
     press Down Return # in the list
-    reads_message sin-certificados
+    reads Atención sin-certificados
     appears 'Modificación de Sucursal'
     takes_picture sucursal-llena
     press alt+c
     disappears 'Modificación de Sucursal'
     closes 'Maestro de sucursales'
-    host_ends
 }
 
 registers_folios() {
     opens MuestraSeriesyFolios 1
     appears 'Maestro de Series y Folios'
+    takes_picture maestro-de-folios-vacio
     clicks_new 'Maestro de Series y Folios'
-    reads_message sin-certificados
+    reads Atención sin-certificados
     appears 'Alta de Series y Folios'
     takes_picture folios-vacios
     press alt+Down Down Down Return Return Return # the second branch of the open list, past the certificate
@@ -132,15 +82,15 @@ registers_folios() {
     fills ab 918 2011 1 100 0
     takes_picture folios-llenos
     press space
-    saves 'Alta de Series y Folios' 'Maestro de Series y Folios'
-    takes_picture maestro-de-folios
+    confirms 'Alta de Series y Folios' 'Maestro de Series y Folios'
+    takes_picture maestro-de-folios-lleno
     closes 'Maestro de Series y Folios'
-    host_ends
 }
 
 looks_at_certificates() {
     opens MuestraCertificados 1
     appears 'Maestro de Certificados'
+    takes_picture maestro-de-certificados-vacio
     clicks_new 'Maestro de Certificados'
     appears 'Alta de Certificado'
     takes_picture certificado-vacio
@@ -148,31 +98,27 @@ looks_at_certificates() {
     disappears 'Alta de Certificado'
     turns_to 'Maestro de Certificados'
     closes 'Maestro de Certificados'
-    host_ends
 }
 
 asks_for_report() {
     opens GeneraReporteDeFoliosUtilizados
     appears 'Reporte mensual de folios utilizados'
-    takes_picture reporte
+    takes_picture reporte-vacio
     press alt+g
-    reads_message sin-documentos
+    reads Atención sin-documentos
     closes 'Reporte mensual de folios utilizados'
-    host_ends
 }
 
 asks_for_missing_company() {
     opens MuestraSeriesyFolios 9
-    reads_message sin-empresa
+    reads Atención sin-empresa
     host_ends
 }
 
-mkdir -p "$pictures"
-dpi=96
-wait_until has_window_manager
-setxkbmap latam
 for dpi in 96 144 192; do
-    make_prefix
+    sits_down
+    makes_station "$work/prefix-$dpi"
+    database=$(windows_path "$work/$dpi.db")
     registers_company
     modifies_company
     registers_branch
@@ -180,6 +126,6 @@ for dpi in 96 144 192; do
     looks_at_certificates
     asks_for_report
     asks_for_missing_company
-    /usr/lib/wine/wineserver -k || true
+    ends_station
 done
 end_of_checks

@@ -1,46 +1,19 @@
 #!/bin/bash
-# run_life.sh 64|32 COMPONENT HOST WORK    inside the test bed: what life_test.sh tells, with real keys; pictures of the
-# certificate's form go to WORK/screenshots
+# run_life.sh 64|32 COMPONENT HOST WORK DPI    inside the test bed: what life_test.sh tells, with real keys; pictures of
+# the forms go to WORK/screenshots
 set -euo pipefail
 
 here=$(dirname "$(readlink -f "$0")")
 . "$here/../checks.sh"
 . "$here/user.sh"
-bits=$1 component=$2 host=$3 work=$4 pictures=$4/screenshots dpi=96
+. "$here/station.sh"
+bits=$1 component=$2 host=$3 work=$4 dpi=$5 pictures=$4/screenshots
+shop='C:\Tienda' database='C:\Tienda\tolvex.db'
 
-windows() { "$here/../run_in_testbed.sh" "$bits" 120 "$@"; }
-
-opens() { windows "$host" "$1" "$(windows_path "$work/tolvex.db")" "${@:2}" > /dev/null & }
-closes() {
-    appears "$1"
-    press alt+F4
-    disappears "$1"
-    wait %%
-}
-
-clicks_new() { clicks "$1" 40 14; }
-
-saves() {
-    press alt+a
-    appears 'Mensaje...'
-    press Return
-    appears Aviso
-    press Return
-    disappears "$1"
-    turns_to "$2"
-}
-
-# The dialogs open in the folder in which the host was started.
 chooses_file() {
     appears "$1"
-    writes "${2##*/}"
+    writes "$shop\\$2"
     takes_picture "$3"
-    press Return
-}
-
-reads() {
-    appears "$1"
-    takes_picture "$2"
     press Return
 }
 
@@ -59,7 +32,7 @@ registers_company() {
     appears 'Maestro de Empresas'
     clicks_new 'Maestro de Empresas'
     appears 'Alta de Empresas'
-    fills tienda '' '' '' '' '' '' '' '' '' '' fna010101aaa
+    fills 'peña e hijos' '' '' '' '' '' '' '' '' '' '' fna010101aaa
     saves 'Alta de Empresas' 'Maestro de Empresas'
     closes 'Maestro de Empresas'
 }
@@ -67,52 +40,52 @@ registers_company() {
 # From the field of its path.
 chooses_certificate() {
     press Return space
-    chooses_file 'Especifique el certificado' "$work/$1.cer" elige-certificado
+    chooses_file 'Especifique el certificado' "$1.cer" elige-certificado
     appears 'Alta de Certificado'
     sleep 2
     takes_picture "$2"
 }
 
-# From the description: Enter by Enter to the folder, the certificate, the key. The host was started in the shop's
-# folder.
+# From the description: Enter by Enter to the folder, the certificate, the key.
 registers_certificate() {
     opens MuestraCertificados 1
     appears 'Maestro de Certificados'
     clicks_new 'Maestro de Certificados'
     appears 'Alta de Certificado'
-    fills 'sello propio' vacia '' # where there is no openssl
-    chooses_certificate propia sin-openssl
+    fills 'Sello de la matriz' "$shop\\vacia" '' # where there is no openssl
+    chooses_certificate matriz sin-openssl
     press Return Return space
-    chooses_file 'Especifique la llave' "$work/propia.key" elige-llave
+    chooses_file 'Especifique la llave' matriz.key elige-llave
     reads 'Contraseña incorrecta' llave-sin-openssl
     appears 'Alta de Certificado'
     press Escape Escape Escape Escape Escape
-    fills sello ''
+    fills "$shop\\sello" ''
     chooses_certificate nada no-es-certificado
     press space
-    chooses_file 'Especifique el certificado' "$work/vencida.cer" elige-certificado
+    chooses_file 'Especifique el certificado' vencida.cer elige-certificado
     reads TOLVEX caducado
     appears 'Alta de Certificado'
     takes_picture certificado-vencido
     press Escape
-    chooses_certificate propia certificado-leido
+    chooses_certificate matriz certificado-leido
     press Return Return space
-    chooses_file 'Especifique la llave' "$work/ajena.key" elige-llave
+    chooses_file 'Especifique la llave' ajena.key elige-llave
     types_password clave1 consola
     reads TOLVEX llave-ajena
     appears 'Alta de Certificado'
     press space
-    chooses_file 'Especifique la llave' "$work/propia.key" elige-llave
+    chooses_file 'Especifique la llave' matriz.key elige-llave
     types_password otra consola-mal
     reads '(0) Bytes' clave-equivocada
     appears 'Alta de Certificado'
     press space
-    chooses_file 'Especifique la llave' "$work/propia.key" elige-llave
+    chooses_file 'Especifique la llave' matriz.key elige-llave
     types_password clave1 consola
     reads TOLVEX llave-propia
     appears 'Alta de Certificado'
     takes_picture certificado-lleno
     saves 'Alta de Certificado' 'Maestro de Certificados'
+    takes_picture maestro-de-certificados-lleno
     closes 'Maestro de Certificados'
 }
 
@@ -123,6 +96,7 @@ registers_branch() {
     appears 'Alta de Sucursal'
     fills centro
     press Down
+    takes_picture sucursal-llena
     saves 'Alta de Sucursal' 'Maestro de sucursales'
     closes 'Maestro de sucursales'
 }
@@ -134,41 +108,33 @@ registers_folios() {
     appears 'Alta de Series y Folios'
     press Down Down Return Down Return Down Return
     fills a 918 2011 1 100 0
+    takes_picture folios-llenos
     saves 'Alta de Series y Folios' 'Maestro de Series y Folios'
     closes 'Maestro de Series y Folios'
 }
 
 issues_document() {
     expect "el documento" grep -q '^A1' <(windows "$(system_folder "$bits")\\cscript.exe" //nologo \
-        "$(windows_path "$work/flat_file.vbs")" "$(windows_path "$work")")
+        "$shop\\flat_file.vbs" "$shop")
 }
 
 # March 2011 from November 2020: the lists go to what begins with the letter typed.
 asks_for_report() {
-    opens GeneraReporteDeFoliosUtilizados "$(windows_path "$work")"
+    opens GeneraReporteDeFoliosUtilizados "$shop"
     appears 'Reporte mensual de folios utilizados'
     press Return Home Down Down Return Home Down Return
-    takes_picture reporte
+    takes_picture reporte-lleno
     press alt+g
     reads TOLVEX reporte-hecho
     closes 'Reporte mensual de folios utilizados'
 }
 
-# Where a user last chose a file, which the other bitness may have done elsewhere.
-forget_last_folder() {
-    windows reg delete 'HKCU\Software\Microsoft\Windows\CurrentVersion\Explorer\ComDlg32' /f > /dev/null || true
-}
-
-mkdir -p "$pictures"
-wait_until has_window_manager
-setxkbmap latam
-windows "$(system_folder "$bits")\\regsvr32.exe" /s "$(windows_path "$component")"
-forget_last_folder
+sits_down
+makes_station "$work/prefix"
 registers_company
 registers_certificate
 registers_branch
 registers_folios
 issues_document
 asks_for_report
-windows "$(system_folder "$bits")\\regsvr32.exe" /s /u "$(windows_path "$component")"
 end_of_checks

@@ -1,8 +1,11 @@
-# What a user at the screen does and sees, to be sourced; $dpi is the resolution of the windows.
+# What a user at the screen does and sees, to be sourced; $dpi is the resolution of the windows, $database what they
+# work on. Pictures of them go to $pictures.
+
+# --- the keyboard ----------------------------------------------------------------------------------------------------
 
 press() { xdotool key --delay 20 "$@"; }
 
-# writes TEXT: small letters, digits and blanks, on a Latin American keyboard.
+# writes TEXT: letters, digits and what paths are made of, on a Latin American keyboard.
 writes() {
     local i letter keys=()
     for ((i = 0; i < ${#1}; i++)); do
@@ -16,6 +19,8 @@ writes() {
             ú) keys+=(dead_acute u) ;;
             ñ) keys+=(ntilde) ;;
             .) keys+=(period) ;;
+            :) keys+=(colon) ;;
+            \\) keys+=(backslash) ;;
             *) keys+=("$letter") ;;
         esac
     done
@@ -30,6 +35,8 @@ fills() {
         press Return
     done
 }
+
+# --- the windows -----------------------------------------------------------------------------------------------------
 
 has_window_manager() { xprop -root _NET_SUPPORTING_WM_CHECK 2> /dev/null | grep -q 'window id'; }
 title_in_front() { xdotool getactivewindow getwindowname 2> /dev/null || true; }
@@ -57,6 +64,12 @@ wait_until() {
     exit 1
 }
 
+sits_down() {
+    mkdir -p "$pictures"
+    wait_until has_window_manager
+    setxkbmap latam
+}
+
 appears() { expect "aparece $1" wait_until is_in_front "$1" && sleep 0.2; }
 disappears() { expect "desaparece $1" wait_until is_closed "$1"; }
 
@@ -77,4 +90,43 @@ clicks() {
 takes_picture() {
     sleep 0.3
     import -frame -window "$(xdotool getactivewindow)" "$pictures/$1-$dpi.png"
+}
+
+# --- the maintenance windows -----------------------------------------------------------------------------------------
+
+# opens METHOD [COMPANY | FOLDER]: in a host with the plainest message loop.
+opens() { windows "$host" "$1" "$database" "${@:2}" > "$work/said-$dpi-$1" & }
+
+host_ends() { expect "el anfitrión termina" wait %%; }
+
+closes() {
+    appears "$1"
+    press alt+F4
+    disappears "$1"
+    host_ends
+}
+
+clicks_new() { clicks "$1" 40 14; }
+
+# reads TITLE PICTURE: a message, which is then closed.
+reads() {
+    appears "$1"
+    takes_picture "$2"
+    press Return
+}
+
+# saves FORM PICKER
+saves() {
+    press alt+a
+    confirms "$@"
+}
+
+# Answers the question of saving and reads the message; the picker comes back.
+confirms() {
+    appears 'Mensaje...'
+    press Return
+    appears Aviso
+    press Return
+    disappears "$1"
+    turns_to "$2"
 }

@@ -1,0 +1,20 @@
+# Scripts and layouts become texts of the library: every file of a folder a constant, named after it, in the namespace
+# and as declared by the header of the room that uses them.
+function(add_texts folder extension namespace header)
+    file(GLOB files CONFIGURE_DEPENDS ${folder}/*.${extension})
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${files})
+    set(source "#include \"${header}\"\n\nnamespace ${namespace} {\n")
+    foreach(file ${files})
+        get_filename_component(name ${file} NAME_WE)
+        file(READ ${file} text)
+        string(APPEND source "\nconst char* const ${name} = R\"text(${text})text\";\n")
+    endforeach()
+    string(APPEND source "\n} // namespace ${namespace}\n")
+    file(GENERATE OUTPUT ${PROJECT_BINARY_DIR}/${folder}.cpp CONTENT "${source}")
+    set(text_sources ${text_sources} ${PROJECT_BINARY_DIR}/${folder}.cpp PARENT_SCOPE)
+endfunction()
+
+add_texts(schema sql tolvex::schema schema/scripts.hpp)
+add_texts(schema/sql_server sql tolvex::schema schema/scripts.hpp)
+add_texts(schema/sqlite sql tolvex::embedded database/embedded/schema.hpp)
+add_texts(printing/layouts rdl tolvex::layouts printing/default_layout.hpp)

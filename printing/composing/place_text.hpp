@@ -1,0 +1,35 @@
+// Text boxes: their lines measured first, then placed.
+#pragma once
+
+#include "printing/composing/place.hpp"
+#include "printing/composing/text_block.hpp"
+
+namespace tolvex::printing {
+
+// A text box whose text is broken into lines; its height is what they need.
+struct LaidText
+{
+    const ReportItem* item = nullptr;
+    const Scope* scope = nullptr;
+    Look look;
+    std::deque<TextLook> text_looks;
+    std::vector<TextLine> lines;
+    Variant value; // of the first run
+    double height = 0;
+
+    LaidText(const ReportItem* its_item, const Scope* its_scope, Look its_look)
+        : item(its_item), scope(its_scope), look(its_look)
+    {}
+    LaidText(LaidText&&) = default; // the lines point to the looks
+    LaidText& operator=(LaidText&&) = default;
+};
+
+// The box's height counts for what neither grows nor is measured: text that stands upright.
+LaidText lay_text(Canvas& canvas, const ReportItem& item, const pages::Box& box, const Scope* scope);
+// The height of the box with that text, as it may grow and shrink.
+double height_with(const LaidText& laid, double height);
+// Page headers and footers read hidden text boxes too: that is how layouts hand them values.
+void record_hidden(Canvas& canvas, const ReportItem& item, double y, const Scope* scope);
+double place_text(Canvas& canvas, const LaidText& laid, const pages::Box& box);
+
+} // namespace tolvex::printing

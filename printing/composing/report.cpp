@@ -1,0 +1,279 @@
+#include "printing/composing/report.hpp"
+
+#include "core/dates.hpp"
+#include "core/errors.hpp"
+#include "printing/composing/rows.hpp"
+#include "printing/composing/scope_environment.hpp"
+
+#include <algorithm>
+
+namespace tolvex::printing {
+
+namespace {
+
+TextView without_at(TextView name) { return name.substr(name.starts_with(u'@') ? 1 : 0); }
+
+const Variant* find(const std::vector<GivenValue>& values, TextView name)
+{
+    for (const GivenValue& each : values)
+        if (equal_ignoring_case(without_at(each.name), without_at(name))) return &each.value;
+    return nullptr;
+}
+
+Variant of_type(const Variant& value, TextView type)
+{
+    if (value.is_nothing()) return value;
+    if (const auto* list = value.get_if<Variant::List>()) {
+        Variant::List typed;
+        for (const Variant& each : *list) typed.push_back(of_type(each, type));
+        return typed;
+    }
+    if (type == u"Integer") return value.whole_number();
+    if (type == u"Float") return value.number();
+    if (type == u"Boolean") return value.boolean();
+    if (type == u"DateTime") return value.date();
+    return value.text();
+}
+
+struct ToVariant
+{
+    Variant operator()(Null) const { return {}; }
+    template <class T>
+    Variant operator()(const T& value) const
+    {
+        return value;
+    }
+};
+
+struct ToValue
+{
+    Value operator()(Nothing) const { return {}; }
+    Value operator()(const Bytes&) const { throw type_mismatch(); }
+    Value operator()(const Variant::List&) const { throw type_mismatch(); }
+    template <class T>
+    Value operator()(const T& value) const
+    {
+        return value;
+    }
+};
+
+// A parameter that takes several values stands for the list of them in "In (@it)".
+void expand_list(Text& sql, const Text& name, const Variant::List& values, std::vector<NamedValue>& bound)
+{
+    Text list;
+    for (std::size_t i = 0; i < values.size(); ++i) {
+        const Text each = name + u"_" + decimal(static_cast<std::int64_t>(i));
+        list += (i == 0 ? u"@" : u", @") + each;
+        bound.push_back({each, values[i].visit(ToValue{})});
+    }
+    sql = replace_all(sql, u"@" + name, list.empty() ? u"Null" : list);
+}
+
+void bind_value(Text& sql, const Text& name, const Variant& value, std::vector<NamedValue>& bound)
+{
+    if (const auto* list = value.get_if<Variant::List>())
+        expand_list(sql, name, *list, bound);
+    else
+        bound.push_back({name, value.visit(ToValue{})});
+}
+
+Error in_data_set(const Error& error, const DataSet& data_set)
+{
+    Text where = u"conjunto de datos «" + data_set.name + u"»";
+    if (data_set.place.line > 0) where += u", renglón " + decimal(data_set.place.line);
+    return with_detail(error, where);
+}
+
+void collect_text_boxes(const std::vector<ReportItem>& items,
+                        std::unordered_map<Text, const ReportItem*>& found);
+
+void collect_text_box(const ReportItem& item, std::unordered_map<Text, const ReportItem*>& found)
+{
+    if (std::holds_alternative<Textbox>(item.content)) found.emplace(lower_case(item.name), &item);
+    if (const auto* rectangle = std::get_if<Rectangle>(&item.content))
+        collect_text_boxes(rectangle->items, found);
+    const auto* tablix = std::get_if<std::shared_ptr<const Tablix>>(&item.content);
+    if (!tablix) return;
+    const auto visit = [&found](const std::vector<TablixCell>& cells) {
+        for (const TablixCell& cell : cells)
+            if (cell.content) collect_text_box(*cell.content, found);
+    };
+    for (const TablixRow& row : (*tablix)->rows) visit(row.cells);
+    for (const auto& cells : (*tablix)->corner) visit(cells);
+    const auto headers = [&found](const auto& self, const std::vector<TablixMember>& members) -> void {
+        for (const TablixMember& member : members) {
+            if (member.header && member.header->content) collect_text_box(*member.header->content, found);
+            self(self, member.members);
+        }
+    };
+    headers(headers, (*tablix)->row_members);
+    headers(headers, (*tablix)->column_members);
+}
+
+void collect_text_boxes(const std::vector<ReportItem>& items,
+                        std::unordered_map<Text, const ReportItem*>& found)
+{
+    for (const ReportItem& item : items) collect_text_box(item, found);
+}
+
+} // namespace
+
+void Composition::remark(const Place& place, const Text& text)
+{
+    const auto same = [&](const Remark& each) {
+        return each.place.line == place.line && each.place.element == place.element && each.text == text;
+    };
+    if (std::none_of(remarks.begin(), remarks.end(), same)) remarks.push_back({place, text});
+}
+
+Report::Report(const Layout& layout, const std::vector<GivenValue>& given, Composition& composition)
+    : layout_(layout), composition_(composition), culture_(&printing::culture(u""))
+{
+    check_names(given);
+    set_parameters(given);
+    culture_ = &printing::culture(layout.language.evaluate(ScopeEnvironment(*this, nullptr)).text());
+    for (const DataSet& data_set : layout.data_sets)
+        if (!this->data_set(data_set.name)) run_data_set(data_set, given);
+    collect_text_boxes(layout.body.items, text_boxes_);
+    if (layout.header) collect_text_boxes(layout.header->items, text_boxes_);
+    if (layout.footer) collect_text_boxes(layout.footer->items, text_boxes_);
+}
+
+void Report::check_names(const std::vector<GivenValue>& given) const
+{
+    const auto knows = [this](TextView name) {
+        const auto is_it = [name](const auto& each) {
+            return equal_ignoring_case(without_at(each.name), without_at(name));
+        };
+        return std::any_of(layout_.parameters.begin(), layout_.parameters.end(), is_it) ||
+               std::any_of(layout_.data_sets.begin(), layout_.data_sets.end(), [&](const DataSet& data_set) {
+                   return std::any_of(data_set.parameters.begin(), data_set.parameters.end(), is_it);
+               });
+    };
+    for (const GivenValue& each : given)
+        if (!knows(each.name)) throw invalid_call(u"El reporte no tiene el parámetro «" + each.name + u"»");
+}
+
+void Report::set_parameters(const std::vector<GivenValue>& given)
+{
+    for (const ReportParameter& parameter : layout_.parameters) {
+        const Variant* value = find(given, parameter.name);
+        try {
+            parameters_.emplace_back(parameter.name,
+                                     of_type(value ? *value : default_of(parameter, given), parameter.type));
+        } catch (const Error& error) {
+            throw with_detail(error, u"parámetro «" + parameter.name + u"»");
+        }
+    }
+}
+
+Variant Report::default_of(const ReportParameter& parameter, const std::vector<GivenValue>& given)
+{
+    Variant::List values;
+    const ScopeEnvironment here(*this, nullptr);
+    for (const Expression& each : parameter.defaults) values.push_back(each.evaluate(here));
+    if (!parameter.default_data_set.empty()) {
+        for (const DataSet& data_set : layout_.data_sets)
+            if (equal_ignoring_case(data_set.name, parameter.default_data_set) &&
+                !this->data_set(data_set.name))
+                run_data_set(data_set, given);
+        if (const Scope* rows = data_set(parameter.default_data_set))
+            for (RowEnvironment row(*this, *rows, 0); values.size() < rows->size();) {
+                row.move_to(static_cast<std::uint32_t>(values.size()));
+                values.push_back((*row).field(parameter.default_field));
+            }
+    }
+    if (values.empty() && !parameter.nullable && !parameter.multi_value)
+        throw invalid_call(u"El reporte pide un valor que no se le da");
+    if (parameter.multi_value) return values;
+    return values.empty() ? Variant() : values.front();
+}
+
+void Report::run_data_set(const DataSet& data_set, const std::vector<GivenValue>& given)
+{
+    try {
+        const ScopeEnvironment here(*this, nullptr);
+        Text sql = data_set.command.evaluate(here).text();
+        if (data_set.whole_table) sql.insert(0, u"Select * From ");
+        std::vector<NamedValue> bound;
+        for (const QueryParameter& parameter : data_set.parameters) {
+            const Variant* value = find(given, parameter.name);
+            bind_value(sql, Text(without_at(parameter.name)), value ? *value : parameter.value.evaluate(here),
+                       bound);
+        }
+        DataTable& table = tables_.emplace_back();
+        table.definition = &data_set;
+        fill(table, data_set.stored_procedure ? composition_.connection.call(sql, bound)
+                                              : composition_.connection.query(sql, bound));
+        RowOrder& order = orders_.emplace_back(all_rows(table));
+        Scope& scope = data_sets_.emplace_back();
+        scope.name = data_set.name;
+        scope.table = &table;
+        scope.order = &order;
+        scope.end = static_cast<std::uint32_t>(order.size());
+        keep_filtered(*this, data_set.filters, scope, order);
+        sort_rows(*this, data_set.sorting, scope, order);
+    } catch (const Error& error) {
+        throw in_data_set(error, data_set);
+    }
+}
+
+void Report::fill(DataTable& table, Recordset rows)
+{
+    const auto& fields = table.definition->fields;
+    std::vector<int> columns;
+    for (const Field& field : fields) {
+        const auto& all = rows.columns();
+        const auto named = [&](const Column& column) {
+            return equal_ignoring_case(column.name, field.column);
+        };
+        const auto found = std::find_if(all.begin(), all.end(), named);
+        columns.push_back(field.column.empty() || found == all.end() ? -1
+                                                                     : static_cast<int>(found - all.begin()));
+        table.given.push_back(field.column.empty() || columns.back() >= 0);
+    }
+    for (; !rows.eof(); rows.move_next()) {
+        auto& row = table.rows.emplace_back(fields.size());
+        for (std::size_t i = 0; i < fields.size(); ++i)
+            if (columns[i] >= 0) row[i] = rows.value(static_cast<std::size_t>(columns[i])).visit(ToVariant{});
+    }
+}
+
+const Scope* Report::data_set(TextView name) const
+{
+    if (name.empty()) return outermost();
+    for (const Scope& scope : data_sets_)
+        if (equal_ignoring_case(scope.name, name)) return &scope;
+    return nullptr;
+}
+
+const Variant* Report::parameter(TextView name) const
+{
+    for (const auto& [known, value] : parameters_)
+        if (equal_ignoring_case(known, name)) return &value;
+    return nullptr;
+}
+
+const Variable* Report::variable(TextView name) const
+{
+    for (const Variable& variable : layout_.variables)
+        if (equal_ignoring_case(variable.name, name)) return &variable;
+    return nullptr;
+}
+
+const ReportItem* Report::text_box(TextView name) const
+{
+    const auto found = text_boxes_.find(lower_case(name));
+    return found == text_boxes_.end() ? nullptr : found->second;
+}
+
+Report::Running& Report::running(const AggregateCall& call, const Scope& scope) const
+{
+    for (Running& each : running_)
+        if (each.call == &call && each.order == scope.order && each.begin == scope.begin) return each;
+    const auto of_this_call = [&call](const Running& each) { return each.call == &call; };
+    if (running_.size() > 200) std::erase_if(running_, of_this_call); // groups that are done with
+    return running_.emplace_back(&call, scope.begin, scope.begin, scope.order, Accumulator(call.running));
+}
+
+} // namespace tolvex::printing

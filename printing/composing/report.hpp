@@ -1,0 +1,82 @@
+// A layout with what it is composed from: the values of its parameters and the rows of its data sets.
+#pragma once
+
+#include "database/connection.hpp"
+#include "printing/composing/given_value.hpp"
+#include "printing/composing/scope.hpp"
+
+#include <deque>
+
+namespace tolvex::printing {
+
+// The page that an expression stands on. Numbers begin at 1 and begin anew where a page break says so; the overall
+// ones never do.
+struct PageNumbers
+{
+    int page = 1, total = 1, overall_page = 1, overall_total = 1;
+};
+
+// What a report shares with its subreports.
+struct Composition
+{
+    Connection& connection;
+    Date now;
+    PageNumbers numbers{};
+    std::vector<Remark> remarks{};                        // each once
+    std::map<Text, std::unique_ptr<Layout>> subreports{}; // by their files, read once
+    std::vector<Text> open_files{};                       // of the reports around what is being placed
+
+    void remark(const Place& place, const Text& text);
+};
+
+class Report
+{
+public:
+    // Gives its parameters their values and runs the data sets. Throws Error for a value that is missing or of
+    // another type, and for a query that fails, with the name of the data set.
+    Report(const Layout& layout, const std::vector<GivenValue>& given, Composition& composition);
+    Report(const Report&) = delete;
+    Report& operator=(const Report&) = delete;
+
+    const Layout& layout() const { return layout_; }
+    Composition& composition() const { return composition_; }
+    const Culture& culture() const { return *culture_; }
+
+    // All rows of a data set as a scope; the only one for the empty name. Null when there is no such data set.
+    const Scope* data_set(TextView name) const;
+    // The scope of what stands in no data region: the only data set or, of several, the first.
+    const Scope* outermost() const { return data_sets_.empty() ? nullptr : &data_sets_.front(); }
+    const Variant* parameter(TextView name) const;
+    const Variable* variable(TextView name) const;
+    // A text box anywhere in the layout.
+    const ReportItem* text_box(TextView name) const;
+
+    // The sum, count … that RunningValue has come to, kept so that a long table is gone through once.
+    struct Running
+    {
+        const AggregateCall* call;
+        std::uint32_t begin, upto;
+        const RowOrder* order;
+        Accumulator accumulator;
+    };
+    Running& running(const AggregateCall& call, const Scope& scope) const;
+
+private:
+    void check_names(const std::vector<GivenValue>& given) const;
+    void set_parameters(const std::vector<GivenValue>& given);
+    Variant default_of(const ReportParameter& parameter, const std::vector<GivenValue>& given);
+    void run_data_set(const DataSet& data_set, const std::vector<GivenValue>& given);
+    void fill(DataTable& table, Recordset rows);
+
+    const Layout& layout_;
+    Composition& composition_;
+    const Culture* culture_;
+    std::vector<std::pair<Text, Variant>> parameters_;
+    std::deque<DataTable> tables_;
+    std::deque<RowOrder> orders_;
+    std::deque<Scope> data_sets_;
+    mutable std::unordered_map<Text, const ReportItem*> text_boxes_;
+    mutable std::deque<Running> running_;
+};
+
+} // namespace tolvex::printing
