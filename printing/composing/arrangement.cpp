@@ -15,7 +15,8 @@ bool stand_over_each_other(const ReportItem& a, const ReportItem& b)
     return a.left + tolerance < b.left + b.width && b.left + tolerance < a.left + a.width;
 }
 
-// Makers of layouts let text boxes overlap a little: up to a third, the lower one still moves with the upper one.
+// Makers of layouts let text boxes overlap a little: up to a third, the lower one still moves with the upper
+// one.
 bool is_above(const ReportItem& upper, const ReportItem& lower)
 {
     const bool in_line = stand_over_each_other(upper, lower) && upper.top < lower.top;

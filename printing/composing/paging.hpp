@@ -1,5 +1,5 @@
-// Drafts of the strip made into pages: columns side by side, page header and footer, numbers, and what is too wide
-// for one page on the next.
+// Drafts of the strip made into pages: columns side by side, page header and footer, numbers, and what is too
+// wide for one page on the next.
 #pragma once
 
 #include "printing/composing/canvas.hpp"

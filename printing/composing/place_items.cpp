@@ -171,14 +171,16 @@ double place_items(Canvas& canvas, const std::vector<ReportItem>& items, double 
 {
     const Arrangement& arrangement = canvas.arrangement(items);
     std::vector<double> shifts;
+    double lowest = top + height;
     for (const Arrangement::Place& place : arrangement.places) {
         const ReportItem& item = *place.item;
         const double by = shift(place.above, shifts);
         const Box box{left + item.left, top + item.top + by, item.width, item.height};
         const double end = place_item(canvas, item, box, {setting.scope, setting.alone && place.alone});
         shifts.push_back(end - (top + bottom(item)));
+        lowest = std::max(lowest, end);
     }
-    return top + std::max(height, height + shift(arrangement.above_bottom, shifts));
+    return std::max(lowest, top + height + shift(arrangement.above_bottom, shifts));
 }
 
 double height_of(Canvas& canvas, const ReportItem& item, const Box& box, const Setting& setting)

@@ -84,7 +84,8 @@ private:
         return y;
     }
 
-    // Where a row begins: here, or on the next page when it, and what must not be parted from it, has no room.
+    // Where a row begins: here, or on the next page when it, and what must not be parted from it, has no
+    // room.
     double row_top(int i, double y)
     {
         const Strip::Repeating repeating(strip(), *this);
@@ -107,8 +108,8 @@ private:
         return height <= strip().page_height() ? height : laid(i).height;
     }
 
-    // The height of the group that begins at a row, when it wants to be on one page; one higher than a page is
-    // measured no further.
+    // The height of the group that begins at a row, when it wants to be on one page; one higher than a page
+    // is measured no further.
     double kept_together(int i)
     {
         double height = 0;
@@ -125,7 +126,7 @@ private:
         return height <= strip().page_height() ? height : 0;
     }
 
-    // --- what stands again on each page ----------------------------------------------------------------------------
+    // --- what stands again on each page ------------------------------------------------------------------
 
     double place_again(double y) override
     {
@@ -142,7 +143,7 @@ private:
         return y;
     }
 
-    // --- rows --------------------------------------------------------------------------------------------------------
+    // --- rows --------------------------------------------------------------------------------------------
 
     LaidRow& laid(int i)
     {
@@ -297,7 +298,7 @@ private:
         }
     }
 
-    // --- headers beside several rows ---------------------------------------------------------------------------------
+    // --- headers beside several rows ---------------------------------------------------------------------
 
     struct OpenHeader
     {
@@ -345,7 +346,7 @@ private:
         std::erase_if(headers_, [i](const auto& each) { return each.first->last == i; });
     }
 
-    // --- headers above the columns -----------------------------------------------------------------------------------
+    // --- headers above the columns -----------------------------------------------------------------------
 
     // Which levels of headers one takes, by where it begins and how high it is in the layout.
     struct Levels

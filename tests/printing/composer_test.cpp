@@ -236,9 +236,9 @@ TEST_F(Composer, headers_come_again_on_each_page_and_sections_know_their_page)
         "</TablixMember><TablixMember><Group Name='R'/></TablixMember><TablixMember>"
         "<KeepWithGroup>Before</KeepWithGroup></TablixMember>";
     const std::string sections =
-        "<PageHeader><Height>10pt</Height><PrintOnFirstPage>false</PrintOnFirstPage><ReportItems>" +
+        "<PageHeader><Height>10pt</Height><PrintOnLastPage>true</PrintOnLastPage><ReportItems>" +
         box("p", "=Globals!PageNumber &amp; \"/\" &amp; Globals!TotalPages", at(0, 0, 50, 10)) +
-        "</ReportItems></PageHeader><PageFooter><Height>10pt</Height><PrintOnLastPage>false</PrintOnLastPage><ReportItems>" +
+        "</ReportItems></PageHeader><PageFooter><Height>10pt</Height><PrintOnFirstPage>true</PrintOnFirstPage><ReportItems>" +
         box("u", "=First(ReportItems!d.Value) &amp; \"-\" &amp; Last(ReportItems!d.Value)",
             at(0, 0, 99, 10)) +
         "</ReportItems></PageFooter>";
@@ -296,7 +296,7 @@ TEST_F(Composer, what_is_too_wide_comes_on_the_next_page_and_columns_fill_one_af
     const std::string xml = layout(tablix(1, rows, "<TablixMember><Group Name='R'/></TablixMember>"), "", "",
                                    "<Columns>2</Columns><ColumnSpacing>10pt</ColumnSpacing>");
     std::string narrow = xml;
-    narrow.replace(narrow.find("<Width>400pt</Width><Page>"), 21, "<Width>150pt</Width>");
+    narrow.replace(narrow.find("<Width>400pt</Width><Page>"), 20, "<Width>150pt</Width>");
     EXPECT_EQ(texts(composed(narrow)[0]), "0 9 Pan\n0 99 Café\n160 9 Azúcar\n160 99 Pan\n");
 }
 
