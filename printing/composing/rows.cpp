@@ -107,7 +107,7 @@ void keep_ranked(const Report& report, const Filter& filter, Scope& scope, RowOr
 
 RowOrder all_rows(const DataTable& table)
 {
-    RowOrder order(table.rows.size());
+    RowOrder order(table.row_count());
     std::iota(order.begin(), order.end(), 0U);
     return order;
 }

@@ -244,7 +244,7 @@ void TablixPlan::rank_rows(const RowOrder& order)
 {
     auto& ranks = ranks_[&order];
     if (!ranks.empty()) return;
-    ranks.assign(region_->table->rows.size(), std::numeric_limits<std::uint32_t>::max());
+    ranks.assign(region_->table->row_count(), std::numeric_limits<std::uint32_t>::max());
     for (std::uint32_t at = 0; at < region_->end; ++at) ranks[order[at]] = at;
 }
 

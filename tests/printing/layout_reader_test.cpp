@@ -469,7 +469,7 @@ TEST(LayoutReader, queries_fields_and_parameters)
     EXPECT_EQ(data_set.parameters.at(0).name, u"@cIndFactura");
     EXPECT_EQ(data_set.fields.at(0).column, u"A");
     EXPECT_EQ(data_set.fields.at(1).value.source(), u"=1");
-    EXPECT_EQ(layout.data_sets.at(1).command.source(), u"FE_FOLIOS");
+    EXPECT_TRUE(layout.data_sets.at(1).whole_table && !data_set.whole_table);
     EXPECT_TRUE(layout.parameters.at(1).nullable);
     EXPECT_EQ(layout.parameters.at(1).defaults.at(0).source(), u"=Nothing");
     EXPECT_EQ(layout.parameters.at(1).valid_values.at(0).label.source(), u"Uno");
