@@ -56,6 +56,7 @@ bench:
 	cmake --preset bench
 	cmake --build build/bench
 	build/bench/bench/issue_bench
+	build/bench/bench/print_bench
 	build/bench/bench/two_stations
 
 bench-windows: all windows

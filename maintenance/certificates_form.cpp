@@ -47,7 +47,7 @@ const FormDescription form = {
                  {u"",
                   {{read_only_text(u"txtSerial", u"Serial:")}, // forty digits: a row of its own
                    {read_only_text(u"txtSerie", u"Serie:", 22)},
-                   {read_only_text(u"txtCertificado1", u"", 0, 4)}}},
+                   {read_only_text(u"txtCertificado1", u"", 0, 2)}}},
                  {u"Vigencia del certificado",
                   {{read_only_text(u"txtVigenciaDesde", u"Desde:", 12), read_only_text(u"txtNotBefore")},
                    {read_only_text(u"txtVigenciaHasta", u"Hasta:", 12), read_only_text(u"txtNotAfter")}}},

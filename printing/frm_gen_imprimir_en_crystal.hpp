@@ -1,5 +1,5 @@
-// The form that prints: it opens a layout, points its data sources at one database, hands it the parameters and sends
-// it to the printer, to a file or to the viewer.
+// The form that prints: it opens a layout, points its data sources at one database, hands it the parameters
+// and sends it to the printer, to a file or to the viewer.
 #pragma once
 
 #include "printing/document_report.hpp"
@@ -17,13 +17,15 @@ public:
     void PasarParametros(std::vector<printing::GivenValue> parameters);
     void PasarParametrosAuxiliares(std::vector<printing::GivenValue> parameters);
 
-    // The report in the viewer, modeless. These throw Error, with line and element where a layout is at fault.
+    // The report in the viewer, modeless. These throw Error, with line and element where a layout is at
+    // fault.
     void pmImprimirVisor(const Text& report, const ConnectionData& logon);
     // The report in a PDF file. Deliberate: one file, whatever number of copies.
     void pmImprimirPDF(const Text& report, const ConnectionData& logon, std::int16_t copies, const Text& pdf);
     // The report on the default printer, all pages, without a question.
     void pmImprimirImpresora(const Text& report, const ConnectionData& logon, std::int16_t copies);
-    // As the viewer and the printer, with the tables that data sets name directly taken as database.dbo.table.
+    // As the viewer and the printer, with the tables that data sets name directly taken as
+    // database.dbo.table.
     void pmImprimir_Con_Query(const Text& report, const ConnectionData& logon);
     void pmImprimir_Con_Query_Sin_Visor(const Text& report, const ConnectionData& logon, std::int16_t copies);
 

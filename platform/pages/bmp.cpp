@@ -127,7 +127,8 @@ private:
         return static_cast<unsigned>(std::uint64_t{(pixel & mask) >> shift} * 255 / (mask >> shift));
     }
 
-    // Pairs of bytes: a count and what is repeated, or zero and an order; other orders count what follows them.
+    // Pairs of bytes: a count and what is repeated, or zero and an order; the higher orders count pixels
+    // that follow as they are.
     void read_runs(std::string_view body)
     {
         constexpr unsigned end_of_row = 0, end_of_picture = 1, move = 2;

@@ -10,12 +10,26 @@ constexpr double tolerance = 0.1; // points by which items of a designer's grid 
 
 double bottom(const ReportItem& item) { return item.top + item.height; }
 
-// Of those that end above `top`, the ones with none of the others between.
-std::vector<std::size_t> directly_above(const std::vector<Arrangement::Place>& places, double top)
+bool stand_over_each_other(const ReportItem& a, const ReportItem& b)
+{
+    return a.left + tolerance < b.left + b.width && b.left + tolerance < a.left + a.width;
+}
+
+// Makers of layouts let text boxes overlap a little: up to a third, the lower one still moves with the upper
+// one.
+bool is_above(const ReportItem& upper, const ReportItem& lower)
+{
+    const bool in_line = stand_over_each_other(upper, lower) && upper.top < lower.top;
+    const double allowed = in_line ? std::min(upper.height, lower.height) / 3 : 0;
+    return bottom(upper) <= lower.top + std::max(allowed, tolerance);
+}
+
+// Of those above an item (or above the lower edge, for none), the ones with none of the others between.
+std::vector<std::size_t> directly_above(const std::vector<Arrangement::Place>& places, const ReportItem* item)
 {
     std::vector<std::size_t> above;
     for (std::size_t i = 0; i < places.size(); ++i)
-        if (bottom(*places[i].item) <= top + tolerance) above.push_back(i);
+        if (places[i].item != item && (!item || is_above(*places[i].item, *item))) above.push_back(i);
     const auto has_one_below = [&](std::size_t i) {
         return std::any_of(above.begin(), above.end(), [&](std::size_t j) {
             return j != i && places[j].item->top + tolerance >= bottom(*places[i].item) &&
@@ -58,10 +72,7 @@ Arrangement arranged(const std::vector<ReportItem>& items)
 {
     std::vector<Arrangement::Place> places;
     for (const ReportItem& item : items) places.push_back({&item, {}, false});
-    for (std::size_t i = 0; i < places.size(); ++i) {
-        places[i].above = directly_above(places, places[i].item->top);
-        std::erase(places[i].above, i);
-    }
+    for (Arrangement::Place& place : places) place.above = directly_above(places, place.item);
     // Of lines without height, each may seem to stand above the other: only the earlier one does.
     for (std::size_t i = 0; i < places.size(); ++i)
         std::erase_if(places[i].above, [&](std::size_t above) {
@@ -74,7 +85,7 @@ Arrangement arranged(const std::vector<ReportItem>& items)
         place->alone = highest + tolerance >= bottom(*place->item);
         highest = std::min(highest, place->item->top);
     }
-    arrangement.above_bottom = directly_above(arrangement.places, 1e9);
+    arrangement.above_bottom = directly_above(arrangement.places, nullptr);
     return arrangement;
 }
 

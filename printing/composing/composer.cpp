@@ -13,7 +13,7 @@ constexpr std::size_t kept_drafts = 100; // pages that are kept until their numb
 void place_body(const Report& report, const Strip::Take& take)
 {
     const Layout& layout = report.layout();
-    const PageRoom room(layout);
+    const PageRoom room(report);
     Strip strip(room.height, take);
     Canvas canvas(report, strip);
     canvas.set_read_items(items_read_by_sections(layout));

@@ -2,15 +2,13 @@
 
 #include "core/errors.hpp"
 #include "core/numbers.hpp"
+#include "printing/rdl/lengths.hpp"
 
 #include <algorithm>
 
 namespace tolvex::printing {
 
 namespace {
-
-constexpr double points_per_inch = 72;
-constexpr Text::size_type unit_letters = 2;
 
 const pages::Font default_font{u"Arial", 10, false, false};
 
@@ -52,28 +50,6 @@ int rotation_of(TextView writing_mode)
 
 } // namespace
 
-std::optional<double> length(TextView text)
-{
-    const Text trimmed = trim(text);
-    if (trimmed.size() <= unit_letters) return {};
-    const Text unit = lower_case(TextView(trimmed).substr(trimmed.size() - unit_letters));
-    const auto points = [&]() -> double {
-        if (unit == u"in") return points_per_inch;
-        if (unit == u"cm") return points_per_inch / 2.54;
-        if (unit == u"mm") return points_per_inch / 25.4;
-        if (unit == u"pt") return 1;
-        if (unit == u"pc") return 12;
-        if (unit == u"px") return points_per_inch / 96;
-        return 0;
-    }();
-    if (points == 0) return {};
-    try {
-        return to_number(trim(TextView(trimmed).substr(0, trimmed.size() - unit_letters))) * points;
-    } catch (const Error&) {
-        return {};
-    }
-}
-
 Text property(const Expression& expression, const ScopeEnvironment& here, const Place& place)
 {
     if (expression.is_literal()) return expression.source();
@@ -89,7 +65,7 @@ double length_property(const Expression& expression, const ScopeEnvironment& her
                        double otherwise)
 {
     if (expression.is_empty()) return otherwise;
-    return length(property(expression, here, place)).value_or(otherwise);
+    return points(property(expression, here, place)).value_or(otherwise);
 }
 
 bool is_true(const Expression& expression, const ScopeEnvironment& here, const Place& place)

@@ -6,8 +6,6 @@
 
 namespace tolvex::printing {
 
-// A length with its unit ("2pt", "0.5cm") in points; empty when it is none.
-std::optional<double> length(TextView text);
 // A color by its name or as "#RRGGBB"; empty for Transparent and what is none.
 std::optional<pages::Color> color(TextView text);
 

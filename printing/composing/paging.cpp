@@ -105,12 +105,24 @@ void visit_sections(const Layout& layout, const std::function<void(const Express
     if (layout.footer) visit_expressions(layout.footer->items, visit);
 }
 
+// What a page header or footer needs when its texts grow; those of its page are not known yet.
+double section_height(const Report& report, const std::optional<PageSection>& section)
+{
+    if (!section) return 0;
+    Strip strip = Strip::rehearsal(1e6);
+    Canvas canvas(report, strip);
+    const PageItems none;
+    canvas.set_page_items(&none);
+    return place_items(canvas, section->items, 0, 0, section->height, {report.outermost(), false});
+}
+
 } // namespace
 
-PageRoom::PageRoom(const Layout& layout) : columns(std::max(layout.columns, 1))
+PageRoom::PageRoom(const Report& report) : columns(std::max(report.layout().columns, 1))
 {
-    const double header = layout.header ? layout.header->height : 0;
-    const double footer = layout.footer ? layout.footer->height : 0;
+    const Layout& layout = report.layout();
+    header = section_height(report, layout.header);
+    footer = section_height(report, layout.footer);
     height = layout.page_height - layout.top_margin - layout.bottom_margin - header - footer;
     width = layout.page_width - layout.left_margin - layout.right_margin;
     if (width < least_room || height < least_room)
@@ -119,7 +131,7 @@ PageRoom::PageRoom(const Layout& layout) : columns(std::max(layout.columns, 1))
 }
 
 Paging::Paging(const Report& report, std::optional<PageRuns> totals, pages::PageSink& sink)
-    : report_(report), totals_(std::move(totals)), sink_(sink), room_(report.layout())
+    : report_(report), totals_(std::move(totals)), sink_(sink), room_(report)
 {}
 
 void Paging::take(Draft draft)
@@ -174,13 +186,11 @@ void Paging::emit(Sheet sheet, bool last)
 {
     const Layout& layout = report_.layout();
     number(sheet);
-    const double header = layout.header ? layout.header->height : 0;
-    for (Mark& mark : sheet.marks) std::visit(Move{0, layout.top_margin + header}, mark);
+    for (Mark& mark : sheet.marks) std::visit(Move{0, layout.top_margin + room_.header}, mark);
     std::vector<Mark> sections;
     put_section(layout.header, layout.top_margin, sheet.values, last, sections);
-    const double footer_top =
-        layout.page_height - layout.bottom_margin - (layout.footer ? layout.footer->height : 0);
-    put_section(layout.footer, footer_top, sheet.values, last, sections);
+    put_section(layout.footer, layout.page_height - layout.bottom_margin - room_.footer, sheet.values, last,
+                sections);
     give(std::move(sheet.marks), std::move(sections));
 }
 

@@ -1,5 +1,5 @@
-// Drafts of the strip made into pages: columns side by side, page header and footer, numbers, and what is too wide
-// for one page on the next.
+// Drafts of the strip made into pages: columns side by side, page header and footer, numbers, and what is too
+// wide for one page on the next.
 #pragma once
 
 #include "printing/composing/canvas.hpp"
@@ -9,9 +9,10 @@ namespace tolvex::printing {
 // The room that a layout leaves on each page.
 struct PageRoom
 {
-    explicit PageRoom(const Layout& layout);
+    explicit PageRoom(const Report& report);
 
-    double width = 0, height = 0; // of the body, of one column
+    double width = 0, height = 0;  // of the body, of one column
+    double header = 0, footer = 0; // as high as their texts make them on a page
     int columns = 1;
     double column_step = 0;
 };

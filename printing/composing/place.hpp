@@ -5,8 +5,8 @@
 
 namespace tolvex::printing {
 
-// Where an item stands and what surrounds it. When it is `alone`, nothing that is placed later stands beside it or
-// above its end, so that pages behind it are done.
+// Where an item stands and what surrounds it. When it is `alone`, nothing that is placed later stands beside
+// it or above its end, so that pages behind it are done.
 struct Setting
 {
     const Scope* scope = nullptr;

@@ -61,6 +61,13 @@ void put_edge(Strip& strip, const Stroke& stroke, pages::Point from, pages::Poin
     }
 }
 
+// An error that says where in the layout it is.
+struct PlacedError : Error
+{
+    using Error::Error;
+    explicit PlacedError(const Error& error) : Error(error) {}
+};
+
 } // namespace
 
 void put_background(Canvas& canvas, const Look& look, const Box& box)
@@ -150,7 +157,13 @@ double place_item(Canvas& canvas, const ReportItem& item, const Box& box, const 
             return place_notice(canvas, box, unsupported.element);
         }
     };
-    return std::visit(Placer{canvas, item, box, setting}, item.content);
+    try {
+        return std::visit(Placer{canvas, item, box, setting}, item.content);
+    } catch (const PlacedError&) {
+        throw; // the innermost item says where
+    } catch (const Error& error) {
+        throw PlacedError(with_detail(error, in_words(item.place)));
+    }
 }
 
 double place_items(Canvas& canvas, const std::vector<ReportItem>& items, double left, double top,
@@ -158,14 +171,16 @@ double place_items(Canvas& canvas, const std::vector<ReportItem>& items, double 
 {
     const Arrangement& arrangement = canvas.arrangement(items);
     std::vector<double> shifts;
+    double lowest = top + height;
     for (const Arrangement::Place& place : arrangement.places) {
         const ReportItem& item = *place.item;
         const double by = shift(place.above, shifts);
         const Box box{left + item.left, top + item.top + by, item.width, item.height};
         const double end = place_item(canvas, item, box, {setting.scope, setting.alone && place.alone});
         shifts.push_back(end - (top + bottom(item)));
+        lowest = std::max(lowest, end);
     }
-    return top + std::max(height, height + shift(arrangement.above_bottom, shifts));
+    return std::max(lowest, top + height + shift(arrangement.above_bottom, shifts));
 }
 
 double height_of(Canvas& canvas, const ReportItem& item, const Box& box, const Setting& setting)

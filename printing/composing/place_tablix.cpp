@@ -84,7 +84,8 @@ private:
         return y;
     }
 
-    // Where a row begins: here, or on the next page when it, and what must not be parted from it, has no room.
+    // Where a row begins: here, or on the next page when it, and what must not be parted from it, has no
+    // room.
     double row_top(int i, double y)
     {
         const Strip::Repeating repeating(strip(), *this);
@@ -107,8 +108,8 @@ private:
         return height <= strip().page_height() ? height : laid(i).height;
     }
 
-    // The height of the group that begins at a row, when it wants to be on one page; one higher than a page is
-    // measured no further.
+    // The height of the group that begins at a row, when it wants to be on one page; one higher than a page
+    // is measured no further.
     double kept_together(int i)
     {
         double height = 0;
@@ -125,7 +126,7 @@ private:
         return height <= strip().page_height() ? height : 0;
     }
 
-    // --- what stands again on each page ----------------------------------------------------------------------------
+    // --- what stands again on each page ------------------------------------------------------------------
 
     double place_again(double y) override
     {
@@ -142,7 +143,7 @@ private:
         return y;
     }
 
-    // --- rows --------------------------------------------------------------------------------------------------------
+    // --- rows --------------------------------------------------------------------------------------------
 
     LaidRow& laid(int i)
     {
@@ -297,7 +298,7 @@ private:
         }
     }
 
-    // --- headers beside several rows ---------------------------------------------------------------------------------
+    // --- headers beside several rows ---------------------------------------------------------------------
 
     struct OpenHeader
     {
@@ -345,9 +346,65 @@ private:
         std::erase_if(headers_, [i](const auto& each) { return each.first->last == i; });
     }
 
-    // --- headers above the columns -------------------------------------------------------------------------------------
+    // --- headers above the columns -----------------------------------------------------------------------
 
-    double column_headers_height() const { return plan_.column_headers_height(); }
+    // Which levels of headers one takes, by where it begins and how high it is in the layout.
+    struct Levels
+    {
+        std::size_t first = 0, count = 0;
+    };
+    Levels levels_of(const HeaderInstance& header) const
+    {
+        Levels levels;
+        double reached = 0;
+        for (const double height : plan_.column_header_heights()) {
+            if (reached + 0.1 < header.offset)
+                ++levels.first;
+            else if (reached + 0.1 < header.offset + header.member->header->size)
+                ++levels.count;
+            reached += height;
+        }
+        return levels;
+    }
+
+    double column_headers_height()
+    {
+        if (levels_.empty()) measure_column_headers();
+        return sum(levels_, 0, levels_.size());
+    }
+
+    // A level is as high as the highest text that it holds alone.
+    void measure_column_headers()
+    {
+        levels_ = plan_.column_header_heights();
+        for (const HeaderInstance& header : plan_.column_headers()) {
+            const Levels levels = levels_of(header);
+            if (levels.count != 1 || !header.member->header->content || header.last < header.first) continue;
+            grow_level(levels.first, *header.member->header->content, width_of(header), header.scope);
+        }
+        for (std::size_t r = 0; r < tablix_.corner.size() && r < levels_.size(); ++r)
+            for (std::size_t c = 0; c < tablix_.corner[r].size(); ++c) {
+                const TablixCell& cell = tablix_.corner[r][c];
+                if (!cell.content || cell.row_span != 1) continue;
+                grow_level(r, *cell.content, sum(plan_.row_header_widths(), c, cell.column_span),
+                           &plan_.region());
+            }
+    }
+
+    void grow_level(std::size_t level, const ReportItem& content, double width, const Scope* scope)
+    {
+        if (!std::holds_alternative<Textbox>(content.content)) return;
+        const Box box{0, 0, width, levels_[level]};
+        levels_[level] =
+            std::max(levels_[level], height_with(lay_text(canvas_, content, box, scope), box.height));
+    }
+
+    double width_of(const HeaderInstance& header) const
+    {
+        const ColumnInstance& first = plan_.columns()[static_cast<std::size_t>(header.first)];
+        const ColumnInstance& last = plan_.columns()[static_cast<std::size_t>(header.last)];
+        return last.left + last.width - first.left;
+    }
 
     double place_column_headers(double y)
     {
@@ -356,9 +413,9 @@ private:
         for (const HeaderInstance& header : plan_.column_headers()) {
             if (!header.member->header->content || header.last < header.first) continue;
             const ColumnInstance& first = plan_.columns()[static_cast<std::size_t>(header.first)];
-            const ColumnInstance& last = plan_.columns()[static_cast<std::size_t>(header.last)];
-            const Box box{left_ + plan_.row_headers_width() + first.left, y + header.offset,
-                          last.left + last.width - first.left, header.member->header->size};
+            const Levels levels = levels_of(header);
+            const Box box{left_ + plan_.row_headers_width() + first.left, y + sum(levels_, 0, levels.first),
+                          width_of(header), sum(levels_, levels.first, levels.count)};
             place_item(canvas_, *header.member->header->content, box, {header.scope, false});
         }
         return y + column_headers_height();
@@ -367,13 +424,12 @@ private:
     void place_corner(double y)
     {
         const std::vector<double>& widths = plan_.row_header_widths();
-        const std::vector<double>& heights = plan_.column_header_heights();
-        for (std::size_t r = 0; r < tablix_.corner.size() && r < heights.size(); ++r)
+        for (std::size_t r = 0; r < tablix_.corner.size() && r < levels_.size(); ++r)
             for (std::size_t c = 0; c < tablix_.corner[r].size() && c < widths.size(); ++c) {
                 const TablixCell& cell = tablix_.corner[r][c];
                 if (!cell.content) continue;
-                const Box box{left_ + sum(widths, 0, c), y + sum(heights, 0, r),
-                              sum(widths, c, cell.column_span), sum(heights, r, cell.row_span)};
+                const Box box{left_ + sum(widths, 0, c), y + sum(levels_, 0, r),
+                              sum(widths, c, cell.column_span), sum(levels_, r, cell.row_span)};
                 place_item(canvas_, *cell.content, box, {&plan_.region(), false});
             }
     }
@@ -393,6 +449,7 @@ private:
     TablixPlan plan_;
     std::unordered_map<int, LaidRow> laid_;
     std::map<const HeaderInstance*, OpenHeader> headers_; // beside the rows that are being placed
+    std::vector<double> levels_;                          // heights of the headers above the columns
     int current_ = 0;
 };
 

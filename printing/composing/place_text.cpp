@@ -252,12 +252,12 @@ double place_text(Canvas& canvas, const LaidText& laid, const Box& box)
 {
     Strip& strip = canvas.strip();
     put_background(canvas, laid.look, box);
+    const bool may_grow = std::get<Textbox>(laid.item->content).can_grow;
     double bottom = box.bottom();
     if (laid.look.rotation)
         put_upright_lines(strip, laid, box);
-    else
-        bottom =
-            std::max(bottom, put_lines(strip, laid, box, std::get<Textbox>(laid.item->content).can_grow));
+    else if (const double end = put_lines(strip, laid, box, may_grow); may_grow)
+        bottom = std::max(bottom, end);
     put_borders(canvas, laid.look, {box.left, box.top, box.width, bottom - box.top});
     put_marks_of(canvas, *laid.item, box, laid.scope);
     if (canvas.is_read_by_page_sections(*laid.item)) strip.record(box.top, *laid.item, laid.value);

@@ -201,8 +201,7 @@ void Report::run_data_set(const DataSet& data_set, const std::vector<GivenValue>
             bind_value(sql, Text(without_at(parameter.name)), value ? *value : parameter.value.evaluate(here),
                        bound);
         }
-        DataTable& table = tables_.emplace_back();
-        table.definition = &data_set;
+        DataTable& table = tables_.emplace_back(data_set);
         fill(table, data_set.stored_procedure ? composition_.connection.call(sql, bound)
                                               : composition_.connection.query(sql, bound));
         RowOrder& order = orders_.emplace_back(all_rows(table));
@@ -220,22 +219,22 @@ void Report::run_data_set(const DataSet& data_set, const std::vector<GivenValue>
 
 void Report::fill(DataTable& table, Recordset rows)
 {
-    const auto& fields = table.definition->fields;
-    std::vector<int> columns;
-    for (const Field& field : fields) {
-        const auto& all = rows.columns();
-        const auto named = [&](const Column& column) {
-            return equal_ignoring_case(column.name, field.column);
+    const auto& fields = table.definition().fields;
+    const auto& all = rows.columns();
+    std::vector<std::pair<std::size_t, std::size_t>>
+        columns; // of fields that the query gives, and theirs in it
+    for (std::size_t i = 0; i < fields.size(); ++i) {
+        const auto is_it = [&](const Column& column) {
+            return equal_ignoring_case(column.name, fields[i].column);
         };
-        const auto found = std::find_if(all.begin(), all.end(), named);
-        columns.push_back(field.column.empty() || found == all.end() ? -1
-                                                                     : static_cast<int>(found - all.begin()));
-        table.given.push_back(field.column.empty() || columns.back() >= 0);
+        const auto found = std::find_if(all.begin(), all.end(), is_it);
+        if (fields[i].column.empty() || found == all.end()) continue;
+        columns.emplace_back(i, static_cast<std::size_t>(found - all.begin()));
+        table.set_given(i);
     }
     for (; !rows.eof(); rows.move_next()) {
-        auto& row = table.rows.emplace_back(fields.size());
-        for (std::size_t i = 0; i < fields.size(); ++i)
-            if (columns[i] >= 0) row[i] = rows.value(static_cast<std::size_t>(columns[i])).visit(ToVariant{});
+        for (const auto& [field, column] : columns) table.add(field, rows.value(column).visit(ToVariant{}));
+        table.end_row();
     }
 }
 

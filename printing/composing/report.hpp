@@ -9,8 +9,8 @@
 
 namespace tolvex::printing {
 
-// The page that an expression stands on. Numbers begin at 1 and begin anew where a page break says so; the overall
-// ones never do.
+// The page that an expression stands on. Numbers begin at 1 and begin anew where a page break says so; the
+// overall ones never do.
 struct PageNumbers
 {
     int page = 1, total = 1, overall_page = 1, overall_total = 1;
@@ -32,8 +32,8 @@ struct Composition
 class Report
 {
 public:
-    // Gives its parameters their values and runs the data sets. Throws Error for a value that is missing or of
-    // another type, and for a query that fails, with the name of the data set.
+    // Gives its parameters their values and runs the data sets. Throws Error for a value that is missing or
+    // of another type, and for a query that fails, with the name of the data set.
     Report(const Layout& layout, const std::vector<GivenValue>& given, Composition& composition);
     Report(const Report&) = delete;
     Report& operator=(const Report&) = delete;
@@ -42,7 +42,8 @@ public:
     Composition& composition() const { return composition_; }
     const Culture& culture() const { return *culture_; }
 
-    // All rows of a data set as a scope; the only one for the empty name. Null when there is no such data set.
+    // All rows of a data set as a scope; the only one for the empty name. Null when there is no such data
+    // set.
     const Scope* data_set(TextView name) const;
     // The scope of what stands in no data region: the only data set or, of several, the first.
     const Scope* outermost() const { return data_sets_.empty() ? nullptr : &data_sets_.front(); }

@@ -2,6 +2,7 @@
 
 #include "core/errors.hpp"
 #include "printing/composing/scope_environment.hpp"
+#include "printing/expressions/operators.hpp"
 
 #include <algorithm>
 #include <map>
@@ -17,20 +18,6 @@ bool less(const Keys& a, const Keys& b)
 {
     return std::lexicographical_compare(a.begin(), a.end(), b.begin(), b.end(),
                                         [](const Variant& x, const Variant& y) { return compare(x, y) < 0; });
-}
-
-// "a%" and "a*" for any characters, "_" and "?" for one.
-bool like(TextView text, TextView pattern)
-{
-    if (pattern.empty()) return text.empty();
-    if (pattern[0] == u'*' || pattern[0] == u'%') {
-        for (std::size_t skipped = 0; skipped <= text.size(); ++skipped)
-            if (like(text.substr(skipped), pattern.substr(1))) return true;
-        return false;
-    }
-    if (text.empty()) return false;
-    const bool any = pattern[0] == u'?' || pattern[0] == u'_';
-    return (any || text[0] == pattern[0]) && like(text.substr(1), pattern.substr(1));
 }
 
 bool is_of_rank(const Filter& filter)
@@ -57,7 +44,8 @@ bool passes(const Filter& filter, const Environment& here)
     if (filter.comparison == u"GreaterThanOrEqual") return order >= 0;
     if (filter.comparison == u"LessThan") return order < 0;
     if (filter.comparison == u"LessThanOrEqual") return order <= 0;
-    if (filter.comparison == u"Like") return like(lower_case(value.text()), lower_case(operands[0].text()));
+    if (filter.comparison == u"Like")
+        return is_like(lower_case(value.text()), lower_case(operands[0].text()));
     if (filter.comparison == u"Between")
         return operands.size() > 1 && order >= 0 && compare(value, operands[1]) <= 0;
     if (filter.comparison == u"In")
@@ -119,7 +107,7 @@ void keep_ranked(const Report& report, const Filter& filter, Scope& scope, RowOr
 
 RowOrder all_rows(const DataTable& table)
 {
-    RowOrder order(table.rows.size());
+    RowOrder order(table.row_count());
     std::iota(order.begin(), order.end(), 0U);
     return order;
 }

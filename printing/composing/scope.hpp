@@ -17,7 +17,10 @@ struct Scope
 
     bool empty() const { return begin == end; }
     std::uint32_t size() const { return end - begin; }
-    const std::vector<Variant>& row(std::uint32_t position) const { return table->rows[(*order)[position]]; }
+    const Variant& value(std::uint32_t position, int field) const
+    {
+        return table->value((*order)[position], static_cast<std::size_t>(field));
+    }
 };
 
 // The scope of that name around another one, in any letter case; null when there is none.

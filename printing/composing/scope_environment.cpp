@@ -54,15 +54,17 @@ Variant ScopeEnvironment::field(TextView name) const
     const int place = scope_->table->field(name);
     if (place < 0) throw unknown(u"No existe el campo", name);
     if (scope_->empty()) return {};
-    const Field& field = scope_->table->definition->fields[place];
+    const Field& field = scope_->table->definition().fields[static_cast<std::size_t>(place)];
     if (field.column.empty()) return Depth(name), field.value.evaluate(*this);
-    return scope_->row(scope_->begin)[place];
+    return scope_->value(scope_->begin, place);
 }
 
 bool ScopeEnvironment::has_field(TextView name) const
 {
     const int place = scope_ ? scope_->table->field(name) : -1;
-    return place >= 0 && scope_->table->given[place];
+    if (place < 0) return false;
+    const Field& field = scope_->table->definition().fields[static_cast<std::size_t>(place)];
+    return field.column.empty() || scope_->table->is_given(place);
 }
 
 Variant ScopeEnvironment::parameter(TextView name) const

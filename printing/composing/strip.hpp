@@ -1,5 +1,5 @@
-// The endless strip on which a body is composed. It is cut into pages of one height (or into the columns of pages);
-// lengths count from its beginning.
+// The endless strip on which a body is composed. It is cut into pages of one height (or into the columns of
+// pages); lengths count from its beginning.
 #pragma once
 
 #include "platform/pages/page.hpp"
@@ -70,7 +70,8 @@ public:
         Strip& strip_;
     };
 
-    // A mark in lengths of the strip, on the page where it begins. Fills and upright lines go on on the next pages.
+    // A mark in lengths of the strip, on the page where it begins. Fills and upright lines go on on the next
+    // pages.
     void put(pages::Mark mark);
     void record(double y, const ReportItem& item, const Variant& value);
 

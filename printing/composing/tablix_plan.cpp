@@ -118,7 +118,7 @@ std::vector<const Scope*> TablixPlan::instances(const TablixMember& member, cons
     return all;
 }
 
-// --- rows ------------------------------------------------------------------------------------------------------------
+// --- rows ------------------------------------------------------------------------------------------------
 
 void TablixPlan::expand_rows(const std::vector<TablixMember>& members, Branch branch)
 {
@@ -199,7 +199,7 @@ void TablixPlan::expand_row_instance(const TablixMember& member, const Branch& b
     if (member.header) row_headers_[header].last = last_index(rows_);
 }
 
-// --- columns ---------------------------------------------------------------------------------------------------------
+// --- columns ---------------------------------------------------------------------------------------------
 
 void TablixPlan::expand_columns(const std::vector<TablixMember>& members, const Scope* scope, double offset)
 {
@@ -244,11 +244,11 @@ void TablixPlan::rank_rows(const RowOrder& order)
 {
     auto& ranks = ranks_[&order];
     if (!ranks.empty()) return;
-    ranks.assign(region_->table->rows.size(), std::numeric_limits<std::uint32_t>::max());
+    ranks.assign(region_->table->row_count(), std::numeric_limits<std::uint32_t>::max());
     for (std::uint32_t at = 0; at < region_->end; ++at) ranks[order[at]] = at;
 }
 
-// --- cells -----------------------------------------------------------------------------------------------------------
+// --- cells -----------------------------------------------------------------------------------------------
 
 const Scope* TablixPlan::cell_scope(const RowInstance& row, const ColumnInstance& column,
                                     CellScope& own) const

@@ -82,9 +82,12 @@ Variant as_number(const Variant& value)
     return value.number();
 }
 
-Variant sum(const Variant& a, const Variant& b) { return combined(a, b, plus, std::plus<>()); }
+Variant sum(const Variant& left, const Variant& right) { return combined(left, right, plus, std::plus<>()); }
 
-Variant difference(const Variant& a, const Variant& b) { return combined(a, b, minus, std::minus<>()); }
+Variant difference(const Variant& left, const Variant& right)
+{
+    return combined(left, right, minus, std::minus<>());
+}
 
 Variant product(const Variant& left, const Variant& right)
 {
@@ -96,16 +99,16 @@ Variant product(const Variant& left, const Variant& right)
     return finite(a.number() * b.number());
 }
 
-double quotient(const Variant& a, const Variant& b)
+double quotient(const Variant& left, const Variant& right)
 {
-    const double divisor = b.number(), dividend = a.number();
+    const double divisor = right.number(), dividend = left.number();
     if (divisor == 0) throw division_by_zero();
     return finite(dividend / divisor);
 }
 
-std::int64_t whole_quotient(const Variant& a, const Variant& b)
+std::int64_t whole_quotient(const Variant& left, const Variant& right)
 {
-    const std::int64_t divisor = b.whole_number(), dividend = a.whole_number();
+    const std::int64_t divisor = right.whole_number(), dividend = left.whole_number();
     if (divisor == 0) throw division_by_zero();
     return divisor == -1 ? minus(0, dividend) : dividend / divisor;
 }
@@ -119,7 +122,10 @@ Variant remainder(const Variant& left, const Variant& right)
     return divisor == -1 ? 0 : *a.get_if<std::int64_t>() % divisor;
 }
 
-double power(const Variant& a, const Variant& b) { return finite(std::pow(a.number(), b.number())); }
+double power(const Variant& left, const Variant& right)
+{
+    return finite(std::pow(left.number(), right.number()));
+}
 
 Variant negated(const Variant& value) { return difference(0, value); }
 

@@ -1,4 +1,5 @@
-// Arithmetic of the expression language: whole numbers and amounts stay exact and overflow, everything else is floating.
+// Arithmetic of the expression language: whole numbers and amounts stay exact and overflow, everything else
+// is floating.
 #pragma once
 
 #include "core/decimal.hpp"
@@ -12,20 +13,20 @@ bool is_number(const Variant& value);
 Variant as_number(const Variant& value);
 
 // Each of these throws Error 13 for what is no number, 6 on overflow, 11 on a division by zero.
-Variant sum(const Variant& a, const Variant& b);
-Variant difference(const Variant& a, const Variant& b);
-Variant product(const Variant& a, const Variant& b);
-double quotient(const Variant& a, const Variant& b);
-std::int64_t whole_quotient(const Variant& a, const Variant& b);
-Variant remainder(const Variant& a, const Variant& b);
-double power(const Variant& a, const Variant& b);
+Variant sum(const Variant& left, const Variant& right);
+Variant difference(const Variant& left, const Variant& right);
+Variant product(const Variant& left, const Variant& right);
+double quotient(const Variant& left, const Variant& right);
+std::int64_t whole_quotient(const Variant& left, const Variant& right);
+Variant remainder(const Variant& left, const Variant& right);
+double power(const Variant& left, const Variant& right);
 Variant negated(const Variant& value);
 
 // -1, 0, 1 by value, whatever the kinds of number.
-int compare_numbers(const Variant& a, const Variant& b);
+int compare_numbers(const Variant& left, const Variant& right);
 
 // A number as its decimal digits: a floating one at 15, the others exact.
-Decimal exact_decimal(const Variant& number);
+Decimal exact_decimal(const Variant& value);
 // An amount when four decimals hold the number, else a floating one.
 Variant amount_or_number(const Decimal& number);
 

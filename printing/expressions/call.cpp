@@ -37,7 +37,10 @@ struct Call : Node
     std::vector<NodePtr> arguments;
 };
 
-Variant list(const Arguments& given) { return Variant::List(given.values().begin(), given.values().end()); }
+Variant as_list(const Arguments& given)
+{
+    return Variant::List(given.values().begin(), given.values().end());
+}
 
 } // namespace
 
@@ -49,16 +52,16 @@ NodePtr make_call(const NamedFunction& function, const Text& spelled, std::vecto
     return std::make_shared<Call>(function.function, std::move(arguments));
 }
 
-NodePtr element_of(NodePtr target, NodePtr index)
+NodePtr element_of(NodePtr list, NodePtr index)
 {
-    return std::make_shared<Call>(&element, std::vector{std::move(target), std::move(index)});
+    return std::make_shared<Call>(&element, std::vector{std::move(list), std::move(index)});
 }
 
 NodePtr list_of(const std::vector<Argument>& elements)
 {
     std::vector<NodePtr> nodes;
     for (const Argument& each : elements) nodes.push_back(each.value());
-    return std::make_shared<Call>(list, std::move(nodes));
+    return std::make_shared<Call>(as_list, std::move(nodes));
 }
 
 } // namespace tolvex::printing

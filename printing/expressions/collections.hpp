@@ -26,7 +26,8 @@ const CollectionProperty* property_named(const Collection& collection, TextView 
 // A property of the item with that name, which may be an expression.
 NodePtr item_of(const Collection& collection, const CollectionProperty& property, const Argument& name);
 
-// A member of Globals or User as an environment knows it, whatever the letter case; null for what there is not.
+// A member of Globals or User as an environment knows it, whatever the letter case; null for what there is
+// not.
 const Text* global_named(TextView name);
 NodePtr global_value(const Text& name);
 

@@ -25,9 +25,10 @@ struct Culture
 // "invariant" is that of no country.
 const Culture& culture(TextView name);
 
-// A value in a format of the layout language: standard ("N2", "C", "P1", "d", "G") or custom ("#,##0.00;(#,##0.00)",
-// "dd/MM/yyyy"); without a format as the culture writes it, a date without time then by its day alone. A text comes
-// back as it is. Throws Error 5 for a format that there is not, 13 for a list or a picture.
+// A value in a format of the layout language: standard ("N2", "C", "P1", "d", "G") or custom
+// ("#,##0.00;(#,##0.00)", "dd/MM/yyyy"); without a format as the culture writes it, a date without time then
+// by its day alone. A text comes back as it is. Throws Error 5 for a format that there is not, 13 for a list
+// or a picture.
 Text formatted(const Variant& value, TextView format, const Culture& culture);
 
 } // namespace tolvex::printing

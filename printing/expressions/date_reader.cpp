@@ -30,6 +30,7 @@ private:
     int number_of(const std::string& digits) const;
     int year_of(DateNumber number) const;
     Date day() const;
+    std::int64_t time() const;
     int hour() const;
     std::string take_digits();
     bool take(char16_t c);
@@ -64,10 +65,8 @@ Date DateReader::read()
         else
             throw type_mismatch();
     }
-    const std::int64_t time =
-        hour_ ? hour() * std::int64_t{3'600'000} + minute_ * 60'000 + second_ * 1000 + millisecond_ : 0;
-    if (hour_ && numbers_.empty()) return date_of_milliseconds(time);
-    return date_of_milliseconds(milliseconds_of(day()) + time);
+    if (hour_ && numbers_.empty()) return date_of_milliseconds(time());
+    return date_of_milliseconds(milliseconds_of(day()) + time());
 }
 
 void DateReader::read_number()
@@ -145,6 +144,12 @@ Date DateReader::day() const
     if (a.width > 2) return Date::of(a.value, b.value, c.value);
     const bool month_first = culture_.short_date.starts_with(u'M');
     return Date::of(year_of(c), month_first ? a.value : b.value, month_first ? b.value : a.value);
+}
+
+std::int64_t DateReader::time() const
+{
+    if (!hour_) return 0;
+    return ((std::int64_t{hour()} * 60 + minute_) * 60 + second_) * 1000 + millisecond_;
 }
 
 int DateReader::hour() const

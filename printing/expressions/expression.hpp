@@ -1,5 +1,5 @@
-// The expression language of report layouts: what stands after "=" is Visual Basic with Fields, Parameters, Globals,
-// ReportItems, Variables and aggregates over scopes.
+// The expression language of report layouts: what stands after "=" is Visual Basic with Fields, Parameters,
+// Globals, ReportItems, Variables and aggregates over scopes.
 #pragma once
 
 #include "printing/expressions/variant.hpp"
@@ -19,8 +19,8 @@ class Expression
 {
 public:
     Expression() = default; // the empty literal
-    // What begins with "=" is an expression, anything else the text that it is. Never throws: what cannot be parsed
-    // throws when it is evaluated, and fault() tells it before.
+    // What begins with "=" is an expression, anything else the text that it is. Never throws: what cannot be
+    // parsed throws when it is evaluated, and fault() tells it before.
     static Expression of(TextView source);
 
     // Throws Error with the reason: an unknown name, values that do not go together, a division by zero.
@@ -52,7 +52,8 @@ private:
     std::shared_ptr<const Node> root_;
 };
 
-// The aggregate functions. Those over rows of a scope take an expression; count_rows and row_number take none.
+// The aggregate functions. Those over rows of a scope take an expression; count_rows and row_number take
+// none.
 enum class AggregateFunction
 {
     sum,
@@ -106,8 +107,8 @@ struct LookupCall
     bool every_match = false;
 };
 
-// What an expression reads. Names come without regard to letter case. Each of these throws Error for a name that it
-// does not know.
+// What an expression reads. Names come without regard to letter case. Each of these throws Error for a name
+// that it does not know.
 class Environment
 {
 public:
@@ -117,8 +118,9 @@ public:
     virtual bool has_field(TextView name) const = 0;
     virtual Variant parameter(TextView name) const = 0;       // a List when it takes several values
     virtual Variant parameter_label(TextView name) const = 0; // the same for what a person reads
-    // PageNumber, TotalPages, OverallPageNumber, OverallTotalPages, PageName, ExecutionTime, ReportName, ReportFolder,
-    // ReportServerUrl, RenderFormat.Name, RenderFormat.IsInteractive, Language, UserID: spelled so, never otherwise.
+    // PageNumber, TotalPages, OverallPageNumber, OverallTotalPages, PageName, ExecutionTime, ReportName,
+    // ReportFolder, ReportServerUrl, RenderFormat.Name, RenderFormat.IsInteractive, Language, UserID: spelled
+    // so, never otherwise.
     virtual Variant global(TextView name) const = 0;
     virtual Variant report_item(TextView name) const = 0;
     virtual Variant variable(TextView name) const = 0;

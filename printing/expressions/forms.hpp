@@ -1,4 +1,5 @@
-// What looks like a function and does not have all of its arguments evaluated: branches, and aggregates over scopes.
+// What looks like a function and does not have all of its arguments evaluated: branches, and aggregates over
+// scopes.
 #pragma once
 
 #include "printing/expressions/nodes.hpp"

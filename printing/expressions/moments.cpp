@@ -61,14 +61,14 @@ Date plus_milliseconds(Date date, double milliseconds)
 
 Date plus_months(Date date, std::int64_t months)
 {
-    constexpr std::int64_t longest = 12 * 10'000;
+    constexpr std::int64_t longest = 120'000;
     if (months > longest || months < -longest) throw overflow();
     const Moment from = moment_of(date);
     const Date month = first_of_month(from.at.year, from.at.month + months);
     const CalendarDate to = calendar(month);
     const int day = std::min(from.at.day, days_in_month(to.year, to.month));
     const std::int64_t time = milliseconds_of(time_of_day(date));
-    return date_of_milliseconds(milliseconds_of(month) + (day - 1) * milliseconds_a_day + time);
+    return date_of_milliseconds(milliseconds_of(month) + std::int64_t{day - 1} * milliseconds_a_day + time);
 }
 
 Date first_of_month(std::int64_t year, std::int64_t month)

@@ -6,8 +6,8 @@ namespace tolvex::printing {
 
 namespace {
 
-// Whether what stands on the left is the result already. And and Or too leave the rest out then, which nobody notices
-// but by the errors that a guard before them is there to avoid.
+// Whether what stands on the left is the result already. And and Or too leave the rest out then, which nobody
+// notices but by the errors that a guard before them is there to avoid.
 bool is_decided(Operator how, const Variant& left)
 {
     const bool* truth = left.get_if<bool>();

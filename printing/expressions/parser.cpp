@@ -15,8 +15,8 @@ namespace tolvex::printing {
 
 namespace {
 
-// How far parentheses, calls and signs may stand within one another, and how high the tree may become that they make
-// together with operators and members: what parses and what evaluates goes down through them.
+// How far parentheses, calls and signs may stand within one another, and how high the tree may become that
+// they make together with operators and members: what parses and what evaluates goes down through them.
 constexpr int deepest = 200, highest = 500;
 
 struct BinaryOperator
@@ -214,7 +214,8 @@ NodePtr Parser::member(const NodePtr& target)
     return make_call(*function, name, std::move(given));
 }
 
-// Qualifiers that a layout may write before a function: System.Math.Round, Microsoft.VisualBasic.Strings.Left.
+// Qualifiers that a layout may write before a function: System.Math.Round,
+// Microsoft.VisualBasic.Strings.Left.
 bool is_qualifier(TextView key)
 {
     static constexpr TextView qualifiers[] = {

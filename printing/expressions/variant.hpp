@@ -14,8 +14,8 @@ struct Nothing
     friend bool operator==(Nothing, Nothing) = default;
 };
 
-// Nothing, Boolean, whole number, floating number, decimal number (exact to four decimals), date, text, the bytes of
-// a picture, or a list of values (several values of a parameter, the parts that Split gives).
+// Nothing, Boolean, whole number, floating number, decimal number (exact to four decimals), date, text, the
+// bytes of a picture, or a list of values (several values of a parameter, the parts that Split gives).
 class Variant
 {
 public:
@@ -45,12 +45,14 @@ public:
         return std::visit(std::forward<Visitor>(visitor), held_);
     }
 
-    // Conversions of Visual Basic: Nothing is 0, "" or False. They throw Error 13 for what cannot be converted.
+    // Conversions of Visual Basic: Nothing is 0, "" or False; True is -1; "$1,234.50" is a number. They throw
+    // Error 13 for what cannot be converted, 6 for what does not fit, 94 for Nothing as a date.
     bool boolean() const;
     double number() const;
     std::int64_t whole_number() const; // to the nearest, ties to even
     Date date() const;
-    // True and False, numbers at 15 digits with ".", dates in the general form of the culture of Mexico.
+    // As the culture of Mexico writes it: True and False, numbers at 15 digits, dates without time by their
+    // day.
     Text text() const;
 
     friend bool operator==(const Variant&, const Variant&) = default;
@@ -59,8 +61,9 @@ private:
     std::variant<Nothing, bool, std::int64_t, double, Currency, Date, Text, Bytes, List> held_;
 };
 
-// Less, equal or greater (-1, 0, 1) as sorting and the operators of comparison see it: Nothing before everything,
-// numbers by value whatever their kind, texts by letters without regard to case and accents when they sort.
+// -1, 0, 1 as sorting, grouping and filters see two values: Nothing before everything, numbers by value
+// whatever their kind, texts by letters, accents deciding between those that are alike, letter case never.
+// The operators of expressions differ as in Visual Basic: there "a" = "A" is False, and Nothing = 0 True.
 int compare(const Variant& a, const Variant& b);
 
 } // namespace tolvex::printing

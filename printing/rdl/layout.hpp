@@ -291,7 +291,8 @@ struct Remark
     Text text; // in Spanish: "Chart no se dibuja"
 };
 
-// The remark for a person: where it is, and what.
+// For a person: where it is, and what.
+Text in_words(const Place& place);
 Text in_words(const Remark& remark);
 
 struct Layout

@@ -205,11 +205,15 @@ Text subreport_file(const Layout& layout, TextView report)
     return {};
 }
 
+Text in_words(const Place& place)
+{
+    if (place.line == 0) return place.element;
+    return place.element + (place.element.empty() ? u"" : u", ") + u"renglón " + decimal(place.line);
+}
+
 Text in_words(const Remark& remark)
 {
-    Text where = remark.place.element;
-    if (remark.place.line > 0)
-        where += (where.empty() ? u"renglón " : u", renglón ") + decimal(remark.place.line);
+    const Text where = in_words(remark.place);
     return where.empty() ? remark.text : where + u": " + remark.text;
 }
 

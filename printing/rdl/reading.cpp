@@ -28,7 +28,7 @@ const std::set<TextView> harmless = {
     u"InterpretSubtotalsAsDetails", u"KanatypeSensitivity", u"KeepTogether", u"LinkToChild",
     u"MergeTransactions", u"NaturalGroup", u"NaturalSort", u"OmitBorderOnPageBreak", u"PageName",
     u"PrintBetweenSections", u"Prompt", u"ReportParametersLayout", u"Timeout", u"ToggleImage",
-    u"ToggleItem", u"ToolTip", u"Transaction", u"UsedInQuery", u"UserSort", u"WidthSensitivity",
+    u"ToggleItem", u"ToolTip", u"Transaction", u"TypeName", u"UsedInQuery", u"UserSort", u"WidthSensitivity",
     u"Writable"};
 // clang-format on
 
@@ -228,13 +228,13 @@ Expression Reading::value(const Element& element)
 {
     Expression expression = Expression::of(source_of(element));
     if (!expression.fault().empty())
-        remark(element, u"no se entiende la expresión de " + element.name + u": " + expression.fault());
+        remark(element, u"la expresión de " + element.name + u" no se puede evaluar: " + expression.fault());
     return expression;
 }
 
 void Reading::remark(const Element& element, const Text& text)
 {
-    remarks_.push_back({place_of(element), text});
+    if (told_.emplace(&element, text).second) remarks_.push_back({place_of(element), text});
 }
 
 void Reading::remark_duplicate(const Element& element, std::map<Text, const Element*>& names)

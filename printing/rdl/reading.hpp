@@ -6,6 +6,7 @@
 #include "printing/rdl/layout.hpp"
 #include "printing/rdl/xml_tree.hpp"
 
+#include <set>
 #include <unordered_set>
 
 namespace tolvex::printing {
@@ -53,6 +54,7 @@ public:
     // The expression that the element itself holds. A literal with a data type is of that type.
     Expression value(const Element& element);
 
+    // Once for each element, which may be looked at more than once.
     void remark(const Element& element, const Text& text);
     // An element with all that it holds counts as looked at.
     void pass_over(const Element& element) { passed_over_.insert(&element); }
@@ -67,6 +69,7 @@ private:
 
     std::vector<Remark>& remarks_;
     std::unordered_set<const Element*> read_, passed_over_;
+    std::set<std::pair<const Element*, Text>> told_;
     std::map<Text, const Element*> item_names_, scope_names_;
 };
 

@@ -114,7 +114,7 @@ Style with_text_of(Style inner, const Style& outer)
     return inner;
 }
 
-Style overlaid(const Style& above, Style below)
+Style overlaid(const Style& above, const Style& below)
 {
     Style style = with_text_of(above, below);
     for (const auto property : box_properties) complete(style.*property, below.*property);

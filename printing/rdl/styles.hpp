@@ -11,6 +11,6 @@ Style read_style(Reading& in, const Element& parent);
 // What `inner` leaves open of the text (font, color, format, alignment, height of lines) as `outer` says it.
 Style with_text_of(Style inner, const Style& outer);
 // Whatever `above` says, the rest as `below`.
-Style overlaid(const Style& above, Style below);
+Style overlaid(const Style& above, const Style& below);
 
 } // namespace tolvex::printing

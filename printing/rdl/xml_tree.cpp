@@ -17,7 +17,11 @@ namespace {
 constexpr std::size_t most_levels = 200;
 constexpr std::size_t most_elements = 200'000;
 
-using Parser = std::unique_ptr<std::remove_pointer_t<XML_Parser>, decltype(&XML_ParserFree)>;
+struct Free
+{
+    void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
+};
+using Parser = std::unique_ptr<std::remove_pointer_t<XML_Parser>, Free>;
 
 // What expat says in English, for the faults that people make by hand.
 Text reason(XML_Error error)
@@ -90,7 +94,7 @@ private:
 
     static Parser new_parser()
     {
-        Parser parser(XML_ParserCreateNS(nullptr, separator), &XML_ParserFree);
+        Parser parser(XML_ParserCreateNS(nullptr, separator));
         if (!parser) throw std::bad_alloc();
         return parser;
     }

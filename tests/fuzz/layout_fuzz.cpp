@@ -1,5 +1,5 @@
-// Any bytes may be handed over as a report layout: the result is a layout whose parts fit each other, or a message with
-// a line.
+// Any bytes may be handed over as a report layout: the result is a layout whose parts fit each other, or a
+// message with a line.
 #include "core/errors.hpp"
 #include "printing/rdl/layout_visitor.hpp"
 #include "printing/rdl/review.hpp"

@@ -35,10 +35,10 @@ TEST(Pictures, every_format_shows_the_same_picture)
     EXPECT_EQ(colors(open_picture(sample_bmp())), white);
     EXPECT_EQ(colors(*sample_picture("logo.jpg")),
               "d02020ff 20a144ff 2040cfff ffffffff"); // it loses a little
-    const Picture& jpeg = *sample_picture("logo.jpg");
-    EXPECT_EQ(jpeg.width, 16);
-    EXPECT_EQ(jpeg.height, 12);
-    EXPECT_NEAR(jpeg.dpi_x, 150, 0.1);
+    const auto jpeg = sample_picture("logo.jpg");
+    EXPECT_EQ(jpeg->width, 16);
+    EXPECT_EQ(jpeg->height, 12);
+    EXPECT_NEAR(jpeg->dpi_x, 150, 0.1);
     EXPECT_EQ(sample_picture("logo.png")->dpi_y, 96); // it does not say
 }
 

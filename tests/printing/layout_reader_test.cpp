@@ -254,23 +254,23 @@ const std::string filter = "<Filters><Filter><FilterExpression>=Fields!a.Value</
 std::string table_2005()
 {
     const auto cell = [](const std::string& name) {
-        return "<TableCell><ReportItems>" + textbox_2005(name, "=" + name) + "</ReportItems></TableCell>";
+        return "<TableCell><ReportItems>" + textbox_2005(name, name) + "</ReportItems></TableCell>";
     };
     const auto row = [](const std::string& cells, const std::string& more = "") {
         return "<TableRow><Height>10pt</Height><TableCells>" + cells + "</TableCells>" + more + "</TableRow>";
     };
-    const std::string wide = "<TableCell><ColSpan>2</ColSpan><ReportItems>" + textbox_2005("h", "=h") +
+    const std::string wide = "<TableCell><ColSpan>2</ColSpan><ReportItems>" + textbox_2005("h", "h") +
                              "</ReportItems></TableCell>";
     return report_2005(
         "<Table Name='t'><DataSetName>d</DataSetName><NoRows>Nada</NoRows><PageBreakAtEnd>true</PageBreakAtEnd>" +
         filter +
         "<TableColumns><TableColumn><Width>60pt</Width></TableColumn><TableColumn><Width>40pt</Width><Visibility>"
-        "<Hidden>=h</Hidden></Visibility></TableColumn></TableColumns>"
+        "<Hidden>=Fields!h.Value</Hidden></Visibility></TableColumn></TableColumns>"
         "<Header><RepeatOnNewPage>true</RepeatOnNewPage><TableRows>" +
         row(wide) +
-        "</TableRows></Header><TableGroups><TableGroup><Grouping Name='g'><Label>=l</Label><GroupExpressions>"
-        "<GroupExpression>=k</GroupExpression></GroupExpressions><PageBreakAtStart>true</PageBreakAtStart>"
-        "<PageBreakAtEnd>true</PageBreakAtEnd></Grouping><Sorting><SortBy><SortExpression>=k</SortExpression>"
+        "</TableRows></Header><TableGroups><TableGroup><Grouping Name='g'><Label>=Fields!l.Value</Label><GroupExpressions>"
+        "<GroupExpression>=Fields!k.Value</GroupExpression></GroupExpressions><PageBreakAtStart>true</PageBreakAtStart>"
+        "<PageBreakAtEnd>true</PageBreakAtEnd></Grouping><Sorting><SortBy><SortExpression>=Fields!k.Value</SortExpression>"
         "<Direction>Descending</Direction></SortBy></Sorting><Header><TableRows>" +
         row(cell("a") + cell("b")) + "</TableRows></Header><Footer><TableRows>" + row(cell("c") + cell("e")) +
         "</TableRows></Footer></TableGroup></TableGroups><Details><Grouping Name='details'/><TableRows>" +
@@ -282,12 +282,12 @@ std::string table_2005()
 std::string tablix_2010()
 {
     const auto cell = [](const std::string& name) {
-        return "<TablixCell><CellContents>" + textbox_2010(name, "=" + name) + "</CellContents></TablixCell>";
+        return "<TablixCell><CellContents>" + textbox_2010(name, name) + "</CellContents></TablixCell>";
     };
     const auto row = [](const std::string& cells) {
         return "<TablixRow><Height>10pt</Height><TablixCells>" + cells + "</TablixCells></TablixRow>";
     };
-    const std::string wide = "<TablixCell><CellContents>" + textbox_2010("h", "=h") +
+    const std::string wide = "<TablixCell><CellContents>" + textbox_2010("h", "h") +
                              "<ColSpan>2</ColSpan></CellContents></TablixCell><TablixCell/>";
     return report_2010(
         "<Tablix Name='t'><TablixBody><TablixColumns><TablixColumn><Width>60pt</Width></TablixColumn><TablixColumn>"
@@ -295,11 +295,11 @@ std::string tablix_2010()
         row(wide) + row(cell("a") + cell("b")) + row(cell("f") + cell("i")) + row(cell("m") + cell("n")) +
         row(cell("c") + cell("e")) +
         "</TablixRows></TablixBody><TablixColumnHierarchy><TablixMembers><TablixMember/><TablixMember><Visibility>"
-        "<Hidden>=h</Hidden></Visibility></TablixMember></TablixMembers></TablixColumnHierarchy><TablixRowHierarchy>"
+        "<Hidden>=Fields!h.Value</Hidden></Visibility></TablixMember></TablixMembers></TablixColumnHierarchy><TablixRowHierarchy>"
         "<TablixMembers><TablixMember><KeepWithGroup>After</KeepWithGroup><RepeatOnNewPage>true</RepeatOnNewPage>"
-        "</TablixMember><TablixMember><Group Name='g'><DocumentMapLabel>=l</DocumentMapLabel><GroupExpressions>"
-        "<GroupExpression>=k</GroupExpression></GroupExpressions><PageBreak><BreakLocation>StartAndEnd"
-        "</BreakLocation></PageBreak></Group><SortExpressions><SortExpression><Value>=k</Value>"
+        "</TablixMember><TablixMember><Group Name='g'><DocumentMapLabel>=Fields!l.Value</DocumentMapLabel><GroupExpressions>"
+        "<GroupExpression>=Fields!k.Value</GroupExpression></GroupExpressions><PageBreak><BreakLocation>StartAndEnd"
+        "</BreakLocation></PageBreak></Group><SortExpressions><SortExpression><Value>=Fields!k.Value</Value>"
         "<Direction>Descending</Direction></SortExpression></SortExpressions><TablixMembers><TablixMember>"
         "<KeepWithGroup>After</KeepWithGroup></TablixMember><TablixMember><Group Name='details'/><TablixMembers>"
         "<TablixMember><Visibility><Hidden>true</Hidden></Visibility></TablixMember><TablixMember/></TablixMembers>"
@@ -316,10 +316,10 @@ TEST(LayoutReader, a_table_and_the_same_tablix_are_one)
   filter GreaterThan(=Fields!a.Value) value(=5)
   columns 60 40
     static
-    static hidden(=h)
+    static hidden(=Fields!h.Value)
   rows
     static with-next repeats
-    group g by(=k) break-both label(=l) down(=k)
+    group g by(=Fields!k.Value) break-both label(=Fields!l.Value) down(=Fields!k.Value)
       static with-next
       group details
         static hidden(true)
@@ -327,20 +327,20 @@ TEST(LayoutReader, a_table_and_the_same_tablix_are_one)
       static with-last
   row 10
     over 2 x 1
-    textbox h 0,0 100x10 text(=h)
+    textbox h 0,0 100x10 text(h)
     -
   row 10
-    textbox a 0,0 60x10 text(=a)
-    textbox b 0,0 40x10 text(=b)
+    textbox a 0,0 60x10 text(a)
+    textbox b 0,0 40x10 text(b)
   row 10
-    textbox f 0,0 60x10 text(=f)
-    textbox i 0,0 40x10 text(=i)
+    textbox f 0,0 60x10 text(f)
+    textbox i 0,0 40x10 text(i)
   row 10
-    textbox m 0,0 60x10 text(=m)
-    textbox n 0,0 40x10 text(=n)
+    textbox m 0,0 60x10 text(m)
+    textbox n 0,0 40x10 text(n)
   row 10
-    textbox c 0,0 60x10 text(=c)
-    textbox e 0,0 40x10 text(=e)
+    textbox c 0,0 60x10 text(c)
+    textbox e 0,0 40x10 text(e)
 )");
     EXPECT_EQ(items(table_2005()), items(tablix_2010()));
     EXPECT_EQ(remarks(table_2005()) + remarks(tablix_2010()), "");
@@ -352,8 +352,8 @@ TEST(LayoutReader, a_matrix_has_rows_for_statics_and_subtotals)
         return "<ReportItems>" + textbox_2005(name, name) + "</ReportItems>";
     };
     const auto grouping = [&](const std::string& name, const std::string& more) {
-        return "<Grouping Name='" + name + "'><GroupExpressions><GroupExpression>=" + name +
-               "</GroupExpression></GroupExpressions></Grouping>" + header("h_" + name) + more;
+        return "<Grouping Name='" + name + "'><GroupExpressions><GroupExpression>=Fields!" + name +
+               ".Value</GroupExpression></GroupExpressions></Grouping>" + header("h_" + name) + more;
     };
     const Layout layout = parse_layout(report_2005(
         "<Matrix Name='m'><Corner>" + header("corner") +
@@ -377,14 +377,14 @@ TEST(LayoutReader, a_matrix_has_rows_for_statics_and_subtotals)
     static
      header 5
       textbox all 0,0 50x5 text(all)
-    group year by(=year)
+    group year by(=Fields!year.Value)
      header 5
       textbox h_year 0,0 50x5 text(h_year)
   rows
-    group city by(=city)
+    group city by(=Fields!city.Value)
      header 30
       textbox h_city 0,0 30x15 text(h_city)
-      group shop by(=shop)
+      group shop by(=Fields!shop.Value)
        header 20
         textbox h_shop 0,0 20x15 text(h_shop)
         static
@@ -432,15 +432,16 @@ TEST(LayoutReader, a_matrix_has_rows_for_statics_and_subtotals)
 
 TEST(LayoutReader, a_list_is_a_tablix_of_one_cell)
 {
-    EXPECT_EQ(items(report_2005("<List Name='l'><Width>90pt</Width><Height>30pt</Height><Sorting><SortBy>"
-                                "<SortExpression>=s</SortExpression></SortBy></Sorting><ReportItems>" +
-                                textbox_2005("t", "x") + "</ReportItems></List>")),
-              R"(tablix l 0,0 90x30
+    EXPECT_EQ(
+        items(report_2005("<List Name='l'><Width>90pt</Width><Height>30pt</Height><Sorting><SortBy>"
+                          "<SortExpression>=Fields!s.Value</SortExpression></SortBy></Sorting><ReportItems>" +
+                          textbox_2005("t", "x") + "</ReportItems></List>")),
+        R"(tablix l 0,0 90x30
   data 
   columns 90
     static
   rows
-    group  up(=s)
+    group  up(=Fields!s.Value)
   row 30
     rectangle  0,0 90x30
       textbox t 0,0 90x30 text(x)
@@ -468,7 +469,7 @@ TEST(LayoutReader, queries_fields_and_parameters)
     EXPECT_EQ(data_set.parameters.at(0).name, u"@cIndFactura");
     EXPECT_EQ(data_set.fields.at(0).column, u"A");
     EXPECT_EQ(data_set.fields.at(1).value.source(), u"=1");
-    EXPECT_EQ(layout.data_sets.at(1).command.source(), u"Select * From FE_FOLIOS");
+    EXPECT_TRUE(layout.data_sets.at(1).whole_table && !data_set.whole_table);
     EXPECT_TRUE(layout.parameters.at(1).nullable);
     EXPECT_EQ(layout.parameters.at(1).defaults.at(0).source(), u"=Nothing");
     EXPECT_EQ(layout.parameters.at(1).valid_values.at(0).label.source(), u"Uno");
@@ -513,13 +514,15 @@ TEST(LayoutReader, remarks_tell_what_is_left_out_and_nothing_else)
         in_textbox,
         {{"<rd:DefaultName>x</rd:DefaultName><ToolTip>x</ToolTip><DataElementOutput>No</DataElementOutput>",
           ""},
-         {"<KeepTogether>true</KeepTogether><UserSort><SortExpression>=a</SortExpression></UserSort>", ""},
+         {"<KeepTogether>true</KeepTogether><UserSort><SortExpression>=Fields!a.Value</SortExpression></UserSort>",
+          ""},
          {"<Style><BackgroundGradientType>None</BackgroundGradientType><Direction>LTR</Direction></Style>",
           ""},
          {"<Style><Direction>RTL</Direction></Style>", "4 Textbox \"t\": Direction no se toma en cuenta\n"},
          {"<Style><BackgroundImage><Source>External</Source></BackgroundImage></Style>",
           "4 Textbox \"t\": BackgroundImage no se toma en cuenta\n"},
-         {"<ActionInfo><Actions><Action><Hyperlink>=a</Hyperlink></Action></Actions></ActionInfo>", ""},
+         {"<ActionInfo><Actions><Action><Hyperlink>=Fields!a.Value</Hyperlink></Action></Actions></ActionInfo>",
+          ""},
          {"<Action>\n<Drillthrough><ReportName>x</ReportName></Drillthrough></Action>",
           "5 Textbox \"t\": Drillthrough no se toma en cuenta\n"},
          {"<RepeatWith>x</RepeatWith>", "4 Textbox \"t\": RepeatWith no se toma en cuenta\n"}});
@@ -541,7 +544,7 @@ TEST(LayoutReader, remarks_tell_what_is_left_out_and_nothing_else)
 TEST(LayoutReader, an_expression_that_cannot_be_parsed_is_a_remark)
 {
     const std::string said = remarks(report_2010("<Textbox Name='t'>\n<Value>=Sum(</Value></Textbox>"));
-    EXPECT_TRUE(said.starts_with("4 Textbox \"t\": no se entiende la expresión de Value: ")) << said;
+    EXPECT_TRUE(said.starts_with("4 Textbox \"t\": la expresión de Value no se puede evaluar: ")) << said;
 }
 
 TEST(Review, tells_what_is_mentioned_and_not_there)

@@ -198,14 +198,14 @@ Text general_pattern(Date date, const Culture& culture)
 
 } // namespace
 
-Text format_date(Date date, TextView named, const Culture& culture)
+Text format_date(Date date, TextView format, const Culture& culture)
 {
-    const TextView format = format_of_name(named);
-    if (format.empty()) return DateWriter(date, general_pattern(date, culture), culture).write();
-    if (format.size() > 1) return DateWriter(date, format, culture).write();
-    const bool for_machines = TextView(u"rRsuoO").find(format.front()) != TextView::npos;
+    const TextView pattern = format_of_name(format);
+    if (pattern.empty()) return DateWriter(date, general_pattern(date, culture), culture).write();
+    if (pattern.size() > 1) return DateWriter(date, pattern, culture).write();
+    const bool for_machines = TextView(u"rRsuoO").find(pattern.front()) != TextView::npos;
     const Culture& shown = for_machines ? printing::culture(u"invariant") : culture;
-    return DateWriter(date, standard_pattern(format.front(), shown), shown).write();
+    return DateWriter(date, standard_pattern(pattern.front(), shown), shown).write();
 }
 
 } // namespace tolvex::printing

@@ -169,13 +169,13 @@ Text format_by_letter(const Variant& value, const StandardFormat& format, TextVi
 
 } // namespace
 
-Text format_number(const Variant& number, TextView named, const Culture& culture)
+Text format_number(const Variant& number, TextView format, const Culture& culture)
 {
-    const TextView format = format_of_name(named);
-    if (format.empty()) return general(number, {u'G', std::nullopt}, culture);
-    if (const auto standard = standard_format(format))
+    const TextView pattern = format_of_name(format);
+    if (pattern.empty()) return general(number, {u'G', std::nullopt}, culture);
+    if (const auto standard = standard_format(pattern))
         return format_by_letter(number, *standard, format, culture);
-    return format_number_by_pattern(exact_decimal(number), format, culture);
+    return format_number_by_pattern(exact_decimal(number), pattern, culture);
 }
 
 Text plain_number(Decimal number, const NumberStyle& style, const Culture& culture)

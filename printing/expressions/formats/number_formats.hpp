@@ -1,4 +1,5 @@
-// Numbers as texts. They are rounded in their decimal form, a tie away from zero; what rounds to zero has no sign.
+// Numbers as texts. They are rounded in their decimal form, a tie away from zero; what rounds to zero has no
+// sign.
 #pragma once
 
 #include "core/decimal.hpp"
@@ -6,8 +7,8 @@
 
 namespace tolvex::printing {
 
-// By a standard or custom format; without one as the culture writes the number. Throws Error 5 for a format that there
-// is not.
+// By a standard or custom format; without one as the culture writes the number. Throws Error 5 for a format
+// that there is not.
 Text format_number(const Variant& number, TextView format, const Culture& culture);
 
 // What FormatNumber, FormatCurrency and FormatPercent let a layout choose.
@@ -21,6 +22,6 @@ Text amount_with_symbol(Decimal number, const NumberStyle& style, const Culture&
 Text percentage(Decimal number, const NumberStyle& style, const Culture& culture);
 
 // By a custom format of up to three sections: positive; negative; zero.
-Text format_number_by_pattern(Decimal number, TextView pattern, const Culture& culture);
+Text format_number_by_pattern(const Decimal& number, TextView pattern, const Culture& culture);
 
 } // namespace tolvex::printing

@@ -8,7 +8,8 @@ namespace tolvex::printing {
 
 namespace {
 
-// A piece of a section: a place for a digit, the decimal point, the exponent, or characters that stand for themselves.
+// A piece of a section: a place for a digit, the decimal point, the exponent, or characters that stand for
+// themselves.
 struct Piece
 {
     enum class Kind
@@ -271,7 +272,7 @@ private:
 
 } // namespace
 
-Text format_number_by_pattern(Decimal number, TextView pattern, const Culture& culture)
+Text format_number_by_pattern(const Decimal& number, TextView pattern, const Culture& culture)
 {
     const std::vector<TextView> sources = sections_of(pattern);
     const auto exists = [&](std::size_t i) { return i < sources.size() && !sources[i].empty(); };

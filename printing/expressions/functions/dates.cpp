@@ -127,7 +127,8 @@ Variant date_diff(const Arguments& given)
     }
 }
 
-// Which week of the year is the first: 1 that of 1 January, 2 the first with four days, 3 the first whole one.
+// Which week of the year is the first: 1 that of 1 January, 2 the first with four days, 3 the first whole
+// one.
 std::int64_t week_of_year(const Moment& moment, int first_day, std::int64_t rule)
 {
     const int day = moment.day_of_year - 1;

@@ -1,5 +1,5 @@
-// Texts as bytes and back: System.Text.Encoding. Layouts use it to read an original string, which is stored as the
-// bytes that were sealed, one character each.
+// Texts as bytes and back: System.Text.Encoding. Layouts use it to read an original string, which is stored
+// as the bytes that were sealed, one character each.
 #include "core/code_pages.hpp"
 #include "core/errors.hpp"
 #include "printing/expressions/functions/table.hpp"

@@ -1,4 +1,5 @@
-// The functions of the expression language, and the methods and properties of its values: a table for each family.
+// The functions of the expression language, and the methods and properties of its values: a table for each
+// family.
 #pragma once
 
 #include "printing/expressions/culture.hpp"

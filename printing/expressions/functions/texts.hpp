@@ -11,8 +11,8 @@ bool is_space(char16_t c);
 // Cuts the characters off the ends that `unwanted` names.
 Text trimmed(TextView text, bool (*unwanted)(char16_t), bool at_start, bool at_end);
 Text trimmed(TextView text, TextView unwanted, bool at_start, bool at_end);
-// At most `limit` replacements; a negative one for all. Nothing is found of an empty text. Throws Error 6 when the
-// result is too long.
+// At most `limit` replacements; a negative one for all. Nothing is found of an empty text. Throws Error 6
+// when the result is too long.
 Text replaced(TextView text, TextView what, TextView with, std::int64_t limit, bool ignoring_case);
 // Where it is found, from 0; npos.
 std::size_t find_text(TextView text, TextView what, std::size_t from, bool ignoring_case);
