@@ -14,28 +14,15 @@ namespace {
 
 constexpr std::size_t longest_path = 255; // as long as the system's own buffers were
 
+struct CoTaskText
+{
+    ~CoTaskText() { CoTaskMemFree(text); }
+    wchar_t* text = nullptr;
+};
+
 struct FreeItemList
 {
     void operator()(ITEMIDLIST* list) const { CoTaskMemFree(list); }
-};
-
-// The dialog for one file of a kind; the texts must outlive it.
-struct FileDialog : OPENFILENAMEW
-{
-    FileDialog(WindowHandle owner, const Text& title, const FileKind& kind)
-        : OPENFILENAMEW{}, filter(kind.description + u'\0' + kind.pattern + u'\0')
-    {
-        lStructSize = sizeof(OPENFILENAMEW);
-        hwndOwner = reinterpret_cast<HWND>(owner);
-        lpstrFilter = wide(filter);
-        lpstrFile = path;
-        nMaxFile = std::size(path);
-        lpstrTitle = wide(title);
-        Flags = OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-    }
-
-    const Text filter;
-    wchar_t path[MAX_PATH] = {};
 };
 
 } // namespace
@@ -55,18 +42,37 @@ Text choose_folder(WindowHandle owner, const Text& title)
 
 Text choose_file(WindowHandle owner, const Text& title, const FileKind& kind)
 {
-    FileDialog dialog(owner, title, kind);
-    dialog.Flags |= OFN_FILEMUSTEXIST;
-    return GetOpenFileNameW(&dialog) ? from_wide(dialog.path) : Text();
+    const Text filter = kind.description + u'\0' + kind.pattern + u'\0';
+    wchar_t path[MAX_PATH] = {};
+    OPENFILENAMEW dialog{};
+    dialog.lStructSize = sizeof dialog;
+    dialog.hwndOwner = reinterpret_cast<HWND>(owner);
+    dialog.lpstrFilter = wide(filter);
+    dialog.lpstrFile = path;
+    dialog.nMaxFile = std::size(path);
+    dialog.lpstrTitle = wide(title);
+    dialog.Flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    return GetOpenFileNameW(&dialog) ? from_wide(path) : Text();
 }
 
 Text choose_new_file(WindowHandle owner, const Text& title, const FileKind& kind, const Text& name)
 {
-    FileDialog dialog(owner, title, kind);
-    name.copy(reinterpret_cast<char16_t*>(dialog.path), std::size(dialog.path) - 1);
-    dialog.lpstrDefExt = wide(kind.pattern) + std::size(u"*.") - 1;
-    dialog.Flags |= OFN_OVERWRITEPROMPT;
-    return GetSaveFileNameW(&dialog) ? from_wide(dialog.path) : Text();
+    const COMDLG_FILTERSPEC filter{wide(kind.description), wide(kind.pattern)};
+    ComPtr<IFileSaveDialog> dialog;
+    ComPtr<IShellItem> chosen;
+    CoTaskText path;
+    if (FAILED(CoCreateInstance(CLSID_FileSaveDialog, nullptr, CLSCTX_INPROC_SERVER,
+                                IID_PPV_ARGS(dialog.GetAddressOf()))))
+        return {};
+    dialog->SetTitle(wide(title));
+    dialog->SetFileTypes(1, &filter);
+    dialog->SetDefaultExtension(wide(kind.pattern) + std::size(u"*.") - 1);
+    dialog->SetFileName(wide(name));
+    if (FAILED(dialog->Show(reinterpret_cast<HWND>(owner))) ||
+        FAILED(dialog->GetResult(chosen.GetAddressOf())) ||
+        FAILED(chosen->GetDisplayName(SIGDN_FILESYSPATH, &path.text)))
+        return {};
+    return from_wide(path.text);
 }
 
 } // namespace tolvex

@@ -71,8 +71,8 @@ searches() {
     press shift+F3 shift+F3
     shows "hacia atrás pasa por el final" '\[6\]\[ de 6\].*\[ 7 de 7\]'
     press ctrl+f
-    writes zzz
-    shows "lo que no hay" '\[zzz\]\[ No se encontró\]'
+    writes 'nada de esto'
+    shows "lo que no hay" '\[nada de esto\]\[ No se encontró\]'
     press Escape
     shows "Escape deja de buscar" '\[\]\[\]'
 }
@@ -81,7 +81,7 @@ saves_pdf() {
     press ctrl+s
     appears 'Guardar como PDF'
     takes_picture guardar
-    press ctrl+a
+    press Home shift+End
     writes 'c:\guardado.pdf'
     press Return
     appears "$title"
