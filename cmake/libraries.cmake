@@ -12,7 +12,7 @@ if(WIN32)
     find_package(ZLIB REQUIRED)
     target_link_libraries(tolvex_hpdf INTERFACE ZLIB::ZLIB)
     set(TOLVEX_LIBRARIES tolvex_sqlite3 tolvex_expat tolvex_hpdf odbc32 ole32 oleaut32 uuid shell32 comdlg32 comctl32
-        gdi32 user32 advapi32)
+        winspool msimg32 gdi32 user32 advapi32)
 else()
     find_package(PkgConfig REQUIRED)
     find_package(SQLite3 REQUIRED)

@@ -44,6 +44,11 @@ Error object_not_set() { return {numbers::object_not_set, u"Variable de objeto n
 
 Error invalid_use_of_null() { return {numbers::invalid_use_of_null, u"Uso no válido de Null"}; }
 
+Error printer_error(TextView reason)
+{
+    return {numbers::printer_error, u"Error de impresora: " + Text(reason)};
+}
+
 Error not_available(TextView operation)
 {
     return {numbers::not_available,

@@ -23,6 +23,7 @@ Error device_error(TextView path, TextView reason); // reading or writing failed
 Error path_error(TextView path, TextView reason);   // folder missing, no permission
 Error object_not_set();
 Error invalid_use_of_null();
+Error printer_error(TextView reason);
 Error not_available(TextView operation); // a method whose work this edition does not do
 
 // The same error, its description followed by a detail: "Desbordamiento: argumento vlnEmpresa".

@@ -12,8 +12,9 @@
 
 testbed=$build/testbed
 settings=$build/testbed-apt.conf
-packages_64=(wine wine64 libodbc2 libsqliteodbc tdsodbc xvfb xdotool openbox x11-utils imagemagick fonts-liberation locales)
-packages_32=(wine32:i386 libodbc2:i386 libsqliteodbc:i386 tdsodbc:i386)
+packages_64=(wine wine64 libodbc2 libsqliteodbc tdsodbc libcups2 cups-daemon cups-client ghostscript
+    xvfb xdotool openbox x11-utils imagemagick fonts-liberation locales)
+packages_32=(wine32:i386 libodbc2:i386 libsqliteodbc:i386 tdsodbc:i386 libcups2:i386)
 
 can_make_namespaces() {
     unshare --mount --pid --uts --fork sh -c 'hostname caja && mount -t tmpfs tmpfs /mnt' 2> /dev/null

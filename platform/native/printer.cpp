@@ -31,11 +31,6 @@ private:
     cups_option_t* options_ = nullptr;
 };
 
-Error printer_error(const Text& reason)
-{
-    return Error(numbers::printer_error, u"Error de impresora: " + reason);
-}
-
 std::string chosen_printer(const Text& name)
 {
     if (!name.empty()) return to_utf8(name);

@@ -29,7 +29,7 @@ const FontPart* FileFace::part_with(char16_t c) const
     return &parts_.try_emplace(number, font_.part(characters_with(c))).first->second;
 }
 
-BaseFace::BaseFace(const std::string& name) : name_(name)
+BaseFace::BaseFace(const std::string& name) : name_(name), family_(to_text(name.substr(0, name.find('-'))))
 {
     const HaruDocument document = new_haru_document();
     const HPDF_Font font =

@@ -19,6 +19,8 @@ public:
     virtual const FontMeasures& measures() const = 0;
     // Its name in a document; several faces may have the same one.
     virtual const std::string& name() const = 0;
+    // The family that the system knows it by.
+    virtual const Text& family() const = 0;
     // What a document carries of it when it uses that character; null when readers bring the face along.
     virtual const FontPart* part_with(char16_t c) const = 0;
 };
@@ -35,6 +37,7 @@ public:
     int width(char16_t c) const override { return font_.width(c); }
     const FontMeasures& measures() const override { return font_.measures(); }
     const std::string& name() const override { return font_.name(); }
+    const Text& family() const override { return font_.family(); }
     const FontPart* part_with(char16_t c) const override;
 
 private:
@@ -52,10 +55,12 @@ public:
     int width(char16_t c) const override;
     const FontMeasures& measures() const override { return measures_; }
     const std::string& name() const override { return name_; }
+    const Text& family() const override { return family_; }
     const FontPart* part_with(char16_t) const override { return nullptr; }
 
 private:
     const std::string name_;
+    const Text family_; // the word before the cut: Helvetica, Times, Courier
     FontMeasures measures_;
     int widths_[256] = {}; // by western byte
 };

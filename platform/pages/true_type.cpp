@@ -197,6 +197,7 @@ TrueTypeFont::TrueTypeFont(std::string file, unsigned index)
     read_characters();
     read_measures();
     read_name();
+    read_family();
 }
 
 FontPart TrueTypeFont::part(TextView characters) const
@@ -312,6 +313,23 @@ void TrueTypeFont::read_name()
     }
     name_.resize(std::min(name_.size(), longest));
     if (name_.empty()) name_ = "Fuente";
+}
+
+// As Windows spells it; in English where it has several names.
+void TrueTypeFont::read_family()
+{
+    constexpr unsigned windows = 3, english = 0x409, family = 1;
+    const std::string_view names = optional_table("name");
+    for (std::size_t entry = 6, count = u16(names, 2); count > 0; --count, entry += 12) {
+        if (entry + 12 > names.size() || u16(names, entry) != windows || u16(names, entry + 6) != family)
+            continue;
+        if (!family_.empty() && u16(names, entry + 4) != english) continue;
+        const std::size_t start = std::size_t{u16(names, 4)} + u16(names, entry + 10);
+        const std::string_view letters = names.substr(std::min(start, names.size()), u16(names, entry + 8));
+        family_.clear();
+        for (std::size_t i = 0; i + 1 < letters.size(); i += 2)
+            family_ += static_cast<char16_t>(u16(letters, i));
+    }
 }
 
 // The last one holds for all glyphs after it.

@@ -27,6 +27,8 @@ public:
     const FontMeasures& measures() const { return measures_; }
     // The one that it is known by in documents (LiberationSans-Bold).
     const std::string& name() const { return name_; }
+    // The one that users choose it by (Liberation Sans).
+    const Text& family() const { return family_; }
 
     // With those of these characters that the font has; they stand in ascending order.
     FontPart part(TextView characters) const;
@@ -39,6 +41,7 @@ private:
     void read_characters();
     void read_measures();
     void read_name();
+    void read_family();
     int advance(unsigned glyph) const;
     unsigned left_bearing(unsigned glyph) const;
     std::string_view outline(unsigned glyph) const;
@@ -52,6 +55,7 @@ private:
     std::vector<std::uint16_t> glyph_of_;
     FontMeasures measures_;
     std::string name_;
+    Text family_;
 };
 
 } // namespace tolvex::pages

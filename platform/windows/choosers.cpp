@@ -19,6 +19,25 @@ struct FreeItemList
     void operator()(ITEMIDLIST* list) const { CoTaskMemFree(list); }
 };
 
+// The dialog for one file of a kind; the texts must outlive it.
+struct FileDialog : OPENFILENAMEW
+{
+    FileDialog(WindowHandle owner, const Text& title, const FileKind& kind)
+        : OPENFILENAMEW{}, filter(kind.description + u'\0' + kind.pattern + u'\0')
+    {
+        lStructSize = sizeof(OPENFILENAMEW);
+        hwndOwner = reinterpret_cast<HWND>(owner);
+        lpstrFilter = wide(filter);
+        lpstrFile = path;
+        nMaxFile = std::size(path);
+        lpstrTitle = wide(title);
+        Flags = OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    }
+
+    const Text filter;
+    wchar_t path[MAX_PATH] = {};
+};
+
 } // namespace
 
 Text choose_folder(WindowHandle owner, const Text& title)
@@ -36,17 +55,18 @@ Text choose_folder(WindowHandle owner, const Text& title)
 
 Text choose_file(WindowHandle owner, const Text& title, const FileKind& kind)
 {
-    const Text filter = kind.description + u'\0' + kind.pattern + u'\0';
-    wchar_t path[MAX_PATH] = {};
-    OPENFILENAMEW dialog{};
-    dialog.lStructSize = sizeof dialog;
-    dialog.hwndOwner = reinterpret_cast<HWND>(owner);
-    dialog.lpstrFilter = wide(filter);
-    dialog.lpstrFile = path;
-    dialog.nMaxFile = std::size(path);
-    dialog.lpstrTitle = wide(title);
-    dialog.Flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
-    return GetOpenFileNameW(&dialog) ? from_wide(path) : Text();
+    FileDialog dialog(owner, title, kind);
+    dialog.Flags |= OFN_FILEMUSTEXIST;
+    return GetOpenFileNameW(&dialog) ? from_wide(dialog.path) : Text();
+}
+
+Text choose_new_file(WindowHandle owner, const Text& title, const FileKind& kind, const Text& name)
+{
+    FileDialog dialog(owner, title, kind);
+    name.copy(reinterpret_cast<char16_t*>(dialog.path), std::size(dialog.path) - 1);
+    dialog.lpstrDefExt = wide(kind.pattern) + std::size(u"*.") - 1;
+    dialog.Flags |= OFN_OVERWRITEPROMPT;
+    return GetSaveFileNameW(&dialog) ? from_wide(dialog.path) : Text();
 }
 
 } // namespace tolvex

@@ -11,4 +11,11 @@ bool somebody_sees_windows()
     return flags.dwFlags & WSF_VISIBLE;
 }
 
+void require_a_screen()
+{
+    if (somebody_sees_windows()) return;
+    throw Error(numbers::not_available,
+                u"Las ventanas de TOLVEX no se pueden mostrar: nadie ve las ventanas de este proceso");
+}
+
 } // namespace tolvex

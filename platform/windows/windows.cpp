@@ -4,6 +4,13 @@
 
 namespace tolvex {
 
+void stay_loaded()
+{
+    HMODULE pinned;
+    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
+                       reinterpret_cast<const wchar_t*>(this_module()), &pinned);
+}
+
 Text system_message(DWORD code)
 {
     wchar_t buffer[512];

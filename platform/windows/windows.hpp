@@ -10,11 +10,24 @@
 #include <concepts>
 #include <utility>
 
+#undef DocumentProperties // ours; the system's function is called by its whole name
+
 extern "C" IMAGE_DOS_HEADER __ImageBase; // where this module lies in memory
 
 namespace tolvex {
 
 inline HINSTANCE this_module() { return reinterpret_cast<HINSTANCE>(&__ImageBase); }
+
+// A host may let go of the component while its windows are open: from now on it stays for good.
+void stay_loaded();
+
+// A function of a system library that not every Windows has; null where it is missing.
+template <class Function>
+Function system_function(const wchar_t* library, const char* name)
+{
+    const FARPROC found = GetProcAddress(GetModuleHandleW(library), name);
+    return reinterpret_cast<Function>(reinterpret_cast<void*>(found));
+}
 
 inline const wchar_t* wide(const Text& text) { return reinterpret_cast<const wchar_t*>(text.c_str()); }
 inline wchar_t* wide(Text& text) { return reinterpret_cast<wchar_t*>(text.data()); }

@@ -4,18 +4,10 @@ namespace tolvex {
 
 namespace {
 
-// A function that not every Windows has; null where it is missing.
-template <class Function>
-Function user32_function(const char* name)
-{
-    const FARPROC found = GetProcAddress(GetModuleHandleW(L"user32"), name);
-    return reinterpret_cast<Function>(reinterpret_cast<void*>(found));
-}
-
 LOGFONTW message_font(int dots_per_inch)
 {
     using ForDpi = BOOL(WINAPI*)(UINT, UINT, void*, UINT, UINT);
-    static const auto for_dpi = user32_function<ForDpi>("SystemParametersInfoForDpi");
+    static const auto for_dpi = system_function<ForDpi>(L"user32", "SystemParametersInfoForDpi");
     NONCLIENTMETRICSW metrics{};
     metrics.cbSize = sizeof metrics;
     if (!for_dpi ||
@@ -29,7 +21,7 @@ LOGFONTW message_font(int dots_per_inch)
 int dots_per_inch(HWND window)
 {
     using ForWindow = UINT(WINAPI*)(HWND);
-    static const auto for_window = user32_function<ForWindow>("GetDpiForWindow");
+    static const auto for_window = system_function<ForWindow>(L"user32", "GetDpiForWindow");
     if (for_window) return static_cast<int>(for_window(window));
     const HDC screen = GetDC(nullptr);
     const int system = GetDeviceCaps(screen, LOGPIXELSY);

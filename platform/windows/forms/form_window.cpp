@@ -13,14 +13,6 @@ std::vector<std::shared_ptr<FormWindow>>& open_windows()
     return windows;
 }
 
-// A host may let go of the component while its windows are open.
-void stay_loaded()
-{
-    HMODULE pinned;
-    GetModuleHandleExW(GET_MODULE_HANDLE_EX_FLAG_FROM_ADDRESS | GET_MODULE_HANDLE_EX_FLAG_PIN,
-                       reinterpret_cast<const wchar_t*>(this_module()), &pinned);
-}
-
 } // namespace
 
 std::shared_ptr<FormWindow> FormWindow::open_modal(Form& form)
@@ -52,14 +44,6 @@ try {
     throw;
 }
 
-FormWindow* FormWindow::of(HWND window)
-{
-    const HWND root = GetAncestor(window, GA_ROOT);
-    for (const auto& open : open_windows())
-        if (root && open->handle_ == root) return open.get();
-    return nullptr;
-}
-
 void FormWindow::close_older(TextView name)
 {
     const auto windows = open_windows();
@@ -76,7 +60,7 @@ void FormWindow::close_older(TextView name)
 }
 
 FormWindow::FormWindow(Form& form, std::unique_ptr<Form> owned)
-    : owned_(std::move(owned)), form_(form), description_(form.description())
+    : owned_(std::move(owned)), form_(form), description_(form.description()), hook_(*this)
 {}
 
 FormWindow::~FormWindow() = default;

@@ -8,28 +8,25 @@
 
 namespace tolvex {
 
-class FormWindow : public FormView, public std::enable_shared_from_this<FormWindow>
+class FormWindow : public FormView, public KeyTaker, public std::enable_shared_from_this<FormWindow>
 {
 public:
     // Both make a window that is not shown yet, and load the form into it. Modal ones leave their destruction
     // to their loop.
     static std::shared_ptr<FormWindow> open_modal(Form& form);
     static std::shared_ptr<FormWindow> open(std::unique_ptr<Form> form);
-    // The open form that a window belongs to; null when it is none of ours.
-    static FormWindow* of(HWND window);
     // Closes the form of that name, if one is open without being modal.
     static void close_older(TextView name);
 
     FormWindow(Form& form, std::unique_ptr<Form> owned);
     ~FormWindow() override;
 
-    HWND handle() const { return handle_; }
+    HWND handle() const override { return handle_; }
     void show();
     void destroy();
     // It has to go, or is gone.
     bool is_closing() const { return closing_; }
-    // Whether the key means something to the form's windows; it has had its effect then.
-    bool takes_key(MSG& message);
+    bool takes_key(MSG& message) override;
 
     void set_caption(const Text& caption) override;
     Text text(TextView control) const override;

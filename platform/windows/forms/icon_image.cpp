@@ -1,25 +1,12 @@
 #include "platform/windows/forms/icon_image.hpp"
 
+#include "platform/windows/shapes.hpp"
+
 namespace tolvex {
 
 namespace {
 
-struct Point
-{
-    double x, y;
-};
-
-struct Color
-{
-    int red, green, blue;
-};
-
-// On a grid of 16 by 16; later shapes cover earlier ones.
-struct Shape
-{
-    Color color;
-    std::vector<Point> corners;
-};
+using shapes::Color, shapes::Shape;
 
 constexpr Color outline{86, 98, 112}, paper{255, 255, 255}, fold{205, 213, 222}, ruling{170, 182, 196},
     plus{34, 139, 58}, wood{246, 211, 160}, paint{240, 173, 35}, shade{214, 142, 16}, lead{60, 66, 74},
@@ -71,63 +58,8 @@ const std::vector<Shape> edit_record = {
 
 const std::vector<Shape>& shapes_of(Icon icon) { return icon == Icon::new_record ? new_record : edit_record; }
 
-bool contains(const Shape& shape, Point at)
-{
-    bool inside = false;
-    const std::vector<Point>& corners = shape.corners;
-    for (std::size_t i = 0, before = corners.size() - 1; i < corners.size(); before = i++) {
-        const Point &a = corners[i], &b = corners[before];
-        if ((a.y > at.y) != (b.y > at.y) && at.x < a.x + (b.x - a.x) * (at.y - a.y) / (b.y - a.y))
-            inside = !inside;
-    }
-    return inside;
-}
-
-const Shape* topmost(const std::vector<Shape>& shapes, Point at)
-{
-    const Shape* top = nullptr;
-    for (const Shape& shape : shapes)
-        if (contains(shape, at)) top = &shape;
-    return top;
-}
-
-// The mean of 8 by 8 points in a pixel, as alpha, red, green and blue.
-std::uint32_t pixel(const std::vector<Shape>& shapes, int x, int y, double grid_per_pixel)
-{
-    constexpr int side = 8;
-    int covered = 0, red = 0, green = 0, blue = 0;
-    for (int point = 0; point < side * side; ++point) {
-        const Shape* shape = topmost(shapes, {(x + (point % side + 0.5) / side) * grid_per_pixel,
-                                              (y + (point / side + 0.5) / side) * grid_per_pixel});
-        if (!shape) continue;
-        ++covered;
-        red += shape->color.red;
-        green += shape->color.green;
-        blue += shape->color.blue;
-    }
-    if (covered == 0) return 0;
-    const auto channel = [](int value, int shift) { return static_cast<std::uint32_t>(value) << shift; };
-    return channel(covered * 255 / (side * side), 24) | channel(red / covered, 16) |
-           channel(green / covered, 8) | channel(blue / covered, 0);
-}
-
 } // namespace
 
-HBITMAP draw_icon(Icon icon, int pixels)
-{
-    BITMAPINFO format{};
-    format.bmiHeader.biSize = sizeof format.bmiHeader;
-    format.bmiHeader.biWidth = pixels;
-    format.bmiHeader.biHeight = -pixels; // from top to bottom
-    format.bmiHeader.biPlanes = 1;
-    format.bmiHeader.biBitCount = 32;
-    void* bits = nullptr;
-    const HBITMAP bitmap = CreateDIBSection(nullptr, &format, DIB_RGB_COLORS, &bits, nullptr, 0);
-    if (!bitmap) return nullptr;
-    auto* next = static_cast<std::uint32_t*>(bits);
-    for (int y = 0; y < pixels; ++y)
-        for (int x = 0; x < pixels; ++x) *next++ = pixel(shapes_of(icon), x, y, 16.0 / pixels);
-    return bitmap;
-}
+HBITMAP draw_icon(Icon icon, int pixels) { return shapes::drawn(shapes_of(icon), pixels); }
 
 } // namespace tolvex

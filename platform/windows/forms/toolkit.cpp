@@ -7,13 +7,6 @@ namespace tolvex {
 
 namespace {
 
-void require_a_screen()
-{
-    if (somebody_sees_windows()) return;
-    throw Error(numbers::not_available,
-                u"Las ventanas de TOLVEX no se pueden mostrar: nadie ve las ventanas de este proceso");
-}
-
 class WindowsToolkit : public Toolkit
 {
 public:

@@ -1,25 +1,13 @@
 // Writes a page with a mark of every kind: as hoja.pdf, which pages_test.sh reads, and over a file in use.
 #include "platform/pages/pdf.hpp"
 
+#include "components.hpp"
 #include "core/errors.hpp"
 #include "platform/files.hpp"
 #include "support/sample_page.hpp"
 
-#include <gtest/gtest.h>
-
-#include <objbase.h>
-#include <windows.h>
-
 namespace tolvex::testing {
 namespace {
-
-// Pictures are decoded by a component of the system.
-class ComponentsOfTheSystem : public ::testing::Environment
-{
-    void SetUp() override { CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED); }
-    void TearDown() override { CoUninitialize(); }
-};
-const auto* const environment = ::testing::AddGlobalTestEnvironment(new ComponentsOfTheSystem);
 
 void write_sample(TextView path)
 {
