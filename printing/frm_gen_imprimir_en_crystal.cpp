@@ -10,8 +10,6 @@ namespace tolvex {
 
 namespace {
 
-pages::DocumentProperties properties(const printing::Layout& layout) { return {layout.name, layout.author}; }
-
 // The tables that data sets name directly, as those of one database.
 void locate_tables(printing::Layout& layout, const Text& database)
 {
@@ -104,7 +102,14 @@ void FrmGenImprimirEnCrystal::print(const printing::Layout& layout, std::int16_t
 {
     PageList list;
     compose(layout, list);
-    print_pages(list.pages, {layout.name, u"", copies});
+    print_pages(list.pages, {properties(layout).title, u"", copies});
+}
+
+// The title tells apart what is open or waits at the printer: the layout and the document that it is about.
+pages::DocumentProperties FrmGenImprimirEnCrystal::properties(const printing::Layout& layout) const
+{
+    const Text document = parameters_.empty() ? Text() : u" " + parameters_.front().value.text();
+    return {layout.name + document, layout.author};
 }
 
 FrmGenImprimirEnCrystal& printing_form()

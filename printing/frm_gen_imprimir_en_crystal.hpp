@@ -34,6 +34,7 @@ private:
     void compose(const printing::Layout& layout, pages::PageSink& sink);
     void show(const printing::Layout& layout);
     void print(const printing::Layout& layout, std::int16_t copies);
+    pages::DocumentProperties properties(const printing::Layout& layout) const;
 
     std::vector<printing::GivenValue> parameters_, auxiliary_;
 };

@@ -53,6 +53,8 @@ ViewerBar::ViewerBar(HWND viewer)
     add_button(ViewerCommand::find_previous, L"Buscar el anterior (Mayús+F3)");
     add_button(ViewerCommand::find_next, L"Buscar el siguiente (F3)");
     found_ = add_label(15, SS_LEFT);
+    SetWindowPos(buttons_, HWND_BOTTOM, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE); // below the boxes
 }
 
 ViewerBar::~ViewerBar()
@@ -101,7 +103,6 @@ void ViewerBar::add_room(HWND control, int characters, bool is_box)
 {
     rooms_.push_back(
         {control, static_cast<int>(SendMessageW(buttons_, TB_BUTTONCOUNT, 0, 0)), characters, is_box});
-    SetWindowPos(control, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
     add_gap();
 }
 
@@ -144,22 +145,24 @@ void ViewerBar::set_widths()
     }
     const LRESULT size = SendMessageW(buttons_, TB_GETBUTTONSIZE, 0, 0),
                   count = SendMessageW(buttons_, TB_BUTTONCOUNT, 0, 0);
-    height_ = HIWORD(size) + MulDiv(6, dots_per_inch_, 96);
+    edge_ = MulDiv(3, dots_per_inch_, 96);
+    height_ = HIWORD(size) + 2 * edge_;
     RECT last{};
     SendMessageW(buttons_, TB_GETITEMRECT, static_cast<WPARAM>(count - 1), reinterpret_cast<LPARAM>(&last));
-    least_width_ = last.right + MulDiv(4, dots_per_inch_, 96);
+    least_width_ = last.right + 2 * edge_;
 }
 
 void ViewerBar::place(int width)
 {
-    const int edge = MulDiv(3, dots_per_inch_, 96), box_height = font_->pixels_down(13);
-    SetWindowPos(buttons_, HWND_BOTTOM, 0, 0, width, height_, SWP_NOACTIVATE);
+    const int box_height = font_->pixels_down(8) + 2 * edge_;
+    MoveWindow(buttons_, edge_, edge_, width - edge_, height_ - edge_, TRUE);
     for (const Room& room : rooms_) {
         RECT place{};
         SendMessageW(buttons_, TB_GETITEMRECT, static_cast<WPARAM>(room.number),
                      reinterpret_cast<LPARAM>(&place));
+        OffsetRect(&place, edge_, edge_);
         const int height = room.is_box ? box_height : place.bottom - place.top;
-        const int top = (place.top + place.bottom - height) / 2, indent = room.is_box ? edge : 0;
+        const int top = (place.top + place.bottom - height) / 2, indent = room.is_box ? edge_ : 0;
         MoveWindow(room.control, place.left + indent, top, place.right - place.left - 2 * indent, height,
                    TRUE);
     }

@@ -63,7 +63,7 @@ private:
     std::vector<Room> rooms_;
     HWND page_box_, page_count_, zoom_, search_box_, found_;
     std::unique_ptr<FormFont> font_;
-    int dots_per_inch_ = 96, height_ = 0, least_width_ = 0;
+    int dots_per_inch_ = 96, edge_ = 0, height_ = 0, least_width_ = 0;
 };
 
 } // namespace tolvex

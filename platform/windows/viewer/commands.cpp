@@ -28,9 +28,7 @@ constexpr Shortcut everywhere[] = {{'P', control, print},
                                    {VK_F3, shift, find_previous},
                                    {VK_OEM_PLUS, control, zoom_in},
                                    {VK_OEM_PLUS, control | shift, zoom_in},
-                                   {VK_ADD, control, zoom_in},
                                    {VK_OEM_MINUS, control, zoom_out},
-                                   {VK_SUBTRACT, control, zoom_out},
                                    {'0', control, whole_page},
                                    {VK_NUMPAD0, control, whole_page},
                                    {'1', control, real_size},
@@ -52,6 +50,19 @@ constexpr Shortcut in_page_box[] = {{VK_RETURN, nothing, go_to_chosen_page}, {VK
 
 constexpr Shortcut in_search_box[] = {
     {VK_RETURN, nothing, find_next}, {VK_RETURN, shift, find_previous}, {VK_ESCAPE, nothing, leave_box}};
+
+// Layouts have + and - in different places, and not all of them under their own numbers.
+WPARAM by_its_sign(WPARAM key)
+{
+    switch (MapVirtualKeyW(static_cast<UINT>(key), MAPVK_VK_TO_CHAR)) {
+    case '+':
+        return VK_OEM_PLUS;
+    case '-':
+        return VK_OEM_MINUS;
+    default:
+        return key;
+    }
+}
 
 bool is_down(int key) { return GetKeyState(key) < 0; }
 
@@ -81,7 +92,7 @@ std::optional<ViewerCommand> look_up_there(ViewerFocus focus, WPARAM key)
 std::optional<ViewerCommand> command_of_key(WPARAM key, ViewerFocus focus)
 {
     if (is_down(VK_MENU)) return {};
-    const auto command = look_up(everywhere, key);
+    const auto command = look_up(everywhere, by_its_sign(key));
     return command ? command : look_up_there(focus, key);
 }
 

@@ -33,7 +33,7 @@ void register_class(WNDPROC procedure)
 } // namespace
 
 PageView::PageView(HWND viewer, const std::vector<pages::Page>& pages, std::function<void()> changed)
-    : pages_(pages), changed_(std::move(changed)), stack_(pages, 1, 0, 0)
+    : pages_(pages), changed_(std::move(changed)), stack_(pages, 1, gap_at_96, 0)
 {
     register_class(procedure);
     handle_ = CreateWindowExW(0, class_name, class_name,
@@ -149,6 +149,14 @@ void PageView::set_fit(Fit fit)
     if (fit == Fit::whole_page) go_to(page);
 }
 
+int PageView::width_of_real_size() const
+{
+    RECT outer{};
+    GetWindowRect(handle_, &outer);
+    const int scroll_bar = outer.right - outer.left - client_.cx;
+    return pages::PageStack(pages_, dots_per_inch_ / 72.0, pixels(gap_at_96), 0).width() + scroll_bar;
+}
+
 void PageView::zoom_by_step(int direction, POINT around)
 {
     constexpr double slack = 0.005; // a scale that fits the window may lie next to a step
@@ -188,7 +196,9 @@ PageView::Anchor PageView::anchor(POINT at) const
 {
     const std::size_t page = stack_.page_at(scrolled_.y + at.y);
     const POINT corner = corner_of(page);
-    return {page, (at.x - corner.x) / scale(), (at.y - corner.y) / scale(), at};
+    const LONG down = at.y - corner.y;
+    return {page, (at.x - corner.x) / scale(), std::max<LONG>(down, 0) / scale(),
+            static_cast<double>(std::min<LONG>(down, 0)) / pixels(gap_at_96), at};
 }
 
 void PageView::lay_out(const Anchor& anchor)
@@ -196,8 +206,8 @@ void PageView::lay_out(const Anchor& anchor)
     if (!fonts_ || fonts_->scale() != scale()) fonts_ = std::make_unique<GdiFonts>(scale());
     stack_ = pages::PageStack(pages_, scale(), pixels(gap_at_96), client_.cx);
     const pages::PixelBox& box = stack_.box(anchor.page);
-    scroll_to(box.left + whole(anchor.x * scale()) - anchor.at.x,
-              box.top + whole(anchor.y * scale()) - anchor.at.y);
+    const LONG down = whole(anchor.y * scale() + anchor.above * pixels(gap_at_96));
+    scroll_to(box.left + whole(anchor.x * scale()) - anchor.at.x, box.top + down - anchor.at.y);
     InvalidateRect(handle_, nullptr, FALSE);
 }
 

@@ -46,6 +46,8 @@ public:
     void scroll_lines(double across, double down);
     // By what is seen at once, less a line. Where a whole page is seen, by pages.
     void scroll_screens(int down);
+    // Of the window, for the pages in their real size.
+    int width_of_real_size() const;
     bool is_wider_than_window() const { return stack_.width() > client_.cx; }
     void turn_wheel(WPARAM keys_and_turn, POINT on_screen);
 
@@ -61,7 +63,8 @@ private:
     struct Anchor
     {
         std::size_t page;
-        double x, y; // points
+        double x, y;  // points
+        double above; // in the gap above the page: its part of the gap
         POINT at;
     };
 

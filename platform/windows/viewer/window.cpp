@@ -111,17 +111,19 @@ void ViewerWindow::create()
     SetFocus(view_->handle());
 }
 
-// As wide as the first page in its real size with the bar in sight, as high as there is room.
+// As wide as the pages in their real size with the bar in sight, as high as there is room.
 RECT ViewerWindow::opening_place() const
 {
     MONITORINFO monitor{};
     monitor.cbSize = sizeof monitor;
     GetMonitorInfoW(MonitorFromWindow(handle_, MONITOR_DEFAULTTOPRIMARY), &monitor);
     const RECT& room = monitor.rcWork;
-    const int resolution = dots_per_inch(handle_), margins = MulDiv(64, resolution, 96);
-    const LONG page_width = static_cast<LONG>(pages_.front().width * resolution / 72);
-    const LONG width =
-        std::min<LONG>(std::max<LONG>(page_width, bar_->least_width()) + margins, room.right - room.left);
+    RECT outer{}, inner{};
+    GetWindowRect(handle_, &outer);
+    GetClientRect(handle_, &inner);
+    const LONG frame = outer.right - outer.left - inner.right;
+    const LONG width = std::min<LONG>(std::max(view_->width_of_real_size(), bar_->least_width()) + frame,
+                                      room.right - room.left);
     const LONG height = (room.bottom - room.top) * 92 / 100;
     const LONG left = (room.left + room.right - width) / 2, top = (room.top + room.bottom - height) / 2;
     return {left, top, left + width, top + height};

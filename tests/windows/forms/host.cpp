@@ -6,50 +6,11 @@
 // Its own window counts the clicks that reach it. It ends when the last window of the component is closed and
 // says how many came.
 #include "../client.hpp"
+#include "../own_window.hpp"
 
 #include <cstdio>
-#include <cwchar>
 
 namespace {
-
-int clicks = 0;
-
-LRESULT CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM second)
-{
-    if (message == WM_LBUTTONDOWN) ++clicks;
-    return DefWindowProcW(window, message, first, second);
-}
-
-HWND open_own_window()
-{
-    WNDCLASSW kind{};
-    kind.lpfnWndProc = procedure;
-    kind.lpszClassName = L"anfitrion";
-    kind.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_WINDOW + 1);
-    RegisterClassW(&kind);
-    return CreateWindowExW(0, L"anfitrion", L"Anfitrión", WS_OVERLAPPEDWINDOW | WS_VISIBLE, 0, 850, 300, 150,
-                           nullptr, nullptr, nullptr, nullptr);
-}
-
-struct Others
-{
-    HWND own;
-    int count = 0;
-};
-
-BOOL CALLBACK count_other(HWND window, LPARAM parameter)
-{
-    auto& others = *reinterpret_cast<Others*>(parameter);
-    if (window != others.own && IsWindowVisible(window)) ++others.count;
-    return TRUE;
-}
-
-bool others_are_open(HWND own)
-{
-    Others others{own};
-    EnumThreadWindows(GetCurrentThreadId(), count_other, reinterpret_cast<LPARAM>(&others));
-    return others.count > 0;
-}
 
 Answer open_maintenance(const wchar_t* method, const wchar_t* database, const wchar_t* last)
 {
@@ -69,14 +30,10 @@ int wmain(int count, wchar_t** arguments)
 {
     if (count < 3) return 2;
     const Apartment apartment;
-    const HWND own = open_own_window();
+    const HWND own = own_window::open();
     const Answer opened = open_maintenance(arguments[1], arguments[2], count > 3 ? arguments[3] : L"");
     if (FAILED(opened.outcome)) return 1;
-    MSG message;
-    while (others_are_open(own) && GetMessageW(&message, nullptr, 0, 0) > 0) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
-    std::printf("clics: %d\n", clicks);
+    own_window::run_messages(own);
+    std::printf("clics: %d\n", own_window::clicks);
     return 0;
 }

@@ -9,21 +9,6 @@ here=$(dirname "$(readlink -f "$0")")
 . "$here/printers.sh"
 bits=$1 program=$2
 
-# draw FILE NAME: NAME-1.png, NAME-2.png, …, one for each page, upright.
-draw() { gs -q -dSAFER -dBATCH -dNOPAUSE -sDEVICE=png16m -r100 -dTextAlphaBits=4 -dGraphicsAlphaBits=4 -sOutputFile="$2-%d.png" "$1"; }
-
-# Both pictures show the same in the same places: nowhere do they differ by more than the edge of a letter. Shifted by
-# three pixels they do (0.33).
-look_alike() {
-    local difference
-    difference=$(compare -metric PAE <(convert "$1" -blur 0x4 png:-) <(convert "$2" -blur 0x4 png:-) null: 2>&1) || true
-    difference=${difference##*(}
-    echo "$1: difieren en ${difference%)} cuando más"
-    awk -v difference="${difference%)}" 'BEGIN { exit !(difference != "" && difference < 0.2) }'
-}
-
-asks_for() { LC_ALL=C grep -qaP "$2" "$(request_of "$1")"; }
-
 start_spooler
 add_printer Caja
 add_printer Mostrador
