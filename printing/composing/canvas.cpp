@@ -80,15 +80,14 @@ std::shared_ptr<const pages::Picture> Canvas::picture(const Image& image, const 
                pages::open_picture(is_embedded ? embedded_bytes(layout, name) : file_bytes(layout, name)));
 }
 
-bool Canvas::is_duplicate(const ReportItem& item, const Scope* within, const Variant& value)
+bool Canvas::is_duplicate(const ReportItem& item, const Scope* within, const Variant& value, double y)
 {
-    const auto begin = within ? within->begin : 0;
-    auto& [last_begin, last_value] =
-        last_values_.try_emplace(&item, begin, Variant(Variant::List())).first->second;
-    if (last_begin == begin && last_value == value) return true;
     if (strip_->is_rehearsal()) return false;
-    last_begin = begin;
-    last_value = value;
+    const std::uint32_t first_row = within && !within->empty() ? (*within->order)[within->begin] : 0;
+    Shown shown{strip_->page_of(y), first_row, value};
+    const auto known = last_shown_.find(&item);
+    if (known != last_shown_.end() && known->second == shown) return true;
+    last_shown_[&item] = std::move(shown);
     return false;
 }
 
