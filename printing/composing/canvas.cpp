@@ -23,6 +23,13 @@ bool is_literal(const Style& style)
            style.vertical_align.is_literal() && style.writing_mode.is_literal();
 }
 
+bool has_literal_text(const Style& style)
+{
+    return style.color.is_literal() && style.font_family.is_literal() && style.font_size.is_literal() &&
+           style.font_weight.is_literal() && style.font_style.is_literal() && style.decoration.is_literal() &&
+           style.format.is_literal() && style.language.is_literal();
+}
+
 const EmbeddedImage* embedded(const Layout& layout, TextView name)
 {
     for (const auto& [known, image] : layout.images)
@@ -61,6 +68,14 @@ const Look& Canvas::look(const ReportItem& item, const ScopeEnvironment& here)
     if (is_literal(item.style))
         return literal_looks_.emplace(&item, look_of(item.style, here, item.place)).first->second;
     return computed_look_ = look_of(item.style, here, item.place);
+}
+
+const TextLook* Canvas::literal_text_look(const Style& style, const ScopeEnvironment& here,
+                                          const Place& place)
+{
+    const auto [known, is_new] = literal_text_looks_.try_emplace(&style);
+    if (is_new && has_literal_text(style)) known->second = text_look_of(style, here, place);
+    return known->second ? &*known->second : nullptr;
 }
 
 std::shared_ptr<const pages::Picture> Canvas::picture(const Image& image, const ScopeEnvironment& here)

@@ -36,6 +36,8 @@ public:
 
     const Arrangement& arrangement(const std::vector<ReportItem>& items);
     const Look& look(const ReportItem& item, const ScopeEnvironment& here);
+    // The look of text whose style has no expression; null when it has one.
+    const TextLook* literal_text_look(const Style& style, const ScopeEnvironment& here, const Place& place);
     // Throws Error when it cannot be had or is no picture.
     std::shared_ptr<const pages::Picture> picture(const Image& image, const ScopeEnvironment& here);
 
@@ -75,6 +77,7 @@ private:
     std::set<Text> read_items_;
     std::unordered_map<const void*, Arrangement> arrangements_;
     std::unordered_map<const ReportItem*, Look> literal_looks_;
+    std::unordered_map<const Style*, std::optional<TextLook>> literal_text_looks_;
     Look computed_look_;
     std::unordered_map<Text, std::shared_ptr<const pages::Picture>> pictures_;
     struct Shown

@@ -35,8 +35,10 @@ LaidRow LaidRows::take(int i)
 
 std::span<const HeaderInstance> LaidRows::headers_from(int i) const
 {
-    const auto range = std::ranges::equal_range(plan_.row_headers(), i, {}, &HeaderInstance::first);
-    return {range.begin(), range.end()};
+    const auto& all = plan_.row_headers();
+    const auto begins_above = [](const HeaderInstance& header, int row) { return header.first < row; };
+    const auto first = std::lower_bound(all.begin(), all.end(), i, begins_above);
+    return {first, std::lower_bound(first, all.end(), i + 1, begins_above)};
 }
 
 double LaidRows::wanted_height(int i)

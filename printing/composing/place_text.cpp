@@ -61,7 +61,8 @@ class TextLayer
 {
 public:
     TextLayer(Canvas& canvas, const ReportItem& item, const Scope* scope)
-        : here_(canvas.environment(scope)), item_(item), laid_(&item, scope, canvas.look(item, here_))
+        : canvas_(canvas), here_(canvas.environment(scope)), item_(item),
+          laid_(&item, scope, canvas.look(item, here_))
     {}
 
     LaidText laid_in(const Box& box) &&
@@ -74,7 +75,7 @@ public:
 
     LaidText words_in(const Box& box, const Text& words) &&
     {
-        const TextLook& look = laid_.text_looks.emplace_back(text_look_of(item_.style, here_, item_.place));
+        const TextLook& look = text_look(item_.style);
         ParagraphText paragraph;
         paragraph.spans.push_back({as_lines(words), &look, {}});
         paragraph.horizontal = horizontal_of(item_.style, here_, item_.place);
@@ -98,13 +99,15 @@ private:
         ParagraphText text;
         number_ = paragraph.list == Paragraph::List::numbered ? number_ + 1 : 0;
         Horizontal horizontal = horizontal_of(paragraph.style, here_, item_.place);
+        const Text mark = bullet(paragraph, number_);
         Variant value;
         for (const TextRun& run : paragraph.runs) {
-            const TextLook& look = laid_.text_looks.emplace_back(text_look_of(run.style, here_, item_.place));
+            const TextLook& look = text_look(run.style);
             RunText shown = run_text(run, look, here_, item_.place);
             if (&run == &paragraph.runs.front()) {
                 value = shown.value;
-                shown.text = bullet(paragraph, number_) + shown.text;
+                shown.text.insert(0, mark);
+                text.hanging_indent = pages::text_width(look.font, mark);
             }
             text.spans.push_back(
                 {std::move(shown.text), &look, property(run.action.hyperlink, here_, item_.place)});
@@ -112,15 +115,23 @@ private:
         if (first_) laid_.value = value;
         first_ = false;
         text.horizontal = resolved(horizontal, value);
-        const auto indent = [&](const Expression& each) { return length_property(each, here_, item_.place); };
-        text.left_indent = indent(paragraph.left_indent) + 18 * paragraph.list_level;
-        text.right_indent = indent(paragraph.right_indent);
-        text.hanging_indent = indent(paragraph.hanging_indent);
-        text.space_before = indent(paragraph.space_before);
-        text.space_after = indent(paragraph.space_after);
+        const auto length = [&](const Expression& each) { return length_property(each, here_, item_.place); };
+        text.left_indent = length(paragraph.left_indent) + 18 * paragraph.list_level;
+        text.right_indent = length(paragraph.right_indent);
+        text.hanging_indent += length(paragraph.hanging_indent);
+        text.line_height = length(paragraph.style.line_height);
+        text.space_before = length(paragraph.space_before);
+        text.space_after = length(paragraph.space_after);
         return text;
     }
 
+    const TextLook& text_look(const Style& style)
+    {
+        if (const TextLook* known = canvas_.literal_text_look(style, here_, item_.place)) return *known;
+        return laid_.text_looks.emplace_back(text_look_of(style, here_, item_.place));
+    }
+
+    Canvas& canvas_;
     ScopeEnvironment here_;
     const ReportItem& item_;
     LaidText laid_;

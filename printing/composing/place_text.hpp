@@ -4,6 +4,8 @@
 #include "printing/composing/place.hpp"
 #include "printing/composing/text_block.hpp"
 
+#include <list>
+
 namespace tolvex::printing {
 
 // A text box whose text is broken into lines; its height is what they need.
@@ -12,7 +14,7 @@ struct LaidText
     const ReportItem* item = nullptr;
     const Scope* scope = nullptr;
     Look look;
-    std::deque<TextLook> text_looks;
+    std::list<TextLook> text_looks; // those that expressions make
     std::vector<TextLine> lines;
     Variant value; // of the first run
     double height = 0;
