@@ -23,8 +23,8 @@ Text report_pdf_path(const Session& session, TextView folio);
 // What its pages say of themselves.
 pages::DocumentProperties report_properties(const ReportedDocument& document);
 
-// Writes the PDF file whole or not at all; gives what could not be shown as the layout wants it. Throws Error as
-// printing::compose and pages::PdfFile do.
+// Writes the PDF file whole or not at all; gives what could not be shown as the layout wants it. Throws Error
+// as printing::compose and pages::PdfFile do.
 std::vector<printing::Remark> export_document(const printing::Layout& layout, Connection& connection,
                                               const ReportedDocument& document, const Text& path);
 

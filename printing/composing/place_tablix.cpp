@@ -138,8 +138,8 @@ private:
         return bottom;
     }
 
-    // What stands in the cells of a row that goes on over pages tells where the row ends; its texts come last,
-    // and their frames when that is known.
+    // What stands in the cells of a row that goes on over pages tells where the row ends; its texts come
+    // last, and their frames when that is known.
     double place_flowing(LaidRow& row, double y)
     {
         const bool alone = setting_.alone && row.cells.size() == 1 && headers_.empty();

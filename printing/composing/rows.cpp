@@ -81,8 +81,8 @@ Keys sorting_keys(const std::vector<Sorting>& sorting, const Environment& here)
     return keys;
 }
 
-// Which of so many values "the n highest" (or lowest, or percent) names, in their order; those that tie with the
-// last are among them.
+// Which of so many values "the n highest" (or lowest, or percent) names, in their order; those that tie with
+// the last are among them.
 std::vector<std::uint32_t> ranked(const Filter& filter, double n, const std::vector<Variant>& values)
 {
     const double wanted =

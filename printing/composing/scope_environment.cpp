@@ -55,8 +55,8 @@ bool is_around(const Scope* inner, const Scope& scope)
     return inner;
 }
 
-// The rows from the beginning of a scope to the end of one within it. Each data region between them has an order of
-// its own: before its own rows come those before the instance that it stands in.
+// The rows from the beginning of a scope to the end of one within it. Each data region between them has an
+// order of its own: before its own rows come those before the instance that it stands in.
 std::vector<Scope> rows_up_to_here(const Scope& here, const Scope& scope)
 {
     std::vector<Scope> parts;

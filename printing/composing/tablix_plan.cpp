@@ -169,7 +169,8 @@ void TablixPlan::expand_row_groups(const TablixMember& member, const Branch& bra
     }
 }
 
-// A group that begins a page takes the header rows above it along, one that ends a page the footer rows below.
+// A group that begins a page takes the header rows above it along, one that ends a page the footer rows
+// below.
 void TablixPlan::move_new_pages()
 {
     const auto move = [this](std::size_t from, std::size_t to) {

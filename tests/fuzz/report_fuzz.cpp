@@ -1,4 +1,5 @@
-// Any bytes may be handed over as a report layout: composed over a few rows and painted they give pages, or a message.
+// Any bytes may be handed over as a report layout: composed over a few rows and painted they give pages, or a
+// message.
 #include "core/errors.hpp"
 #include "platform/pages/pdf.hpp"
 #include "printing/composing/composer.hpp"
