@@ -17,7 +17,7 @@ TEST(Resampling, an_even_area_stays_as_it_is)
 {
     std::string even;
     for (int i = 0; i < 7 * 5; ++i) even += pixel(200, 100, 50, 255);
-    for (const auto [width, height] : {std::pair(3, 2), {1, 1}, {20, 31}, {7, 9}}) {
+    for (const auto& [width, height] : {std::pair(3, 2), {1, 1}, {20, 31}, {7, 9}}) {
         const Pixels made = resampled({7, 5, even}, width, height);
         ASSERT_EQ(made.rgba.size(), std::size_t{4} * width * height);
         for (std::size_t i = 0; i < made.rgba.size(); i += 4)
