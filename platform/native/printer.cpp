@@ -58,17 +58,29 @@ Error last_printer_error(TextView printer)
     return printer_error(Text(printer) + u": " + to_text(cupsLastErrorString()));
 }
 
+bool is_address(TextView printer) { return printer.find(u"://") != TextView::npos; }
+
 // By its name or address; the default one without.
 Destination find_printer(const Text& wanted)
 {
     const std::string name = to_utf8(wanted);
-    const bool is_address = name.find("://") != std::string::npos;
-    Destination found(
-        is_address ? cupsGetDestWithURI(nullptr, name.c_str())
-                   : cupsGetNamedDest(CUPS_HTTP_DEFAULT, name.empty() ? nullptr : name.c_str(), nullptr));
+    Destination found(is_address(wanted) ? cupsGetDestWithURI(nullptr, name.c_str())
+                                         : cupsGetNamedDest(CUPS_HTTP_DEFAULT,
+                                                            name.empty() ? nullptr : name.c_str(), nullptr));
     if (found) return found;
     if (!name.empty()) throw printer_error(wanted + u": no hay una impresora con ese nombre");
     throw printer_error(u"no hay una impresora predeterminada; elija una con «lpadmin -d IMPRESORA»");
+}
+
+// With the printer of an address itself; for a queue none, which stands for the spooler of this machine.
+HttpConnection connect(cups_dest_t& printer, TextView wanted)
+{
+    constexpr int patience = 30'000; // milliseconds
+    if (!is_address(wanted)) return nullptr;
+    HttpConnection made(
+        cupsConnectDest(&printer, CUPS_DEST_FLAGS_DEVICE, patience, nullptr, nullptr, 0, nullptr, nullptr));
+    if (!made) throw last_printer_error(wanted);
+    return made;
 }
 
 // A printer that has been reached.
@@ -77,9 +89,8 @@ class Printer
 public:
     explicit Printer(const Text& wanted)
         : destination_(find_printer(wanted)), name_(to_text(destination_->name)),
-          connection_(cupsConnectDest(destination_.get(), CUPS_DEST_FLAGS_NONE, patience, nullptr, nullptr, 0,
-                                      nullptr, nullptr)),
-          info_(connection_ ? cupsCopyDestInfo(connection_.get(), destination_.get()) : nullptr)
+          connection_(connect(*destination_, wanted)),
+          info_(cupsCopyDestInfo(connection_.get(), destination_.get()))
     {
         if (!info_) throw last_printer_error(name_);
     }
@@ -99,8 +110,6 @@ public:
     }
 
 private:
-    static constexpr int patience = 30'000; // milliseconds
-
     void send(int job, const std::string& pdf, const std::string& title) const
     {
         check(cupsStartDestDocument(connection_.get(), destination_.get(), info_.get(), job, title.c_str(),

@@ -70,7 +70,8 @@ void wait_until(const char* what, const std::function<bool()>& holds)
 // Announcing itself on the network takes the printer a message bus, on which nobody need answer.
 constexpr auto bus_settings =
     "<busconfig><type>session</type><listen>unix:path=bus</listen>"
-    "<policy context='default'><allow send_destination='*'/><allow own='*'/></policy>"
+    "<policy context='default'><allow send_destination='*'/><allow eavesdrop='true'/>"
+    "<allow own='*'/></policy>"
     "</busconfig>";
 
 // Runs for each document: its number, title, copies and bytes come to the folder.
@@ -104,7 +105,7 @@ IppPrinter::IppPrinter(const std::string& format) : port_(free_port())
     write_file(folder / "keep", keeper);
     std::filesystem::permissions(folder / "keep", std::filesystem::perms::owner_all);
     const std::string there = "env --chdir=" + quoted(folder), bus = folder / "bus";
-    bus_ = std::make_unique<Program>(there + " dbus-daemon --nofork --config-file=bus.conf");
+    bus_ = std::make_unique<Program>(there + " dbus-daemon --nofork --config-file=bus.conf 2>/dev/null");
     wait_until("dbus-daemon does not start: is it installed?", [&] { return std::filesystem::exists(bus); });
     printer_ =
         std::make_unique<Program>(there + " DBUS_SYSTEM_BUS_ADDRESS=unix:path=" + quoted(bus) +

@@ -59,7 +59,8 @@ void ViewerWindow::commanded(int number, int code)
     if (number == ViewerBar::search_box_number && code == EN_CHANGE && view_)
         view_->find(bar_->wanted_words());
     if (number == ViewerBar::page_box_number && code == EN_KILLFOCUS && view_) bar_->show_state_of(*view_);
-    if (number <= static_cast<int>(ViewerCommand::find_next) && code == BN_CLICKED)
+    if (code == BN_CLICKED && number >= static_cast<int>(ViewerCommand::print) &&
+        number <= static_cast<int>(ViewerCommand::close))
         post(static_cast<ViewerCommand>(number));
 }
 

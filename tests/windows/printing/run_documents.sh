@@ -28,7 +28,7 @@ print_documents con_impresora
 expect "dos trabajos" test "$(number_of_jobs)" = 2
 expect "si no se dice, una copia" asks_for 1 'copies\x00\x04\x00\x00\x00\x01'
 expect "con el nombre del documento" asks_for 1 'job-name..factura 4'
-expect "dos copias" asks_for 2 'copies\x00\x04\x00\x00\x00\x02'
+expect "dos copias de dos páginas, una tras otra" grep -qa '^%%Pages: 4' "$(document_of 2)"
 draw "$(document_of 1)" papel
 draw con_impresora/FacturaElec_4.pdf pdf
 expect "las mismas páginas" diff <(ls papel-*.png | sed s/papel/pdf/) <(ls pdf-*.png)
