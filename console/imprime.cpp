@@ -68,7 +68,7 @@ public:
         if (in_viewer_)
             show_pages(std::move(list.pages), report_properties(document));
         else
-            print_pages(list.pages, {properties(document).title, to_text(printer_), copies_});
+            print_pages(list.pages, {report_properties(document).title, to_text(printer_), copies_});
         return 0;
     }
 
