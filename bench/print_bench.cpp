@@ -1,6 +1,6 @@
-// What printing costs, by lines per document: the layout that comes with the program composed into pages and written
-// as a PDF file, on a warm process; the query's share is measured apart. Each size runs in a process of its own, so
-// that its peak memory is its own.
+// What printing costs, by lines per document: the layout that comes with the program composed into pages and
+// written as a PDF file, on a warm process; the query's share is measured apart. Each size runs in a process
+// of its own, so that its peak memory is its own.
 #include "core/numbers.hpp"
 #include "platform/clock.hpp"
 #include "platform/pages/pdf.hpp"

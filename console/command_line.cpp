@@ -15,6 +15,7 @@ constexpr auto description =
     "  tolvex demo --carpeta prueba            una empresa de prueba con sus documentos\n"
     "  tolvex emite ventas.txt --bd tienda.db  emite los documentos de un archivo plano\n"
     "  tolvex folio 1                          siguiente folio del rango 1\n"
+    "  tolvex imprime 15 --empresa 1 --pdf       el documento en PDF\n"
     "  tolvex cancela 15 --empresa 1 --sucursal 1";
 
 constexpr auto connection_notes =
@@ -125,7 +126,7 @@ void Options::flag_or_value(const char* name, bool& given, std::string& value, c
         if (!results.empty()) value = results.front();
         return true;
     };
-    app_.add_option(name, take, help)->expected(0, 1);
+    app_.add_option(name, take, help)->expected(0, 1)->type_name("[ARCHIVO]");
 }
 
 void Options::flag(const char* name, bool& value, const char* help) { app_.add_flag(name, value, help); }

@@ -5,7 +5,6 @@
 #include "database/literal.hpp"
 #include "platform/clock.hpp"
 #include "platform/files.hpp"
-#include "platform/pages/pdf.hpp"
 #include "platform/pages/printer.hpp"
 #include "platform/pages/viewer.hpp"
 #include "printing/default_layout.hpp"
@@ -64,26 +63,19 @@ public:
                         decimal(document.company));
         if (as_pdf_) return export_pdf(layout, document);
         PageList list;
-        compose(layout, document, list);
+        tell(printing::compose(layout, report_parameters(document), shared_connection(session()), local_now(),
+                               list));
         if (in_viewer_)
-            show_pages(std::move(list.pages), properties(document));
+            show_pages(std::move(list.pages), report_properties(document));
         else
-            print_pages(list.pages, {properties(document).title, to_text(printer_), copies_});
+            print_pages(list.pages, {report_properties(document).title, to_text(printer_), copies_});
         return 0;
     }
 
 private:
-    static pages::DocumentProperties properties(const ReportedDocument& document)
+    static void tell(const std::vector<printing::Remark>& remarks)
     {
-        return {u"Documento " + document.folio, u""};
-    }
-
-    static void compose(const printing::Layout& layout, const ReportedDocument& document,
-                        pages::PageSink& sink)
-    {
-        for (const printing::Remark& remark : printing::compose(
-                 layout, report_parameters(document), shared_connection(session()), local_now(), sink))
-            say_warning(printing::in_words(remark));
+        for (const printing::Remark& remark : remarks) say_warning(printing::in_words(remark));
     }
 
     int export_pdf(const printing::Layout& layout, const ReportedDocument& document)
@@ -91,9 +83,7 @@ private:
         if (pdf_.empty()) session().gRutaDeArchivos = documents_folder(document);
         const Text path =
             pdf_.empty() ? report_pdf_path(session(), document.folio) : files::absolute_path(to_text(pdf_));
-        pages::PdfFile file(path, properties(document));
-        compose(layout, document, file);
-        file.finish();
+        tell(export_document(layout, shared_connection(session()), document, path));
         print_line(files::native_path(path));
         return 0;
     }

@@ -20,6 +20,14 @@ std::vector<printing::GivenValue> report_parameters(const ReportedDocument& docu
 // Its PDF file in the working folder of the session.
 Text report_pdf_path(const Session& session, TextView folio);
 
+// What its pages say of themselves.
+pages::DocumentProperties report_properties(const ReportedDocument& document);
+
+// Writes the PDF file whole or not at all; gives what could not be shown as the layout wants it. Throws Error
+// as printing::compose and pages::PdfFile do.
+std::vector<printing::Remark> export_document(const printing::Layout& layout, Connection& connection,
+                                              const ReportedDocument& document, const Text& path);
+
 // Collects pages for those that take all of them at once.
 class PageList : public pages::PageSink
 {

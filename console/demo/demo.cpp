@@ -15,8 +15,12 @@
 #include "platform/batch_runner.hpp"
 #include "platform/clock.hpp"
 #include "platform/files.hpp"
+#include "printing/default_layout.hpp"
+#include "printing/document_report.hpp"
 #include "schema/sample_addenda.hpp"
 #include "schema/schema.hpp"
+
+#include <set>
 
 namespace tolvex::console {
 
@@ -54,6 +58,7 @@ private:
     void issue(const DemoFile& file);
     void verify_seal(const IssuedDocument& document, const Text& kind);
     void look_up_and_cancel();
+    void print_documents();
     void openssl(const std::vector<Text>& commands);
 
     Text filled_in(const char* text) const;
@@ -72,12 +77,15 @@ void Demo::run()
     register_master_data();
     for (const DemoFile& file : demo_files) issue(file);
     look_up_and_cancel();
+    print_documents();
     disconnect();
     print_line(u"\nTodo está en " + folder_ + u":");
     print_line(u"  base de datos     " + to_text(place_.database) + u" (empresa " + decimal(company_) +
                u", sucursal " + decimal(branch_) + u", rangos de folios " + decimal(invoices_) + u" y " +
                decimal(credit_notes_) + u")");
     print_line(u"  Facturas/         los documentos XML");
+    print_line(
+        u"  FacturaElec_*.pdf los documentos impresos; con otro formato: tolvex imprime FOLIO --reporte FORMATO");
     print_line(
         u"  certificado.cer   el certificado; pkey.key.pem es su llave y llave.key la misma con contraseña " +
         Text(key_password));
@@ -203,6 +211,20 @@ void Demo::look_up_and_cancel()
     if (!cancel_document(session(), {first.folio, company_, branch_}, local_now(), false))
         throw invalid_call(last_error());
     print_line(u"Cancelada la factura " + first.series + first.folio);
+}
+
+// An invoice and a credit note of one folio share a file, each on its own pages.
+void Demo::print_documents()
+{
+    const printing::Layout layout = printing::parse_layout(layouts::factura);
+    session().gRutaDeArchivos = folder_;
+    std::set<Text> folios;
+    for (const IssuedDocument& document : issued_) folios.insert(document.folio);
+    for (const Text& folio : folios) {
+        const Text file = report_pdf_path(session(), folio);
+        export_document(layout, shared_connection(session()), {folio, company_}, file);
+        print_line(u"Impresa en PDF: " + files::native_path(file));
+    }
 }
 
 class DemoCommand : public Command

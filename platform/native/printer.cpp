@@ -1,5 +1,5 @@
-// Printers by CUPS, which takes the pages as a PDF file: the queues of this machine, and any printer that speaks IPP by
-// its address (ipp://caja.local/ipp/print).
+// Printers by CUPS, which takes the pages as a PDF file: the queues of this machine, and any printer that
+// speaks IPP by its address (ipp://caja.local/ipp/print).
 #include "platform/pages/printer.hpp"
 
 #include "core/errors.hpp"

@@ -29,6 +29,7 @@ bool open_with_desktop(std::string path)
 
 } // namespace
 
+// NOLINTNEXTLINE(performance-unnecessary-value-param): a viewer that is a window keeps the pages
 void show_pages(std::vector<pages::Page> pages, const pages::DocumentProperties& properties)
 {
     TemporaryPdf pdf(pages, properties);

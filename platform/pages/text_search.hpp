@@ -1,5 +1,5 @@
-// Finding words on pages, as a reader looks for them: whatever their case and accents, and also where they go on
-// in another line or on the next page.
+// Finding words on pages, as a reader looks for them: whatever their case and accents, and also where they go
+// on in another line or on the next page.
 #pragma once
 
 #include "platform/pages/page.hpp"
@@ -22,8 +22,8 @@ class TextSearch
 public:
     explicit TextSearch(const std::vector<Page>& pages);
 
-    // All of them, in the order of the pages. A blank stands for any blanks and ends of lines; within a word a line
-    // may end too, as long seals do.
+    // All of them, in the order of the pages. A blank stands for any blanks and ends of lines; within a word
+    // a line may end too, as long seals do.
     std::vector<Found> find(TextView words) const;
 
 private:

@@ -24,7 +24,8 @@ struct Shape
     std::vector<Point> corners;
 };
 
-// A square bitmap with transparency, soft at its edges; later shapes cover earlier ones. The caller deletes it.
+// A square bitmap with transparency, soft at its edges; later shapes cover earlier ones. The caller deletes
+// it.
 HBITMAP drawn(const std::vector<Shape>& shapes, int pixels);
 
 } // namespace tolvex::shapes

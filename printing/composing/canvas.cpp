@@ -23,6 +23,13 @@ bool is_literal(const Style& style)
            style.vertical_align.is_literal() && style.writing_mode.is_literal();
 }
 
+bool has_literal_text(const Style& style)
+{
+    return style.color.is_literal() && style.font_family.is_literal() && style.font_size.is_literal() &&
+           style.font_weight.is_literal() && style.font_style.is_literal() && style.decoration.is_literal() &&
+           style.format.is_literal() && style.language.is_literal();
+}
+
 const EmbeddedImage* embedded(const Layout& layout, TextView name)
 {
     for (const auto& [known, image] : layout.images)
@@ -63,6 +70,14 @@ const Look& Canvas::look(const ReportItem& item, const ScopeEnvironment& here)
     return computed_look_ = look_of(item.style, here, item.place);
 }
 
+const TextLook* Canvas::literal_text_look(const Style& style, const ScopeEnvironment& here,
+                                          const Place& place)
+{
+    const auto [known, is_new] = literal_text_looks_.try_emplace(&style);
+    if (is_new && has_literal_text(style)) known->second = text_look_of(style, here, place);
+    return known->second ? &*known->second : nullptr;
+}
+
 std::shared_ptr<const pages::Picture> Canvas::picture(const Image& image, const ScopeEnvironment& here)
 {
     const Variant value = image.value.evaluate(here);
@@ -80,15 +95,14 @@ std::shared_ptr<const pages::Picture> Canvas::picture(const Image& image, const 
                pages::open_picture(is_embedded ? embedded_bytes(layout, name) : file_bytes(layout, name)));
 }
 
-bool Canvas::is_duplicate(const ReportItem& item, const Scope* within, const Variant& value)
+bool Canvas::is_duplicate(const ReportItem& item, const Scope* within, const Variant& value, double y)
 {
-    const auto begin = within ? within->begin : 0;
-    auto& [last_begin, last_value] =
-        last_values_.try_emplace(&item, begin, Variant(Variant::List())).first->second;
-    if (last_begin == begin && last_value == value) return true;
     if (strip_->is_rehearsal()) return false;
-    last_begin = begin;
-    last_value = value;
+    const std::uint32_t first_row = within && !within->empty() ? (*within->order)[within->begin] : 0;
+    Shown shown{strip_->page_of(y), first_row, value};
+    const auto known = last_shown_.find(&item);
+    if (known != last_shown_.end() && known->second == shown) return true;
+    last_shown_[&item] = std::move(shown);
     return false;
 }
 

@@ -36,11 +36,13 @@ public:
 
     const Arrangement& arrangement(const std::vector<ReportItem>& items);
     const Look& look(const ReportItem& item, const ScopeEnvironment& here);
+    // The look of text whose style has no expression; null when it has one.
+    const TextLook* literal_text_look(const Style& style, const ScopeEnvironment& here, const Place& place);
     // Throws Error when it cannot be had or is no picture.
     std::shared_ptr<const pages::Picture> picture(const Image& image, const ScopeEnvironment& here);
 
-    // True when the same text box had the same value just before within that scope.
-    bool is_duplicate(const ReportItem& item, const Scope* within, const Variant& value);
+    // True when the same text box had the same value just before, on the page of y and within that scope.
+    bool is_duplicate(const ReportItem& item, const Scope* within, const Variant& value, double y);
     bool is_read_by_page_sections(const ReportItem& item) const
     {
         return read_items_.contains(lower_case(item.name));
@@ -75,9 +77,18 @@ private:
     std::set<Text> read_items_;
     std::unordered_map<const void*, Arrangement> arrangements_;
     std::unordered_map<const ReportItem*, Look> literal_looks_;
+    std::unordered_map<const Style*, std::optional<TextLook>> literal_text_looks_;
     Look computed_look_;
     std::unordered_map<Text, std::shared_ptr<const pages::Picture>> pictures_;
-    std::unordered_map<const ReportItem*, std::pair<std::uint32_t, Variant>> last_values_;
+    struct Shown
+    {
+        std::size_t page = 0;
+        std::uint32_t scope = 0; // its first row
+        Variant value;
+
+        friend bool operator==(const Shown&, const Shown&) = default;
+    };
+    std::unordered_map<const ReportItem*, Shown> last_shown_;
 };
 
 } // namespace tolvex::printing

@@ -7,14 +7,14 @@ namespace tolvex::printing {
 
 namespace {
 
-constexpr std::size_t kept_drafts = 100; // pages that are kept until their number is known
+constexpr std::size_t kept_sheets = 100; // that wait until it is known how many there are
 
-// Places the body; its drafts come in order.
-void place_body(const Report& report, const Strip::Take& take)
+// Places the body; its sheets come in order.
+void place_body(const Report& report, const PageRoom& room, const SheetMaker::Take& take)
 {
     const Layout& layout = report.layout();
-    const PageRoom room(report);
-    Strip strip(room.height, take);
+    SheetMaker sheets(room, take);
+    Strip strip(room.height, [&sheets](Draft draft) { sheets.take(std::move(draft)); });
     Canvas canvas(report, strip);
     canvas.set_read_items(items_read_by_sections(layout));
     const Look look = look_of(layout.body_style, canvas.environment(report.outermost()), {});
@@ -24,58 +24,36 @@ void place_body(const Report& report, const Strip::Take& take)
     if (look.background) strip.put_behind({0, 0}, {box, *look.background});
     put_borders(canvas, look, box);
     strip.complete();
+    sheets.finish();
 }
 
-// Counts drafts as Paging numbers their pages.
-class RunCounter
+void give_without_totals(const Report& report, const PageRoom& room, pages::PageSink& sink)
 {
-public:
-    explicit RunCounter(int columns) : columns_(columns) {}
-
-    void count(const Draft& draft)
-    {
-        if (drafts_++ % columns_ == 0) {
-            if (runs_.empty()) runs_.push_back(0);
-            ++runs_.back();
-        }
-        if (draft.resets_page_number && drafts_ > 1 && runs_.back() > 1) {
-            --runs_.back();
-            runs_.push_back(1);
-        }
-    }
-    PageRuns runs() const { return runs_.empty() ? PageRuns{1} : runs_; }
-
-private:
-    int columns_, drafts_ = 0;
-    PageRuns runs_;
-};
-
-void give_without_totals(const Report& report, pages::PageSink& sink)
-{
-    Paging paging(report, {}, sink);
-    place_body(report, [&paging](Draft draft) { paging.take(std::move(draft)); });
+    Paging paging(report, room, {}, sink);
+    place_body(report, room, [&paging](Sheet sheet) { paging.take(std::move(sheet)); });
     paging.finish();
 }
 
 // How many pages there are is known at the end only: a short report waits for it, a long one is placed twice.
-void give_with_totals(const Report& report, pages::PageSink& sink)
+void give_with_totals(const Report& report, const PageRoom& room, pages::PageSink& sink)
 {
-    RunCounter counter(std::max(report.layout().columns, 1));
-    std::vector<Draft> kept;
-    std::size_t count = 0;
-    place_body(report, [&](Draft draft) {
-        counter.count(draft);
-        if (++count <= kept_drafts)
-            kept.push_back(std::move(draft));
+    PageRuns runs;
+    std::vector<Sheet> kept;
+    bool keeps = true;
+    place_body(report, room, [&](Sheet sheet) {
+        runs.add(sheet);
+        keeps = keeps && kept.size() < kept_sheets;
+        if (keeps)
+            kept.push_back(std::move(sheet));
         else
             kept.clear();
     });
-    Paging paging(report, counter.runs(), sink);
-    const auto take = [&paging](Draft draft) { paging.take(std::move(draft)); };
-    if (count <= kept_drafts)
-        for (Draft& draft : kept) take(std::move(draft));
+    Paging paging(report, room, runs, sink);
+    const auto take = [&paging](Sheet sheet) { paging.take(std::move(sheet)); };
+    if (keeps)
+        for (Sheet& sheet : kept) take(std::move(sheet));
     else
-        place_body(report, take);
+        place_body(report, room, take);
     paging.finish();
 }
 
@@ -87,10 +65,11 @@ std::vector<Remark> compose(const Layout& layout, const std::vector<GivenValue>&
     Composition composition{connection, now};
     composition.open_files.push_back(layout.file);
     const Report report(layout, parameters, composition);
+    const PageRoom room(report);
     if (asks_for_totals(layout))
-        give_with_totals(report, sink);
+        give_with_totals(report, room, sink);
     else
-        give_without_totals(report, sink);
+        give_without_totals(report, room, sink);
     return std::move(composition.remarks);
 }
 

@@ -8,8 +8,8 @@
 
 namespace tolvex::printing {
 
-// A value for each field of the data set in each row; calculated fields have none. A value that repeats from row to
-// row, as joins give it, is kept once.
+// A value for each field of the data set in each row; calculated fields have none. A value that repeats from
+// row to row, as joins give it, is kept once.
 class DataTable
 {
 public:

@@ -48,7 +48,6 @@ struct TextLook
     pages::Font font;
     pages::Color color;
     bool underlined = false, overlined = false, struck = false;
-    double line_height = 0; // 0: as the font has it
     Text format;
     const Culture* culture = nullptr;
 };

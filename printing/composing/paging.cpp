@@ -15,8 +15,9 @@ using pages::FillMark;
 using pages::LineMark;
 using pages::Mark;
 
-constexpr double least_room = 18; // points that margins and sections must leave
-constexpr double tolerance = 0.5; // points by which a body may be wider than its page
+constexpr double least_room = 18;   // points that margins and sections must leave
+constexpr double tolerance = 0.5;   // points by which a body may be wider than its page
+constexpr double most_across = 100; // pages side by side
 
 struct Move
 {
@@ -50,7 +51,7 @@ private:
     }
 };
 
-// Left and right ends of a mark; a text belongs where it begins.
+// Left and right ends of a mark; texts, links and outline entries belong where they begin.
 struct Extent
 {
     struct Ends
@@ -58,7 +59,10 @@ struct Extent
         double left, right;
     };
     Ends operator()(const FillMark& mark) const { return {mark.box.left, mark.box.right()}; }
-    Ends operator()(const pages::PictureMark& mark) const { return {mark.visible.left, mark.visible.left}; }
+    Ends operator()(const pages::PictureMark& mark) const
+    {
+        return {mark.visible.left, mark.visible.right()};
+    }
     Ends operator()(const LineMark& mark) const
     {
         return {std::min(mark.from.x, mark.to.x), std::max(mark.from.x, mark.to.x)};
@@ -68,14 +72,16 @@ struct Extent
     Ends operator()(const pages::OutlineMark&) const { return {0, 0}; }
 };
 
-// Cuts a fill or level line to what lies between two edges.
+// Cuts a fill, picture or level line to what lies between two edges.
 void cut(Mark& mark, double left, double right)
 {
-    if (auto* fill = std::get_if<FillMark>(&mark)) {
-        const double end = std::min(fill->box.right(), right);
-        fill->box.left = std::max(fill->box.left, left);
-        fill->box.width = end - fill->box.left;
-    }
+    const auto cut_box = [left, right](Box& box) {
+        const double end = std::min(box.right(), right);
+        box.left = std::max(box.left, left);
+        box.width = end - box.left;
+    };
+    if (auto* fill = std::get_if<FillMark>(&mark)) cut_box(fill->box);
+    if (auto* picture = std::get_if<pages::PictureMark>(&mark)) cut_box(picture->visible);
     if (auto* line = std::get_if<LineMark>(&mark); line && line->from.y == line->to.y) {
         line->from.x = std::clamp(line->from.x, left, right);
         line->to.x = std::clamp(line->to.x, left, right);
@@ -130,79 +136,130 @@ PageRoom::PageRoom(const Report& report) : columns(std::max(report.layout().colu
     column_step = columns > 1 ? layout.width + layout.column_spacing : 0;
 }
 
-Paging::Paging(const Report& report, std::optional<PageRuns> totals, pages::PageSink& sink)
-    : report_(report), totals_(std::move(totals)), sink_(sink), room_(report)
-{}
-
-void Paging::take(Draft draft)
+void SheetMaker::take(Draft draft)
 {
-    if (columns_on_sheet_ == room_.columns) close_sheet();
-    add_column(std::move(draft));
-}
-
-void Paging::add_column(Draft draft)
-{
+    if (column_count_ == room_.columns) close();
     for (Mark& mark : draft.marks) {
-        std::visit(Move{columns_on_sheet_ * room_.column_step, 0}, mark);
-        sheet_.marks.push_back(std::move(mark));
+        std::visit(Move{column_count_ * room_.column_step, 0}, mark);
+        columns_.marks.push_back(std::move(mark));
     }
-    std::move(draft.values.begin(), draft.values.end(), std::back_inserter(sheet_.values));
-    sheet_.resets_page_number |= draft.resets_page_number;
-    ++columns_on_sheet_;
+    std::move(draft.values.begin(), draft.values.end(), std::back_inserter(columns_.values));
+    columns_.resets_page_number |= draft.resets_page_number;
+    ++column_count_;
+    any_ = true;
 }
 
-void Paging::close_sheet()
+void SheetMaker::finish()
+{
+    if (column_count_ > 0 || !any_) close();
+}
+
+// What lies beyond the right margin comes on pages of its own, from left to right.
+void SheetMaker::close()
+{
+    column_count_ = 0;
+    const Draft all = std::exchange(columns_, {});
+    double right = 0;
+    for (const Mark& mark : all.marks) right = std::max(right, std::visit(Extent{}, mark).right);
+    const double across = std::clamp(std::ceil((right - tolerance) / room_.width), 1.0, most_across);
+    Sheet sheet{{}, all.values, all.resets_page_number};
+    sheet.across.resize(static_cast<std::size_t>(across));
+    for (std::size_t i = 0; i < sheet.across.size(); ++i) {
+        const double from = static_cast<double>(i) * room_.width;
+        const double to = i + 1 < sheet.across.size() ? from + room_.width : 1e9;
+        for (const Mark& mark : all.marks) {
+            const auto [begin, end] = std::visit(Extent{}, mark);
+            if ((begin < from && end <= from + tolerance) || begin >= to - tolerance) continue;
+            Mark part = mark;
+            if (sheet.across.size() > 1) cut(part, from, to);
+            std::visit(Move{-from, 0}, part);
+            sheet.across[i].push_back(std::move(part));
+        }
+    }
+    take_(std::move(sheet));
+}
+
+void PageRuns::add(const Sheet& sheet)
+{
+    if (lengths_.empty() || sheet.resets_page_number) lengths_.push_back(0);
+    const auto count = static_cast<int>(sheet.across.size());
+    lengths_.back() += count;
+    pages_ += count;
+    if (pages_ > static_cast<int>(most_pages)) throw too_many_pages();
+}
+
+void Paging::take(Sheet sheet)
 {
     if (waiting_) emit(std::move(*waiting_), false);
-    waiting_ = std::exchange(sheet_, {});
-    columns_on_sheet_ = 0;
+    waiting_ = std::move(sheet);
 }
 
 void Paging::finish()
 {
-    if (columns_on_sheet_ > 0 || !waiting_) close_sheet();
-    emit(std::move(*waiting_), true);
-}
-
-void Paging::number(const Sheet& sheet)
-{
-    ++pages_;
-    ++in_run_;
-    if (run_ < 0 || sheet.resets_page_number) {
-        ++run_;
-        in_run_ = 1;
-    }
-    PageNumbers& numbers = report_.composition().numbers;
-    numbers.page = in_run_;
-    numbers.overall_page = numbers.overall_total = pages_;
-    numbers.total = in_run_;
-    if (!totals_) return;
-    numbers.total = totals_->at(static_cast<std::size_t>(run_));
-    numbers.overall_total = 0;
-    for (const int pages : *totals_) numbers.overall_total += pages;
+    if (waiting_) emit(std::move(*waiting_), true);
 }
 
 void Paging::emit(Sheet sheet, bool last)
 {
-    const Layout& layout = report_.layout();
-    number(sheet);
-    for (Mark& mark : sheet.marks) std::visit(Move{0, layout.top_margin + room_.header}, mark);
-    std::vector<Mark> sections;
-    put_section(layout.header, layout.top_margin, sheet.values, last, sections);
-    put_section(layout.footer, layout.page_height - layout.bottom_margin - room_.footer, sheet.values, last,
-                sections);
-    give(std::move(sheet.marks), std::move(sections));
+    runs_.add(sheet);
+    const auto count = static_cast<int>(sheet.across.size());
+    for (int i = 0; i < count; ++i) {
+        number(i - count);
+        give(std::move(sheet.across[static_cast<std::size_t>(i)]), sheet.values, last && i + 1 == count);
+    }
 }
 
-void Paging::put_section(const std::optional<PageSection>& section, double top, const PageItems& values,
+// Of the page that lies so far before the end of what was counted.
+void Paging::number(int before_end)
+{
+    const std::size_t run = runs_.lengths().size() - 1;
+    PageNumbers& numbers = report_.composition().numbers;
+    numbers.page = numbers.total = runs_.lengths()[run] + before_end + 1;
+    numbers.overall_page = numbers.overall_total = runs_.pages() + before_end + 1;
+    if (!totals_) return;
+    if (run < totals_->lengths().size()) numbers.total = totals_->lengths()[run];
+    numbers.overall_total = totals_->pages();
+}
+
+void Paging::give(std::vector<Mark> body, const PageItems& values, bool last)
+{
+    const Layout& layout = report_.layout();
+    pages::Page page{layout.page_width, layout.page_height, {}};
+    put_page_style(page.marks);
+    for (Mark& mark : body) {
+        std::visit(Move{layout.left_margin, layout.top_margin + room_.header}, mark);
+        page.marks.push_back(std::move(mark));
+    }
+    const double footer_top = layout.page_height - layout.bottom_margin - room_.footer;
+    put_section(layout.header, {0, layout.top_margin, layout.width, room_.header}, values, last, page.marks);
+    put_section(layout.footer, {0, footer_top, layout.width, room_.footer}, values, last, page.marks);
+    sink_.take(std::move(page));
+}
+
+// Background and borders of the page, inside its margins.
+void Paging::put_page_style(std::vector<Mark>& marks) const
+{
+    const Layout& layout = report_.layout();
+    Strip strip(1e6, [&marks](Draft draft) { marks = std::move(draft.marks); });
+    Canvas canvas(report_, strip);
+    const Look look = look_of(layout.page_style, canvas.environment(report_.outermost()), {});
+    if (look.is_plain()) return;
+    const Box box{layout.left_margin, layout.top_margin,
+                  layout.page_width - layout.left_margin - layout.right_margin,
+                  layout.page_height - layout.top_margin - layout.bottom_margin};
+    put_background(canvas, look, box);
+    put_borders(canvas, look, box);
+    strip.complete();
+}
+
+void Paging::put_section(const std::optional<PageSection>& section, const Box& room, const PageItems& values,
                          bool last, std::vector<Mark>& marks) const
 {
-    if (!section || (pages_ == 1 && !section->on_first_page) ||
-        (last && pages_ > 1 && !section->on_last_page))
-        return;
+    const bool first = report_.composition().numbers.overall_page == 1;
+    if (!section || (first && !section->on_first_page) || (last && !first && !section->on_last_page)) return;
     Strip strip(1e6, [&](Draft draft) {
         for (Mark& mark : draft.marks) {
-            std::visit(Move{report_.layout().left_margin, top}, mark);
+            std::visit(Move{report_.layout().left_margin, room.top}, mark);
             marks.push_back(std::move(mark));
         }
     });
@@ -210,34 +267,11 @@ void Paging::put_section(const std::optional<PageSection>& section, double top, 
     canvas.set_page_items(&values);
     const Scope* scope = report_.outermost();
     const Look look = look_of(section->style, canvas.environment(scope), {});
-    const Box box{0, 0, report_.layout().width, section->height};
+    const Box box{0, 0, room.width, room.height};
     put_background(canvas, look, box);
     place_items(canvas, section->items, 0, 0, section->height, {scope, false});
     put_borders(canvas, look, box);
     strip.complete();
-}
-
-// What lies beyond the right margin comes on pages of its own, from left to right.
-void Paging::give(std::vector<Mark> body, std::vector<Mark> sections)
-{
-    const Layout& layout = report_.layout();
-    double right = 0;
-    for (const Mark& mark : body) right = std::max(right, std::visit(Extent{}, mark).right);
-    const int across = std::clamp(static_cast<int>(std::ceil((right - tolerance) / room_.width)), 1, 100);
-    for (int i = 0; i < across; ++i) {
-        const double from = i * room_.width, to = i + 1 < across ? from + room_.width : 1e9;
-        pages::Page page{layout.page_width, layout.page_height, {}};
-        for (const Mark& mark : body) {
-            const auto [begin, end] = std::visit(Extent{}, mark);
-            if ((begin < from && end <= from + tolerance) || begin >= to - tolerance) continue;
-            Mark part = mark;
-            if (across > 1) cut(part, from, to);
-            std::visit(Move{layout.left_margin - from, 0}, part);
-            page.marks.push_back(std::move(part));
-        }
-        page.marks.insert(page.marks.end(), sections.begin(), sections.end());
-        sink_.take(std::move(page));
-    }
 }
 
 std::set<Text> items_read_by_sections(const Layout& layout)

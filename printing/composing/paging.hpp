@@ -1,5 +1,5 @@
-// Drafts of the strip made into pages: columns side by side, page header and footer, numbers, and what is too
-// wide for one page on the next.
+// Drafts of the strip made into pages: columns side by side, what is too wide for one page on the next, page
+// header and footer, numbers.
 #pragma once
 
 #include "printing/composing/canvas.hpp"
@@ -17,41 +17,74 @@ struct PageRoom
     double column_step = 0;
 };
 
-// How many pages each run of numbers has; a run begins where a page break resets the number.
-using PageRuns = std::vector<int>;
+// What stands on one page of body, or on several side by side when it is too wide for one.
+struct Sheet
+{
+    std::vector<std::vector<pages::Mark>> across;
+    PageItems values;
+    bool resets_page_number = false;
+};
 
+// Makes drafts into sheets.
+class SheetMaker
+{
+public:
+    using Take = std::function<void(Sheet)>;
+    SheetMaker(const PageRoom& room, Take take) : room_(room), take_(std::move(take)) {}
+
+    void take(Draft draft);
+    // There is always a sheet.
+    void finish();
+
+private:
+    void close();
+
+    const PageRoom& room_;
+    Take take_;
+    Draft columns_; // side by side, as one
+    int column_count_ = 0;
+    bool any_ = false;
+};
+
+// How many pages each run of numbers has; a run begins where a page break resets the number.
+class PageRuns
+{
+public:
+    void add(const Sheet& sheet);
+    int pages() const { return pages_; }
+    const std::vector<int>& lengths() const { return lengths_; }
+
+private:
+    std::vector<int> lengths_;
+    int pages_ = 0;
+};
+
+// Gives sheets to a sink as pages with their header, footer and numbers.
 class Paging
 {
 public:
     // With `totals` the pages are numbered "of so many"; without, the totals are what is known by then.
-    Paging(const Report& report, std::optional<PageRuns> totals, pages::PageSink& sink);
+    Paging(const Report& report, const PageRoom& room, std::optional<PageRuns> totals, pages::PageSink& sink)
+        : report_(report), room_(room), totals_(std::move(totals)), sink_(sink)
+    {}
 
-    void take(Draft draft);
+    void take(Sheet sheet);
     void finish();
 
 private:
-    struct Sheet // one page's columns
-    {
-        std::vector<pages::Mark> marks;
-        PageItems values;
-        bool resets_page_number = false;
-    };
-    void add_column(Draft draft);
-    void close_sheet();
     void emit(Sheet sheet, bool last);
-    void number(const Sheet& sheet);
-    void put_section(const std::optional<PageSection>& section, double top, const PageItems& values,
-                     bool last, std::vector<pages::Mark>& marks) const;
-    void give(std::vector<pages::Mark> body, std::vector<pages::Mark> sections);
+    void give(std::vector<pages::Mark> body, const PageItems& values, bool last);
+    void number(int before_end);
+    void put_page_style(std::vector<pages::Mark>& marks) const;
+    void put_section(const std::optional<PageSection>& section, const pages::Box& room,
+                     const PageItems& values, bool last, std::vector<pages::Mark>& marks) const;
 
     const Report& report_;
+    const PageRoom& room_;
     std::optional<PageRuns> totals_;
     pages::PageSink& sink_;
-    PageRoom room_;
-    Sheet sheet_;
-    int columns_on_sheet_ = 0;
     std::optional<Sheet> waiting_; // until it is known whether it is the last
-    int pages_ = 0, run_ = -1, in_run_ = 0;
+    PageRuns runs_;                // of the pages that were given
 };
 
 // The names of the text boxes that page header and footer read.

@@ -134,7 +134,8 @@ double place_item(Canvas& canvas, const ReportItem& item, const Box& box, const 
 {
     if (is_true(item.hidden, canvas.environment(setting.scope), item.place)) {
         record_hidden(canvas, item, box.top, setting.scope);
-        return box.bottom();
+        // What is hidden by its data leaves no room, what always is keeps it.
+        return item.hidden.is_literal() ? box.bottom() : box.top;
     }
     struct Placer
     {

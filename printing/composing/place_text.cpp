@@ -61,15 +61,30 @@ class TextLayer
 {
 public:
     TextLayer(Canvas& canvas, const ReportItem& item, const Scope* scope)
-        : here_(canvas.environment(scope)), item_(item), laid_(&item, scope, canvas.look(item, here_))
+        : canvas_(canvas), here_(canvas.environment(scope)), item_(item),
+          laid_(&item, scope, canvas.look(item, here_))
     {}
 
-    LaidText laid_in(const Box& box, Canvas& canvas) &&
+    LaidText laid_in(const Box& box) &&
     {
         std::vector<ParagraphText> paragraphs;
         for (const Paragraph& paragraph : std::get<Textbox>(item_.content).paragraphs)
             paragraphs.push_back(paragraph_text(paragraph));
-        if (hides_duplicate(canvas)) paragraphs.clear();
+        return std::move(*this).laid_in(box, paragraphs);
+    }
+
+    LaidText words_in(const Box& box, const Text& words) &&
+    {
+        const TextLook& look = text_look(item_.style);
+        ParagraphText paragraph;
+        paragraph.spans.push_back({as_lines(words), &look, {}});
+        paragraph.horizontal = horizontal_of(item_.style, here_, item_.place);
+        return std::move(*this).laid_in(box, {paragraph});
+    }
+
+private:
+    LaidText laid_in(const Box& box, const std::vector<ParagraphText>& paragraphs) &&
+    {
         const Look& look = laid_.look;
         const double across = box.width - look.padding_left - look.padding_right;
         const double down = box.height - look.padding_top - look.padding_bottom;
@@ -79,19 +94,20 @@ public:
         return std::move(laid_);
     }
 
-private:
     ParagraphText paragraph_text(const Paragraph& paragraph)
     {
         ParagraphText text;
         number_ = paragraph.list == Paragraph::List::numbered ? number_ + 1 : 0;
         Horizontal horizontal = horizontal_of(paragraph.style, here_, item_.place);
+        const Text mark = bullet(paragraph, number_);
         Variant value;
         for (const TextRun& run : paragraph.runs) {
-            const TextLook& look = laid_.text_looks.emplace_back(text_look_of(run.style, here_, item_.place));
+            const TextLook& look = text_look(run.style);
             RunText shown = run_text(run, look, here_, item_.place);
             if (&run == &paragraph.runs.front()) {
                 value = shown.value;
-                shown.text = bullet(paragraph, number_) + shown.text;
+                shown.text.insert(0, mark);
+                text.hanging_indent = pages::text_width(look.font, mark);
             }
             text.spans.push_back(
                 {std::move(shown.text), &look, property(run.action.hyperlink, here_, item_.place)});
@@ -99,22 +115,23 @@ private:
         if (first_) laid_.value = value;
         first_ = false;
         text.horizontal = resolved(horizontal, value);
-        const auto indent = [&](const Expression& each) { return length_property(each, here_, item_.place); };
-        text.left_indent = indent(paragraph.left_indent) + 18 * paragraph.list_level;
-        text.right_indent = indent(paragraph.right_indent);
-        text.hanging_indent = indent(paragraph.hanging_indent);
-        text.space_before = indent(paragraph.space_before);
-        text.space_after = indent(paragraph.space_after);
+        const auto length = [&](const Expression& each) { return length_property(each, here_, item_.place); };
+        text.left_indent = length(paragraph.left_indent) + 18 * paragraph.list_level;
+        text.right_indent = length(paragraph.right_indent);
+        text.hanging_indent += length(paragraph.hanging_indent);
+        text.line_height = length(paragraph.style.line_height);
+        text.space_before = length(paragraph.space_before);
+        text.space_after = length(paragraph.space_after);
         return text;
     }
 
-    bool hides_duplicate(Canvas& canvas) const
+    const TextLook& text_look(const Style& style)
     {
-        const Text& scope = std::get<Textbox>(item_.content).hide_duplicates;
-        if (scope.empty()) return false;
-        return canvas.is_duplicate(item_, scope_named(laid_.scope, scope), laid_.value);
+        if (const TextLook* known = canvas_.literal_text_look(style, here_, item_.place)) return *known;
+        return laid_.text_looks.emplace_back(text_look_of(style, here_, item_.place));
     }
 
+    Canvas& canvas_;
     ScopeEnvironment here_;
     const ReportItem& item_;
     LaidText laid_;
@@ -195,7 +212,7 @@ private:
     double angle_;
 };
 
-// Lines from the top, each whole on its page; where the last one ends.
+// Lines from the top, each whole on its page; where the box ends below the last one.
 double put_lines(Strip& strip, const LaidText& laid, const Box& box, bool may_grow)
 {
     const Box inner = inner_box(laid.look, box);
@@ -227,11 +244,24 @@ void put_upright_lines(Strip& strip, const LaidText& laid, const Box& box)
     }
 }
 
+bool hides_duplicate(Canvas& canvas, const LaidText& laid, double y)
+{
+    const auto* textbox = std::get_if<Textbox>(&laid.item->content);
+    if (!textbox || textbox->hide_duplicates.empty()) return false;
+    return canvas.is_duplicate(*laid.item, scope_named(laid.scope, textbox->hide_duplicates), laid.value, y);
+}
+
 } // namespace
 
 LaidText lay_text(Canvas& canvas, const ReportItem& item, const Box& box, const Scope* scope)
 {
-    return TextLayer(canvas, item, scope).laid_in(box, canvas);
+    return TextLayer(canvas, item, scope).laid_in(box);
+}
+
+LaidText lay_words(Canvas& canvas, const ReportItem& item, const Text& words, double width,
+                   const Scope* scope)
+{
+    return TextLayer(canvas, item, scope).words_in({0, 0, width, 0}, words);
 }
 
 double height_with(const LaidText& laid, double height)
@@ -250,18 +280,29 @@ void record_hidden(Canvas& canvas, const ReportItem& item, double y, const Scope
 
 double place_text(Canvas& canvas, const LaidText& laid, const Box& box)
 {
-    Strip& strip = canvas.strip();
-    put_background(canvas, laid.look, box);
-    const bool may_grow = std::get<Textbox>(laid.item->content).can_grow;
-    double bottom = box.bottom();
-    if (laid.look.rotation)
-        put_upright_lines(strip, laid, box);
-    else if (const double end = put_lines(strip, laid, box, may_grow); may_grow)
-        bottom = std::max(bottom, end);
-    put_borders(canvas, laid.look, {box.left, box.top, box.width, bottom - box.top});
-    put_marks_of(canvas, *laid.item, box, laid.scope);
-    if (canvas.is_read_by_page_sections(*laid.item)) strip.record(box.top, *laid.item, laid.value);
+    const Strip::Behind behind = canvas.strip().behind(box.top);
+    const double bottom = std::max(box.bottom(), put_text(canvas, laid, box));
+    put_frame(canvas, laid, {box.left, box.top, box.width, bottom - box.top}, behind);
     return bottom;
+}
+
+double put_text(Canvas& canvas, const LaidText& laid, const Box& box)
+{
+    Strip& strip = canvas.strip();
+    if (hides_duplicate(canvas, laid, box.top)) return box.top;
+    if (laid.look.rotation) return put_upright_lines(strip, laid, box), box.top;
+    const auto* textbox = std::get_if<Textbox>(&laid.item->content);
+    const bool may_grow = !textbox || textbox->can_grow;
+    const double end = put_lines(strip, laid, box, may_grow);
+    return may_grow ? end : box.top;
+}
+
+void put_frame(Canvas& canvas, const LaidText& laid, const Box& box, const Strip::Behind& behind)
+{
+    if (laid.look.background) canvas.strip().put_behind(behind, {box, *laid.look.background});
+    put_borders(canvas, laid.look, box);
+    put_marks_of(canvas, *laid.item, box, laid.scope);
+    if (canvas.is_read_by_page_sections(*laid.item)) canvas.strip().record(box.top, *laid.item, laid.value);
 }
 
 } // namespace tolvex::printing

@@ -84,38 +84,6 @@ Error in_data_set(const Error& error, const DataSet& data_set)
     return with_detail(error, where);
 }
 
-void collect_text_boxes(const std::vector<ReportItem>& items,
-                        std::unordered_map<Text, const ReportItem*>& found);
-
-void collect_text_box(const ReportItem& item, std::unordered_map<Text, const ReportItem*>& found)
-{
-    if (std::holds_alternative<Textbox>(item.content)) found.emplace(lower_case(item.name), &item);
-    if (const auto* rectangle = std::get_if<Rectangle>(&item.content))
-        collect_text_boxes(rectangle->items, found);
-    const auto* tablix = std::get_if<std::shared_ptr<const Tablix>>(&item.content);
-    if (!tablix) return;
-    const auto visit = [&found](const std::vector<TablixCell>& cells) {
-        for (const TablixCell& cell : cells)
-            if (cell.content) collect_text_box(*cell.content, found);
-    };
-    for (const TablixRow& row : (*tablix)->rows) visit(row.cells);
-    for (const auto& cells : (*tablix)->corner) visit(cells);
-    const auto headers = [&found](const auto& self, const std::vector<TablixMember>& members) -> void {
-        for (const TablixMember& member : members) {
-            if (member.header && member.header->content) collect_text_box(*member.header->content, found);
-            self(self, member.members);
-        }
-    };
-    headers(headers, (*tablix)->row_members);
-    headers(headers, (*tablix)->column_members);
-}
-
-void collect_text_boxes(const std::vector<ReportItem>& items,
-                        std::unordered_map<Text, const ReportItem*>& found)
-{
-    for (const ReportItem& item : items) collect_text_box(item, found);
-}
-
 } // namespace
 
 void Composition::remark(const Place& place, const Text& text)
@@ -127,16 +95,13 @@ void Composition::remark(const Place& place, const Text& text)
 }
 
 Report::Report(const Layout& layout, const std::vector<GivenValue>& given, Composition& composition)
-    : layout_(layout), composition_(composition), culture_(&printing::culture(u""))
+    : layout_(layout), composition_(composition), culture_(&printing::culture(u"")), index_(layout)
 {
     check_names(given);
     set_parameters(given);
     culture_ = &printing::culture(layout.language.evaluate(ScopeEnvironment(*this, nullptr)).text());
     for (const DataSet& data_set : layout.data_sets)
         if (!this->data_set(data_set.name)) run_data_set(data_set, given);
-    collect_text_boxes(layout.body.items, text_boxes_);
-    if (layout.header) collect_text_boxes(layout.header->items, text_boxes_);
-    if (layout.footer) collect_text_boxes(layout.footer->items, text_boxes_);
 }
 
 void Report::check_names(const std::vector<GivenValue>& given) const
@@ -253,17 +218,28 @@ const Variant* Report::parameter(TextView name) const
     return nullptr;
 }
 
+Variant Report::parameter_label(TextView name, const Variant& value) const
+{
+    if (const auto* several = value.get_if<Variant::List>()) {
+        Variant::List labels;
+        for (const Variant& each : *several) labels.push_back(parameter_label(name, each));
+        return labels;
+    }
+    const ScopeEnvironment here(*this, nullptr);
+    for (const ReportParameter& parameter : layout_.parameters) {
+        if (!equal_ignoring_case(parameter.name, name)) continue;
+        for (const ParameterValue& valid : parameter.valid_values)
+            if (!valid.label.is_empty() && of_type(valid.value.evaluate(here), parameter.type) == value)
+                return valid.label.evaluate(here);
+    }
+    return value;
+}
+
 const Variable* Report::variable(TextView name) const
 {
     for (const Variable& variable : layout_.variables)
         if (equal_ignoring_case(variable.name, name)) return &variable;
     return nullptr;
-}
-
-const ReportItem* Report::text_box(TextView name) const
-{
-    const auto found = text_boxes_.find(lower_case(name));
-    return found == text_boxes_.end() ? nullptr : found->second;
 }
 
 Report::Running& Report::running(const AggregateCall& call, const Scope& scope) const

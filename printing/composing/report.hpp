@@ -3,6 +3,7 @@
 
 #include "database/connection.hpp"
 #include "printing/composing/given_value.hpp"
+#include "printing/composing/layout_index.hpp"
 #include "printing/composing/scope.hpp"
 
 #include <deque>
@@ -48,9 +49,10 @@ public:
     // The scope of what stands in no data region: the only data set or, of several, the first.
     const Scope* outermost() const { return data_sets_.empty() ? nullptr : &data_sets_.front(); }
     const Variant* parameter(TextView name) const;
+    // The words for a value of a parameter; the value itself where the layout has none.
+    Variant parameter_label(TextView name, const Variant& value) const;
     const Variable* variable(TextView name) const;
-    // A text box anywhere in the layout.
-    const ReportItem* text_box(TextView name) const;
+    const LayoutIndex& index() const { return index_; }
 
     // The sum, count … that RunningValue has come to, kept so that a long table is gone through once.
     struct Running
@@ -76,7 +78,7 @@ private:
     std::deque<DataTable> tables_;
     std::deque<RowOrder> orders_;
     std::deque<Scope> data_sets_;
-    mutable std::unordered_map<Text, const ReportItem*> text_boxes_;
+    const LayoutIndex index_;
     mutable std::deque<Running> running_;
 };
 

@@ -81,26 +81,43 @@ Keys sorting_keys(const std::vector<Sorting>& sorting, const Environment& here)
     return keys;
 }
 
-// The n rows of highest or lowest value, in the order that they stand in.
-void keep_ranked(const Report& report, const Filter& filter, Scope& scope, RowOrder& order)
+// Which of so many values "the n highest" (or lowest, or percent) names, in their order; those that tie with
+// the last are among them.
+std::vector<std::uint32_t> ranked(const Filter& filter, double n, const std::vector<Variant>& values)
+{
+    const double wanted =
+        filter.comparison.ends_with(u"Percent") ? static_cast<double>(values.size()) * n / 100 : n;
+    std::vector<std::pair<Keys, std::uint32_t>> keyed;
+    for (std::uint32_t i = 0; i < values.size(); ++i) keyed.emplace_back(Keys{values[i]}, i);
+    sort_by({{Expression(), filter.comparison.starts_with(u"Top")}}, keyed);
+    std::vector<std::uint32_t> kept;
+    for (std::size_t i = 0; i < keyed.size(); ++i) {
+        const bool ties = i > 0 && compare(keyed[i].first[0], keyed[i - 1].first[0]) == 0;
+        if (!(static_cast<double>(i) < wanted) && !(ties && wanted > 0)) break;
+        kept.push_back(keyed[i].second);
+    }
+    std::sort(kept.begin(), kept.end());
+    return kept;
+}
+
+double rank_of(const Filter& filter, const Environment& here)
 {
     if (filter.operands.empty()) throw invalid_call(u"Un filtro no dice con qué se compara");
-    const double operand = filter.operands[0].evaluate(ScopeEnvironment(report, &scope)).number();
-    const bool percent = filter.comparison.ends_with(u"Percent");
-    const double wanted = percent ? scope.size() * operand / 100 : operand;
-    const auto count = static_cast<std::size_t>(std::clamp(wanted, 0.0, double(scope.size())));
-    std::vector<std::pair<Keys, std::uint32_t>> keyed;
+    return filter.operands[0].evaluate(here).number();
+}
+
+void keep_ranked(const Report& report, const Filter& filter, Scope& scope, RowOrder& order)
+{
+    std::vector<Variant> values;
     RowEnvironment row(report, scope, scope.begin);
     for (auto at = scope.begin; at < scope.end; ++at) {
         row.move_to(at);
-        keyed.emplace_back(Keys{filter.value.evaluate(*row)}, at);
+        values.push_back(filter.value.evaluate(*row));
     }
-    sort_by({{Expression(), filter.comparison.starts_with(u"Top")}}, keyed);
-    std::vector<std::uint32_t> kept;
-    for (std::size_t i = 0; i < count; ++i) kept.push_back(keyed[i].second);
-    std::sort(kept.begin(), kept.end());
-    for (std::size_t i = 0; i < kept.size(); ++i) order[scope.begin + i] = order[kept[i]];
-    scope.end = scope.begin + static_cast<std::uint32_t>(kept.size());
+    auto end = scope.begin;
+    for (const std::uint32_t i : ranked(filter, rank_of(filter, ScopeEnvironment(report, &scope)), values))
+        order[end++] = order[scope.begin + i];
+    scope.end = end;
 }
 
 } // namespace
@@ -110,13 +127,6 @@ RowOrder all_rows(const DataTable& table)
     RowOrder order(table.row_count());
     std::iota(order.begin(), order.end(), 0U);
     return order;
-}
-
-bool passes(const Report& report, const std::vector<Filter>& filters, const Scope& instance)
-{
-    const ScopeEnvironment here(report, &instance);
-    return std::all_of(filters.begin(), filters.end(),
-                       [&](const Filter& filter) { return is_of_rank(filter) || passes(filter, here); });
 }
 
 void keep_filtered(const Report& report, const std::vector<Filter>& filters, Scope& scope, RowOrder& order)
@@ -133,6 +143,26 @@ void keep_filtered(const Report& report, const std::vector<Filter>& filters, Sco
             if (passes(filter, *row)) order[kept++] = order[at];
         }
         scope.end = kept;
+    }
+}
+
+void keep_filtered(const Report& report, const std::vector<Filter>& filters, std::vector<Scope>& instances)
+{
+    for (const Filter& filter : filters) {
+        if (instances.empty()) return;
+        if (!is_of_rank(filter)) {
+            std::erase_if(instances, [&](const Scope& each) {
+                return !passes(filter, ScopeEnvironment(report, &each));
+            });
+            continue;
+        }
+        std::vector<Variant> values;
+        for (const Scope& each : instances)
+            values.push_back(filter.value.evaluate(ScopeEnvironment(report, &each)));
+        std::vector<Scope> kept;
+        const double n = rank_of(filter, ScopeEnvironment(report, instances.front().parent));
+        for (const std::uint32_t i : ranked(filter, n, values)) kept.push_back(instances[i]);
+        instances = std::move(kept);
     }
 }
 
@@ -182,6 +212,8 @@ std::vector<std::uint32_t> part_rows(const Report& report, const Group& group,
     std::vector<std::pair<Keys, std::uint32_t>> keyed;
     for (std::uint32_t i = 0; i < instances.size(); ++i) {
         Scope instance = scope;
+        instance.name = group.name;
+        instance.group = &group;
         instance.parent = &scope;
         instance.order = &instances[i];
         instance.begin = 0;

@@ -21,7 +21,7 @@ std::vector<std::uint32_t> part_rows(const Report& report, const Group& group,
                                      const std::vector<Sorting>& sorting, const Scope& scope,
                                      RowOrder& order);
 
-// Whether an instance of a group passes the filters of the group.
-bool passes(const Report& report, const std::vector<Filter>& filters, const Scope& instance);
+// Keeps the instances of a group that pass its filters.
+void keep_filtered(const Report& report, const std::vector<Filter>& filters, std::vector<Scope>& instances);
 
 } // namespace tolvex::printing

@@ -14,6 +14,7 @@ struct Scope
     const Scope* parent = nullptr;
     const Scope* column = nullptr; // the instance of a column group, in a matrix
     const Group* group = nullptr;
+    const Scope* previous = nullptr; // the instance of the group before this one
 
     bool empty() const { return begin == end; }
     std::uint32_t size() const { return end - begin; }

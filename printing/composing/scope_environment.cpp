@@ -2,6 +2,9 @@
 
 #include "core/errors.hpp"
 
+#include <algorithm>
+#include <set>
+
 namespace tolvex::printing {
 
 namespace {
@@ -37,6 +40,39 @@ Text report_item_of(const AggregateCall& call)
         if (mention == Expression::Mention::report_item) item = name;
     });
     return item;
+}
+
+// The data region around all others, which a running value goes through when it names no scope.
+const Scope* outermost_region(const Scope* scope)
+{
+    while (scope->parent && scope->parent->parent) scope = scope->parent;
+    return scope;
+}
+
+bool is_around(const Scope* inner, const Scope& scope)
+{
+    while (inner && inner != &scope) inner = inner->parent;
+    return inner;
+}
+
+// The rows from the beginning of a scope to the end of one within it. Each data region between them has an
+// order of its own: before its own rows come those before the instance that it stands in.
+std::vector<Scope> rows_up_to_here(const Scope& here, const Scope& scope)
+{
+    std::vector<Scope> parts;
+    auto end = here.end;
+    for (const Scope* inner = &here; inner;) {
+        const Scope* root = inner;
+        while (root != &scope && root->parent && root->parent->order == inner->order) root = root->parent;
+        Scope part = *root;
+        part.end = end;
+        if (inner->order == scope.order) part.begin = scope.begin;
+        if (part.begin < part.end) parts.insert(parts.begin(), part);
+        if (inner->order == scope.order) break;
+        inner = root->parent;
+        if (inner) end = inner->begin;
+    }
+    return parts;
 }
 
 std::int64_t depth_of(const Scope* scope)
@@ -92,13 +128,18 @@ Variant ScopeEnvironment::global(TextView name) const
 Variant ScopeEnvironment::report_item(TextView name) const
 {
     if (current_page_item_) return *current_page_item_;
-    if (const Variant* value = on_page(name)) return *value;
-    const ReportItem* item = report_.text_box(name);
-    if (!item) throw unknown(u"No existe el elemento", name);
+    const LayoutIndex::TextBox* box = report_.index().text_box(name);
+    if (!box) throw unknown(u"No existe el elemento", name);
+    if (page_items_) {
+        const Variant* value = on_page(name);
+        return value ? *value : Variant();
+    }
     const Depth depth(name);
-    const auto& paragraphs = std::get<Textbox>(item->content).paragraphs;
+    const auto& paragraphs = std::get<Textbox>(box->item->content).paragraphs;
     if (paragraphs.empty() || paragraphs.front().runs.empty()) return {};
-    return paragraphs.front().runs.front().value.evaluate(*this);
+    const Scope* its_own = box->scope.empty() ? nullptr : scope_named(scope_, box->scope);
+    return paragraphs.front().runs.front().value.evaluate(
+        ScopeEnvironment(report_, its_own ? its_own : scope_));
 }
 
 Variant ScopeEnvironment::variable(TextView name) const
@@ -123,7 +164,12 @@ std::int64_t ScopeEnvironment::level(std::optional<Text> scope) const
 const Scope& ScopeEnvironment::scope_of(const AggregateCall& call) const
 {
     const Scope* scope = call.scope ? scope_named(scope_, *call.scope) : scope_;
+    const bool runs =
+        call.function == AggregateFunction::running_value || call.function == AggregateFunction::row_number;
+    if (runs && scope && !call.scope) scope = outermost_region(scope);
     if (!scope && call.scope) scope = report_.data_set(*call.scope);
+    // A subtotal shows the cells of a matrix: the inner group that they name is then the whole subtotal.
+    if (!scope && scope_ && report_.index().has_group(*call.scope)) scope = scope_;
     if (scope) return *scope;
     throw call.scope ? unknown(u"No existe aquí el ámbito", *call.scope)
                      : invalid_call(u"No hay un conjunto de datos sobre el cual calcular");
@@ -146,8 +192,11 @@ Variant ScopeEnvironment::aggregate(const AggregateCall& call) const
         return std::int64_t{scope.size()};
     case AggregateFunction::running_value:
         return running_value(call, scope);
-    case AggregateFunction::row_number:
-        return std::int64_t{scope_->end} - scope.begin;
+    case AggregateFunction::row_number: {
+        std::int64_t count = 0;
+        for (const Scope& part : rows_up_to_here(*scope_, scope)) count += part.size();
+        return count;
+    }
     case AggregateFunction::previous:
         return previous(call, scope);
     default:
@@ -176,38 +225,69 @@ Variant ScopeEnvironment::over_rows(const AggregateCall& call, const Scope& scop
         const auto at = call.function == AggregateFunction::first ? scope.begin : scope.end - 1;
         return call.argument.evaluate(*RowEnvironment(report_, scope, at));
     }
-    RowEnvironment row(report_, scope, scope.begin);
-    for (auto at = scope.begin; at < scope.end; ++at) {
-        row.move_to(at);
-        accumulator.add(call.argument.evaluate(*row));
-    }
+    add_rows(accumulator, call, scope);
     return accumulator.result();
 }
 
 Variant ScopeEnvironment::running_value(const AggregateCall& call, const Scope& scope) const
 {
-    if (scope_->order != scope.order) { // a cell of a matrix has no order of its own rows within others
-        AggregateCall whole = call;
-        whole.function = call.running;
-        return over_rows(whole, *scope_);
-    }
-    Report::Running& running = report_.running(call, scope);
-    if (scope_->end < running.upto) { // an earlier row again: from the beginning
+    if (scope_->column) return running_in_matrix(call, scope);
+    const std::vector<Scope> parts = rows_up_to_here(*scope_, scope);
+    if (parts.size() == 1) return running_on(call, parts.front());
+    Accumulator accumulator(call.running);
+    for (const Scope& part : parts) add_rows(accumulator, call, part);
+    return accumulator.result();
+}
+
+// What the rows have come to is kept: a long table is gone through once.
+Variant ScopeEnvironment::running_on(const AggregateCall& call, const Scope& rows) const
+{
+    Report::Running& running = report_.running(call, rows);
+    if (rows.end < running.upto) { // an earlier row again: from the beginning
         running.accumulator = Accumulator(call.running);
-        running.upto = scope.begin;
+        running.upto = rows.begin;
     }
-    RowEnvironment row(report_, scope, running.upto);
-    for (; running.upto < scope_->end; ++running.upto) {
-        row.move_to(running.upto);
-        running.accumulator.add(call.argument.evaluate(*row));
-    }
+    Scope next = rows;
+    next.begin = std::exchange(running.upto, rows.end);
+    add_rows(running.accumulator, call, next);
     return running.accumulator.result();
+}
+
+// In a cell of a matrix, down its column for a scope of the columns, else along its row.
+Variant ScopeEnvironment::running_in_matrix(const AggregateCall& call, const Scope& scope) const
+{
+    const Scope &row = *scope_->parent, &column = *scope_->column;
+    const Scope& line = is_around(&column, scope) ? scope : row;
+    const Scope& across = &line == &row ? column : row;
+    const std::set<std::uint32_t> rows(line.order->begin() + line.begin, line.order->begin() + line.end);
+    RowOrder order;
+    for (const Scope& part : rows_up_to_here(across, *outermost_region(&across)))
+        std::copy_if(part.order->begin() + part.begin, part.order->begin() + part.end,
+                     std::back_inserter(order), [&rows](std::uint32_t each) { return rows.contains(each); });
+    Scope upto = *scope_;
+    upto.order = &order;
+    upto.end = static_cast<std::uint32_t>(order.size());
+    Accumulator accumulator(call.running);
+    add_rows(accumulator, call, upto);
+    return accumulator.result();
+}
+
+void ScopeEnvironment::add_rows(Accumulator& accumulator, const AggregateCall& call, const Scope& rows) const
+{
+    RowEnvironment row(report_, rows, rows.begin);
+    for (auto at = rows.begin; at < rows.end; ++at) {
+        row.move_to(at);
+        accumulator.add(call.argument.evaluate(*row));
+    }
 }
 
 Variant ScopeEnvironment::previous(const AggregateCall& call, const Scope& scope) const
 {
     const Scope& within = call.scope || !scope_->parent ? scope : *scope_->parent;
-    if (scope_->begin <= within.begin) return {};
+    if (scope_->previous && scope_->previous->begin >= within.begin)
+        return call.argument.evaluate(ScopeEnvironment(report_, scope_->previous));
+    const bool is_first = scope_->group && !call.scope && !scope_->previous;
+    if (is_first || scope_->begin <= within.begin) return {};
     return call.argument.evaluate(*RowEnvironment(report_, within, scope_->begin - 1));
 }
 
@@ -234,6 +314,7 @@ RowEnvironment::RowEnvironment(const Report& report, const Scope& scope, std::ui
     row_.parent = &scope;
     row_.column = nullptr;
     row_.group = nullptr;
+    row_.previous = nullptr;
     move_to(position);
 }
 

@@ -21,7 +21,10 @@ public:
     Variant field(TextView name) const override;
     bool has_field(TextView name) const override;
     Variant parameter(TextView name) const override;
-    Variant parameter_label(TextView name) const override { return parameter(name); }
+    Variant parameter_label(TextView name) const override
+    {
+        return report_.parameter_label(name, parameter(name));
+    }
     Variant global(TextView name) const override;
     Variant report_item(TextView name) const override;
     Variant variable(TextView name) const override;
@@ -37,6 +40,9 @@ private:
     const Scope& scope_of(const AggregateCall& call) const;
     Variant over_rows(const AggregateCall& call, const Scope& scope) const;
     Variant running_value(const AggregateCall& call, const Scope& scope) const;
+    Variant running_on(const AggregateCall& call, const Scope& rows) const;
+    Variant running_in_matrix(const AggregateCall& call, const Scope& scope) const;
+    void add_rows(Accumulator& accumulator, const AggregateCall& call, const Scope& rows) const;
     Variant previous(const AggregateCall& call, const Scope& scope) const;
     Variant over_page_items(const AggregateCall& call) const;
     const Variant* on_page(TextView name) const;

@@ -1,5 +1,8 @@
 #include "printing/composing/strip.hpp"
 
+#include "core/errors.hpp"
+#include "core/numbers.hpp"
+
 #include <algorithm>
 #include <cmath>
 
@@ -51,6 +54,8 @@ struct Top
 
 } // namespace
 
+Error too_many_pages() { return invalid_call(u"El reporte pasa de " + decimal(most_pages) + u" páginas"); }
+
 Strip Strip::rehearsal(double enough)
 {
     Strip strip(1e9, nullptr);
@@ -60,7 +65,7 @@ Strip Strip::rehearsal(double enough)
 
 std::size_t Strip::page_of(double y) const
 {
-    return static_cast<std::size_t>(std::max(0.0, std::floor((y + tolerance) / page_height_)));
+    return static_cast<std::size_t>(std::clamp(std::floor((y + tolerance) / page_height_), 0.0, 1e15));
 }
 
 double Strip::rest_of_page(double y) const { return top_of(page_of(y) + 1) - y; }
@@ -70,30 +75,42 @@ bool Strip::is_fresh(double y) const
     return std::abs(y - fresh_) <= tolerance || y - top_of(page_of(y)) <= tolerance;
 }
 
-double Strip::break_page(double y)
+double Strip::break_page(double y) { return is_rehearsal() ? y : fresh_ = under_repeated(page_of(y) + 1); }
+
+double Strip::under_repeated(std::size_t page)
 {
-    const std::size_t page = page_of(y) + 1;
     double top = top_of(page);
-    const std::vector<Repeated*> repeated = repeated_; // what they put may break pages itself
+    if (std::exchange(is_repeating_, true)) return top; // what is repeated is higher than a page
+    const std::vector<Repeated*> repeated = repeated_;  // tables in it come and go
     for (Repeated* each : repeated) {
-        if (each->page_ != page) {
+        if (each->page_ < page) {
             each->page_ = page;
-            each->bottom_ = each->place_again(top);
+            each->height_ = each->place_again(top) - top;
         }
-        top = each->bottom_;
+        top += each->height_;
     }
-    return fresh_ = top;
+    is_repeating_ = false;
+    return top;
 }
 
 double Strip::next_page(double y) const
 {
     const double top = top_of(page_of(y));
-    return y - top <= tolerance ? y : top + page_height_;
+    return y - top <= tolerance || is_rehearsal() ? y : top + page_height_;
+}
+
+double Strip::go_on(double y)
+{
+    const std::size_t page = page_of(y);
+    return repeated_.empty() || y - top_of(page) > tolerance ? y : fresh_ = under_repeated(page);
 }
 
 double Strip::make_room(double y, double height)
 {
+    y = go_on(y);
     if (height <= rest_of_page(y) + tolerance || is_fresh(y)) return y;
+    // What no page can hold begins here, unless little is left.
+    if (height > page_height_ + tolerance && rest_of_page(y) > page_height_ / 4) return y;
     return break_page(y);
 }
 
@@ -104,6 +121,7 @@ void Strip::reset_page_number(double y)
 
 Draft& Strip::draft(std::size_t page)
 {
+    if (page >= most_pages) throw too_many_pages();
     page = std::max(page, first_);
     while (drafts_.size() <= page - first_) drafts_.emplace_back();
     return drafts_[page - first_];
@@ -115,25 +133,39 @@ void Strip::put_on(std::size_t page, pages::Mark mark)
     draft(page).marks.push_back(std::move(mark));
 }
 
+// Calls `part` with the page, top and bottom of each part of what goes on over pages.
+template <class Part>
+void Strip::part(double top, double bottom, Part part)
+{
+    for (double y = top, end; y < bottom - tolerance; y = end) {
+        const std::size_t page = page_of(y);
+        end = std::min(bottom, top_of(page + 1));
+        part(page, y, end);
+    }
+}
+
 void Strip::put(pages::Mark mark)
 {
     if (is_rehearsal()) return;
-    if (const auto* fill = std::get_if<FillMark>(&mark)) {
-        for (double y = fill->box.top; y < fill->box.bottom() - tolerance;) {
-            const double end = std::min(fill->box.bottom(), top_of(page_of(y) + 1));
-            put_on(page_of(y), FillMark{{fill->box.left, y, fill->box.width, end - y}, fill->color});
-            y = end;
-        }
-        return;
+    if (const auto* fill = std::get_if<FillMark>(&mark))
+        return part(fill->box.top, fill->box.bottom(), [&](std::size_t page, double top, double bottom) {
+            put_on(page, FillMark{{fill->box.left, top, fill->box.width, bottom - top}, fill->color});
+        });
+    if (auto* picture = std::get_if<pages::PictureMark>(&mark)) {
+        const Box visible = picture->visible;
+        return part(visible.top, visible.bottom(), [&](std::size_t page, double top, double bottom) {
+            picture->visible.top = top;
+            picture->visible.height = bottom - top;
+            put_on(page, *picture);
+        });
     }
-    if (auto* line = std::get_if<LineMark>(&mark); line && line->from.x == line->to.x) {
-        if (line->from.y > line->to.y) std::swap(line->from.y, line->to.y);
-        for (LineMark part = *line; part.from.y < line->to.y - tolerance; part.from.y = part.to.y) {
-            part.to.y = std::min(line->to.y, top_of(page_of(part.from.y) + 1));
-            put_on(page_of(part.from.y), part);
-        }
-        return;
-    }
+    if (auto* line = std::get_if<LineMark>(&mark); line && line->from.x == line->to.x)
+        return part(std::min(line->from.y, line->to.y), std::max(line->from.y, line->to.y),
+                    [this, line = *line](std::size_t page, double top, double bottom) mutable {
+                        line.from.y = top;
+                        line.to.y = bottom;
+                        put_on(page, line);
+                    });
     const std::size_t page = page_of(std::visit(Top{}, mark));
     put_on(page, std::move(mark));
 }
@@ -154,15 +186,12 @@ Strip::Behind Strip::behind(double y)
 void Strip::put_behind(const Behind& place, const FillMark& fill)
 {
     if (is_rehearsal()) return;
-    for (double y = fill.box.top; y < fill.box.bottom() - tolerance;) {
-        const std::size_t page = page_of(y);
-        const double end = std::min(fill.box.bottom(), top_of(page + 1));
-        const auto index = static_cast<std::ptrdiff_t>(page == place.page ? place.index : 0);
-        FillMark part{{fill.box.left, y - top_of(page), fill.box.width, end - y}, fill.color};
+    part(fill.box.top, fill.box.bottom(), [&](std::size_t page, double top, double bottom) {
         auto& marks = draft(page).marks;
-        marks.insert(marks.begin() + index, part);
-        y = end;
-    }
+        const auto index = static_cast<std::ptrdiff_t>(page == place.page ? place.index : 0);
+        marks.insert(marks.begin() + index,
+                     FillMark{{fill.box.left, top - top_of(page), fill.box.width, bottom - top}, fill.color});
+    });
 }
 
 void Strip::complete_before(double y)

@@ -2,6 +2,7 @@
 // pages); lengths count from its beginning.
 #pragma once
 
+#include "core/errors.hpp"
 #include "platform/pages/page.hpp"
 #include "printing/composing/page_items.hpp"
 
@@ -28,9 +29,13 @@ public:
 
 private:
     friend class Strip;
-    std::size_t page_ = 0; // that it was put on last, and where it ended there
-    double bottom_ = 0;
+    std::size_t page_ = 0; // that it was put on last, and how high it was there
+    double height_ = 0;
 };
+
+// A report of more pages is an Error: a layout whose pages never end.
+constexpr std::size_t most_pages = 20'000;
+Error too_many_pages();
 
 class Strip
 {
@@ -49,19 +54,26 @@ public:
     // Nothing but what is repeated stands above y on its page.
     bool is_fresh(double y) const;
 
-    // Where to go on on the next page, under what is repeated there.
+    // Where to go on on the next page, under what is repeated there. A rehearsal has no other page.
     double break_page(double y);
     // The top of the next page, with nothing on it; y itself when it is the top of one.
     double next_page(double y) const;
-    // y, or the next page when the height has no room on this one but would have there.
+    // y, or below what is repeated on a page that begins at y.
+    double go_on(double y);
+    // The same, or the next page when the height has no room on this one but would have there.
     double make_room(double y, double height);
     void reset_page_number(double y);
 
-    // While it lives, something is repeated on each new page.
+    // While it lives, something is repeated on each page after that of y.
     class Repeating
     {
     public:
-        Repeating(Strip& strip, Repeated& what) : strip_(strip) { strip_.repeated_.push_back(&what); }
+        Repeating(Strip& strip, Repeated& what, double y) : strip_(strip)
+        {
+            what.page_ = strip.page_of(y);
+            what.height_ = 0;
+            strip_.repeated_.push_back(&what);
+        }
         ~Repeating() { strip_.repeated_.pop_back(); }
         Repeating(const Repeating&) = delete;
         Repeating& operator=(const Repeating&) = delete;
@@ -70,8 +82,8 @@ public:
         Strip& strip_;
     };
 
-    // A mark in lengths of the strip, on the page where it begins. Fills and upright lines go on on the next
-    // pages.
+    // A mark in lengths of the strip, on the page where it begins. Fills, pictures and upright lines go on on
+    // the next pages.
     void put(pages::Mark mark);
     void record(double y, const ReportItem& item, const Variant& value);
 
@@ -89,6 +101,9 @@ public:
 
 private:
     Draft& draft(std::size_t page);
+    double under_repeated(std::size_t page);
+    template <class Part>
+    void part(double top, double bottom, Part part);
     double top_of(std::size_t page) const { return static_cast<double>(page) * page_height_; }
     void put_on(std::size_t page, pages::Mark mark);
 
@@ -98,6 +113,7 @@ private:
     std::size_t first_ = 0; // the page of the first draft
     double fresh_ = 0;      // the y that the last break led to
     std::vector<Repeated*> repeated_;
+    bool is_repeating_ = false; // what is repeated is being put
 };
 
 } // namespace tolvex::printing

@@ -56,6 +56,7 @@ TablixPlan::TablixPlan(const Canvas& canvas, const ReportItem& item, const Scope
     region.name = item.name;
     region.parent = &rows;
     region.group = nullptr;
+    region.previous = nullptr;
     region.column = nullptr;
     RowOrder& order = orders_.emplace_back(rows.order->begin() + rows.begin, rows.order->begin() + rows.end);
     region.order = &order;
@@ -76,6 +77,7 @@ TablixPlan::TablixPlan(const Canvas& canvas, const ReportItem& item, const Scope
     for (const ColumnInstance& column : columns_)
         if (column.scope && column.scope->group) rank_rows(*column.scope->order);
     expand_rows(tablix_.row_members, {&region, 0, -1});
+    move_new_pages();
 }
 
 void TablixPlan::number_leaves(const std::vector<TablixMember>& members, int& next)
@@ -102,18 +104,23 @@ std::vector<const Scope*> TablixPlan::instances(const TablixMember& member, cons
 {
     const Report& report = canvas_.report();
     auto& order = const_cast<RowOrder&>(*around.order); // one of orders_
-    std::vector<const Scope*> all;
+    std::vector<Scope> found;
+    Scope instance = around;
+    instance.name = member.group->name;
+    instance.parent = &around;
+    instance.column = nullptr;
+    instance.group = &*member.group;
     auto begin = around.begin;
     for (const std::uint32_t end : part_rows(report, *member.group, member.sorting, around, order)) {
-        Scope instance = around;
-        instance.name = member.group->name;
-        instance.parent = &around;
-        instance.column = nullptr;
-        instance.group = &*member.group;
         instance.begin = begin;
         instance.end = begin = end;
-        if (!passes(report, member.group->filters, instance) || is_hidden(member, &instance)) continue;
-        all.push_back(&scopes_.emplace_back(instance));
+        found.push_back(instance);
+    }
+    keep_filtered(report, member.group->filters, found);
+    std::vector<const Scope*> all;
+    for (Scope& each : found) {
+        each.previous = all.empty() ? nullptr : all.back();
+        if (!is_hidden(member, &each)) all.push_back(&scopes_.emplace_back(each));
     }
     return all;
 }
@@ -157,9 +164,26 @@ void TablixPlan::expand_row_groups(const TablixMember& member, const Branch& bra
         if (member.keep_together)
             first_row.kept_rows = std::max(first_row.kept_rows, last_index(rows_) - first + 1);
         if (!member.group->document_map_label.is_empty())
-            first_row.group_labels.insert(first_row.group_labels.begin(), &member);
+            first_row.group_labels.insert(first_row.group_labels.begin(), instance);
         want_new_page(*member.group, instance, at_end);
     }
+}
+
+// A group that begins a page takes the header rows above it along, one that ends a page the footer rows
+// below.
+void TablixPlan::move_new_pages()
+{
+    const auto move = [this](std::size_t from, std::size_t to) {
+        RowInstance& row = rows_[from];
+        if (!std::exchange(row.new_page, false)) return;
+        const bool resets = std::exchange(row.resets_page_number, false);
+        (to < rows_.size() ? rows_[to].new_page : new_page_) = true;
+        (to < rows_.size() ? rows_[to].resets_page_number : resets_page_number_) |= resets;
+    };
+    for (std::size_t i = 0; i < rows_.size(); ++i)
+        if (rows_[i].member->keep_with_group == KeepWithGroup::before) move(i, i + 1);
+    for (std::size_t i = rows_.size(); i-- > 1;)
+        if (rows_[i - 1].member->keep_with_group == KeepWithGroup::after) move(i, i - 1);
 }
 
 void TablixPlan::want_new_page(const Group& group, const Scope* scope, bool wanted)
@@ -264,6 +288,7 @@ const Scope* TablixPlan::cell_scope(const RowInstance& row, const ColumnInstance
     own.scope = *row.scope;
     own.scope.name.clear();
     own.scope.group = nullptr;
+    own.scope.previous = nullptr;
     own.scope.parent = row.scope;
     own.scope.column = column.scope;
     own.scope.order = &own.order;

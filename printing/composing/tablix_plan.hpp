@@ -13,8 +13,9 @@ struct RowInstance
     const Scope* scope = nullptr;
     int repeated = -1; // the row above that each new page repeats last; that row tells the one before it
     bool new_page = false, resets_page_number = false;
-    int kept_rows = 1;                             // rows from this one on that a group wants on one page
-    std::vector<const TablixMember*> group_labels; // groups that begin here and are in the document map
+    int kept_rows = 1; // rows from this one on that a group wants on one page
+    std::vector<const Scope*>
+        group_labels; // groups that begin here and are in the document map, outermost first
 };
 
 struct ColumnInstance
@@ -75,6 +76,7 @@ private:
     void expand_row_member(const TablixMember& member, const Branch& branch);
     void expand_row_groups(const TablixMember& member, const Branch& branch);
     void expand_row_instance(const TablixMember& member, const Branch& branch);
+    void move_new_pages();
     void want_new_page(const Group& group, const Scope* scope, bool wanted);
     void expand_columns(const std::vector<TablixMember>& members, const Scope* scope, double offset);
     void expand_column_member(const TablixMember& member, const Scope* scope, double offset);

@@ -26,25 +26,29 @@ std::size_t word_end(TextView text, std::size_t from)
 
 bool is_high_surrogate(char16_t c) { return c >= 0xD800 && c < 0xDC00; }
 
-// How much of a text, at least one character, is no wider than `room`.
+// How much of a text is no wider than `room`.
 std::size_t units_within(TextView text, const pages::Font& font, double room)
 {
-    std::size_t low = 1, high = text.size();
-    while (low < high) {
-        const std::size_t middle = (low + high + 1) / 2;
-        if (pages::text_width(font, text.substr(0, middle)) <= room + rounding)
-            low = middle;
-        else
-            high = middle - 1;
+    std::size_t units = 0;
+    for (double width = 0; units < text.size(); ++units) {
+        width += pages::text_width(font, text.substr(units, 1));
+        if (width > room + rounding) break;
     }
-    if (low < text.size() && is_high_surrogate(text[low - 1])) low += low == 1 ? 1 : -1;
-    return low;
+    return units;
 }
 
-Text without_blanks_at_end(TextView text)
+// At least one character of a text, and no half of one.
+std::size_t whole_characters(TextView text, std::size_t units)
+{
+    if (units == 0) units = 1;
+    if (!is_high_surrogate(text[units - 1]) || units == text.size()) return units;
+    return units == 1 ? 2 : units - 1;
+}
+
+TextView without_blanks_at_end(TextView text)
 {
     const auto last = text.find_last_not_of(u' ');
-    return Text(text.substr(0, last == TextView::npos ? 0 : last + 1));
+    return text.substr(0, last == TextView::npos ? 0 : last + 1);
 }
 
 class LineBreaker
@@ -81,7 +85,7 @@ private:
         if (line_.ascent == 0 && !paragraph_->spans.empty()) stand_in(*paragraph_->spans.front().look);
         while (!line_.spans.empty()) {
             Text& last = line_.spans.back().text;
-            last = without_blanks_at_end(last);
+            last.resize(without_blanks_at_end(last).size());
             if (!last.empty()) break;
             line_.spans.pop_back();
         }
@@ -103,7 +107,7 @@ private:
         const pages::FontMeasures& measures = pages::measures(look.font);
         double ascent = measures.ascent * look.font.size;
         const double descent = measures.descent * look.font.size;
-        if (look.line_height > 0) ascent = look.line_height - descent;
+        if (paragraph_->line_height > 0) ascent = paragraph_->line_height - descent;
         line_.ascent = std::max(line_.ascent, ascent);
         line_.descent = std::max(line_.descent, descent);
     }
@@ -126,18 +130,15 @@ private:
 
     void word(TextView word, const Span& span)
     {
-        const pages::Font& font = span.look->font;
         while (!word.empty()) {
-            const double room = line_.room - reached_;
-            const double width = pages::text_width(font, without_blanks_at_end(word));
-            if (width <= room + rounding) return append(word, span);
-            if (reached_ > 0) {
-                next_line();
-                continue;
+            const TextView letters = without_blanks_at_end(word);
+            const std::size_t units = units_within(letters, span.look->font, line_.room - reached_);
+            if (units == letters.size()) return append(word, span);
+            if (reached_ == 0) {
+                const std::size_t part = whole_characters(word, units);
+                append(word.substr(0, part), span);
+                word.remove_prefix(part);
             }
-            const std::size_t units = units_within(word, font, line_.room);
-            append(word.substr(0, units), span);
-            word.remove_prefix(units);
             if (!word.empty()) next_line();
         }
     }

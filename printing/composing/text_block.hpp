@@ -30,6 +30,7 @@ struct ParagraphText
     std::vector<Span> spans;
     Horizontal horizontal = Horizontal::left;
     double left_indent = 0, right_indent = 0, hanging_indent = 0, space_before = 0, space_after = 0;
+    double line_height = 0; // 0: as the fonts have it
 };
 
 // Lines break at blanks and hyphens, else anywhere: nothing stands beyond the width.

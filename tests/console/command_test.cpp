@@ -66,6 +66,32 @@ TEST_F(Command, demonstration_runs_again_and_again)
         EXPECT_TRUE(exists(path() / "prueba/Facturas" / (std::string(name) + ".xml"))) << name;
 }
 
+TEST_F(Command, imprime_makes_the_pdf_of_a_document_and_says_what_its_layout_lacks)
+{
+    demo();
+    const std::vector<std::string> print = {"imprime", "2", "--empresa", "1", "--bd", database, "--pdf"};
+    const auto printed = [&](std::vector<std::string> more) {
+        more.insert(more.begin(), print.begin(), print.end());
+        return tolvex(more);
+    };
+    std::filesystem::remove(path() / "demo/FacturaElec_2.pdf");
+    EXPECT_EQ(printed({}).output, (path() / "demo/FacturaElec_2.pdf").string() + "\n");
+    EXPECT_TRUE(exists(path() / "demo/FacturaElec_2.pdf"));
+    write_file(
+        path() / "grafica.rdl",
+        "<Report xmlns='http://schemas.microsoft.com/sqlserver/reporting/2008/01/reportdefinition'><Body>"
+        "<ReportItems><Chart Name='g'/></ReportItems><Height>1in</Height></Body><Width>1in</Width>\n"
+        "<ReportParameters><ReportParameter Name='cIndFactura'/><ReportParameter Name='nEmpresa'/>"
+        "</ReportParameters><Page/></Report>");
+    const Outcome own = printed({"mio.pdf", "--reporte", "grafica.rdl"});
+    EXPECT_EQ(own.output, (path() / "mio.pdf").string() + "\n") << own.errors;
+    EXPECT_THAT(tolvex({"revisa-reporte", "grafica.rdl"}).output, HasSubstr("Chart \"g\", renglón 1"));
+    EXPECT_THAT(printed({"--reporte", "no_hay.rdl"}).errors, HasSubstr("no_hay.rdl"));
+    const Outcome unknown = tolvex({"imprime", "77", "--empresa", "1", "--bd", database, "--pdf"});
+    EXPECT_EQ(unknown.exit_code, 1);
+    EXPECT_EQ(unknown.errors, "tolvex: no existe el documento 77 de la empresa 1\n");
+}
+
 TEST_F(Command, emite_prints_the_path_of_every_document)
 {
     demo();

@@ -153,11 +153,14 @@ TEST_F(Composer, what_stands_below_moves_with_what_grows_and_shrinks)
                                     box("b", "debajo", shrink + at(0, 30, 100, 40)) +
                                     box("c", "más", at(0, 80, 100, 12))))[0]),
               "0 9 uno\n0 20 dos\n0 39 debajo\n0 60 más\n");
-    // Hidden items keep their room.
-    EXPECT_EQ(texts(composed(
-                  layout(box("a", "no", "<Visibility><Hidden>=1=1</Hidden></Visibility>" + at(0, 0, 9, 12)) +
-                         box("b", "sí", at(0, 20, 100, 12))))[0]),
-              "0 29 sí\n");
+    // What is always hidden keeps its room, what its data hide does not.
+    const auto hidden = [](const std::string& condition) {
+        return layout(
+            box("a", "no", "<Visibility><Hidden>" + condition + "</Hidden></Visibility>" + at(0, 0, 9, 12)) +
+            box("b", "sí", at(0, 20, 100, 12)));
+    };
+    EXPECT_EQ(texts(composed(hidden("true"))[0]), "0 29 sí\n");
+    EXPECT_EQ(texts(composed(hidden("=1=1"))[0]), "0 17 sí\n");
 }
 
 TEST_F(Composer, text_breaks_at_blanks_and_where_it_has_none_and_aligns)
@@ -245,6 +248,177 @@ TEST_F(Composer, headers_come_again_on_each_page_and_sections_know_their_page)
     // The footer row would not fit beside the last row: both go on to a page of their own.
     EXPECT_EQ(words(composed(layout(tablix(1, rows, members), sections))),
               "Artículo Pan Café Pan-Café | Artículo Azúcar 2/3 Azúcar-Azúcar | Artículo Pan fin 3/3 ");
+}
+
+const std::string header_member = "<TablixMember><KeepWithGroup>After</KeepWithGroup><RepeatOnNewPage>true"
+                                  "</RepeatOnNewPage></TablixMember>";
+const std::string detail_member = "<TablixMember><Group Name='R'/></TablixMember>";
+const std::string footer_member = "<TablixMember><KeepWithGroup>Before</KeepWithGroup></TablixMember>";
+
+// A group by zone around other members.
+std::string zones(const std::string& members, const std::string& more = "")
+{
+    return "<TablixMember><Group Name='Zona'><GroupExpressions><GroupExpression>=Fields!cZona.Value"
+           "</GroupExpression></GroupExpressions>" +
+           more + "</Group><TablixMembers>" + members + "</TablixMembers></TablixMember>";
+}
+
+TEST_F(Composer, a_page_that_rows_fill_to_its_end_is_followed_by_headers)
+{
+    const std::string rows =
+        row(50, cell(box("h", "Artículo"))) + row(75, cell(box("d", "=Fields!nAnno.Value")));
+    EXPECT_EQ(words(composed(layout(tablix(1, rows, header_member + detail_member)))),
+              "Artículo 2010 2010 | Artículo 2011 2011 ");
+}
+
+TEST_F(Composer, a_row_higher_than_a_page_goes_on_over_pages_and_the_next_stands_below_it)
+{
+    const std::string tall = "=Replace(Space(29), \" \", \"x\" &amp; vbCrLf) &amp; Fields!nImporte.Value";
+    const std::string border = "<Style><Border><Style>Solid</Style></Border></Style>";
+    const std::string rows = row(12, cell(box("h", "H")) + cell(box("i", "I"))) +
+                             row(12, cell(box("d", tall, grow + border)) + cell(box("e", "al lado", border)));
+    const auto pages = composed(layout(tablix(2, rows, header_member + detail_member)));
+    ASSERT_EQ(pages.size(), 8u);
+    EXPECT_THAT(texts(pages[0]), ::testing::StartsWith("0 9 H\n100 9 I\n0 21 x\n"));
+    EXPECT_THAT(texts(pages[1]), ::testing::StartsWith("0 9 H\n100 9 I\n0 21 x\n"));
+    // The second row begins on a page of its own: little was left.
+    EXPECT_THAT(texts(pages[2]), HasSubstr("x\n100 21 al lado\n"));
+}
+
+TEST_F(Composer, breaks_of_groups_take_header_and_footer_rows_along)
+{
+    const std::string rows = row(12, cell(box("h", "H"))) + row(12, cell(box("z", "=Fields!cZona.Value"))) +
+                             row(12, cell(box("d", "=Fields!cArticulo.Value"))) +
+                             row(12, cell(box("f", "F")));
+    const auto broken = [&](const std::string& location) {
+        const std::string breaks = "<PageBreak><BreakLocation>" + location + "</BreakLocation></PageBreak>";
+        const std::string members =
+            header_member + zones("<TablixMember/>" + detail_member, breaks) + footer_member;
+        return words(
+            composed(layout(box("a", "antes", at(0, 0, 90, 12)) + "<Rectangle Name='r'><ReportItems>" +
+                            tablix(1, rows, members) + "</ReportItems>" + at(0, 20, 100, 12) +
+                            "</Rectangle>" + box("b", "después", at(0, 40, 90, 12)))));
+    };
+    const std::string south = "Sur Pan Azúcar ", north = "Norte Café Pan ";
+    EXPECT_EQ(broken("Between"), "antes H " + south + "| H " + north + "F después ");
+    EXPECT_EQ(broken("Start"), "antes | H " + south + "| H " + north + "F después ");
+    EXPECT_EQ(broken("End"), "antes H " + south + "| H " + north + "F | después ");
+    EXPECT_EQ(broken("StartAndEnd"), "antes | H " + south + "| H " + north + "F | después ");
+}
+
+TEST_F(Composer, a_rectangle_in_a_cell_may_break_pages)
+{
+    const std::string rectangle =
+        "<Rectangle Name='r'><PageBreak><BreakLocation>End</BreakLocation></PageBreak>"
+        "<ReportItems>" +
+        box("d", "=Fields!nAnno.Value", at(0, 0, 90, 12)) + "</ReportItems></Rectangle>";
+    EXPECT_EQ(words(composed(layout(tablix(1, row(20, cell(rectangle)), detail_member)))),
+              "2010 | 2010 | 2011 | 2011 ");
+}
+
+TEST_F(Composer, a_value_that_repeats_is_shown_again_on_each_page)
+{
+    const std::string hides = "<HideDuplicates>D</HideDuplicates>";
+    const std::string rows = row(60, cell(box("z", "=Fields!nAnno.Value \\ 1000", hides)) +
+                                         cell(box("d", "=Fields!cArticulo.Value")));
+    EXPECT_EQ(words(composed(layout(tablix(2, rows, detail_member)))), "2 Pan Café Azúcar | 2 Pan ");
+}
+
+TEST_F(Composer, rows_count_and_run_through_groups_regions_and_matrices)
+{
+    const auto shown = [&](const std::string& expression) {
+        const std::string rows =
+            row(12, cell(box("z", "=Fields!cZona.Value"))) + row(12, cell(box("d", expression)));
+        return words(composed(layout(tablix(1, rows, zones("<TablixMember/>" + detail_member)))));
+    };
+    EXPECT_EQ(shown("=RowNumber(Nothing)"), "Sur 1 2 Norte 3 4 ");
+    EXPECT_EQ(shown("=RowNumber(\"D\")"), "Sur 1 2 Norte 3 4 ");
+    EXPECT_EQ(shown("=RunningValue(Fields!nImporte.Value, Sum, \"D\")"), "Sur 10 40 Norte 60 100 ");
+    EXPECT_EQ(shown("=RunningValue(Fields!nImporte.Value, Sum, Nothing)"), "Sur 10 40 Norte 60 100 ");
+    EXPECT_EQ(shown("=RunningValue(Fields!nImporte.Value, Sum, \"Zona\")"), "Sur 10 40 Norte 20 60 ");
+    EXPECT_EQ(shown("=Previous(Fields!nImporte.Value)"), "Sur 10 Norte 20 ");
+    EXPECT_EQ(shown("=ReportItems!z.Value"), "Sur Sur Sur Norte Norte Norte ");
+    EXPECT_EQ(shown("=Sum(Fields!nImporte.Value, \"Zona\") / 10"), "Sur 4 4 Norte 6 6 ");
+
+    const std::string zone = row(12, cell(box("z", "=Sum(Fields!nImporte.Value) &amp; \":\" &amp; "
+                                                   "Previous(Sum(Fields!nImporte.Value))")));
+    EXPECT_EQ(words(composed(layout(tablix(1, zone, zones("<TablixMember/>"))))), "40: 60:40 ");
+    const std::string best =
+        "<Filters><Filter><FilterExpression>=Sum(Fields!nImporte.Value)</FilterExpression>"
+        "<Operator>TopN</Operator><FilterValues><FilterValue>=1</FilterValue></FilterValues>"
+        "</Filter></Filters>";
+    EXPECT_EQ(words(composed(layout(tablix(1, zone, zones("<TablixMember/>", best))))), "60: ");
+
+    const std::string years =
+        "<TablixMember><Group Name='Anno'><GroupExpressions><GroupExpression>"
+        "=Fields!nAnno.Value</GroupExpression></GroupExpressions></Group></TablixMember>";
+    const auto matrix = [&](const std::string& expression) {
+        return words(
+            composed(layout(tablix(2, row(12, cell(box("s", expression)) + cell(box("t", expression))),
+                                   zones("<TablixMember/>"), years + "<TablixMember/>"))));
+    };
+    EXPECT_EQ(matrix("=RunningValue(Fields!nImporte.Value, Sum, \"Zona\")"), "10 40 40 20 60 60 ");
+    EXPECT_EQ(matrix("=Sum(Fields!nImporte.Value, \"Anno\")"), "30 70 40 30 70 60 ");
+}
+
+TEST_F(Composer, sections_read_what_stands_on_their_page)
+{
+    const std::string rows =
+        row(90, cell(box("d", "=Fields!cArticulo.Value"))) + row(12, cell(box("f", "fin")));
+    const std::string footer = "<PageFooter><Height>10pt</Height><PrintOnFirstPage>true</PrintOnFirstPage>"
+                               "<PrintOnLastPage>true</PrintOnLastPage><ReportItems>" +
+                               box("p", "=\"(\" &amp; ReportItems!f.Value &amp; \")\"", at(0, 0, 90, 10)) +
+                               "</ReportItems></PageFooter>";
+    EXPECT_EQ(words(composed(layout(tablix(1, rows, detail_member + "<TablixMember/>"), footer))),
+              "Pan Café () | Azúcar Pan () | fin (fin) ");
+}
+
+TEST_F(Composer, the_document_map_nests_as_the_groups_do)
+{
+    const std::string label = "<DocumentMapLabel>=Fields!cZona.Value</DocumentMapLabel>";
+    const std::string rows =
+        row(12, cell(box("z", "z"))) +
+        row(12, cell(box("d", "d", "<DocumentMapLabel>=Fields!cArticulo.Value</DocumentMapLabel>")));
+    const auto pages = composed(layout(tablix(1, rows, zones("<TablixMember/>" + detail_member, label))));
+    std::string map;
+    for (const pages::Mark& mark : pages[0].marks)
+        if (const auto* entry = std::get_if<pages::OutlineMark>(&mark))
+            map += std::to_string(entry->level) + to_utf8(entry->label) + ' ';
+    EXPECT_EQ(map, "0Sur 1Pan 1Azúcar 0Norte 1Café 1Pan ");
+}
+
+TEST_F(Composer, without_rows_the_table_says_so_in_its_own_look)
+{
+    const std::string none =
+        "<Filters><Filter><FilterExpression>=1</FilterExpression><Operator>Equal</Operator>"
+        "<FilterValues><FilterValue>=2</FilterValue></FilterValues></Filter></Filters>"
+        "<NoRowsMessage>Sin ventas</NoRowsMessage><Style><FontSize>20pt</FontSize></Style>";
+    const auto pages = composed(layout(tablix(1, row(12, cell(box("d", "=1"))), detail_member, "", none)));
+    ASSERT_EQ(pages[0].marks.size(), 1u);
+    EXPECT_EQ(std::get<pages::TextMark>(pages[0].marks[0]).font.size, 20);
+}
+
+TEST_F(Composer, each_of_several_pages_across_has_its_number)
+{
+    const std::string footer =
+        "<PageFooter><Height>10pt</Height><PrintOnFirstPage>true</PrintOnFirstPage>"
+        "<PrintOnLastPage>true</PrintOnLastPage><ReportItems>" +
+        box("p", "=Globals!PageNumber &amp; \"/\" &amp; Globals!TotalPages", at(0, 0, 90, 10)) +
+        "</ReportItems></PageFooter>";
+    EXPECT_EQ(words(composed(layout(box("b", "derecha", at(450, 0, 90, 12)), footer))), "1/2 | derecha 2/2 ");
+}
+
+TEST_F(Composer, pages_without_end_are_an_error)
+{
+    const auto endless = [&](const std::string& item, const std::string& page = "") {
+        return error_number([&] { composed(layout(item, "", "", page)); });
+    };
+    const std::string huge =
+        "<Rectangle Name='r'><ReportItems/><Style><BackgroundColor>Red</BackgroundColor></Style>"
+        "<Height>100000cm</Height><Width>1cm</Width></Rectangle>";
+    std::string rows;
+    for (int i = 0; i < 20; ++i) rows += huge;
+    EXPECT_EQ(endless(rows), numbers::invalid_call);
 }
 
 TEST_F(Composer, groups_begin_pages_and_count_them_anew)

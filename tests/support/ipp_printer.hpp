@@ -11,7 +11,8 @@ namespace tolvex::testing {
 class IppPrinter
 {
 public:
-    // With the format of documents that it takes. Throws when the programs for it are not there or do not start.
+    // With the format of documents that it takes. Throws when the programs for it are not there or do not
+    // start.
     explicit IppPrinter(const std::string& format = "application/pdf");
 
     Text address() const;

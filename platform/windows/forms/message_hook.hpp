@@ -1,4 +1,5 @@
-// Gives our windows their keys (Tab, Enter, access keys, shortcuts) under whatever message loop the host runs.
+// Gives our windows their keys (Tab, Enter, access keys, shortcuts) under whatever message loop the host
+// runs.
 #pragma once
 
 #include "platform/windows/windows.hpp"

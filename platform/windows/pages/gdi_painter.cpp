@@ -124,7 +124,8 @@ void GdiPainter::paint_first(const Page& page, std::size_t marks)
     }
 }
 
-// Lines that run across and texts that do are left out above and below what is painted; others take part always.
+// Lines that run across and texts that do are left out above and below what is painted; others take part
+// always.
 bool GdiPainter::is_seen(const Mark& mark) const
 {
     double top = 0, bottom = 0;
@@ -226,8 +227,8 @@ void GdiPainter::draw(const PictureMark& mark, const Page& page, std::size_t mar
         blend_in_memory(picture, place, page, marks_below);
 }
 
-// For devices that only cover: what lies below is painted in memory, the picture over it, and both come to the
-// device as one.
+// For devices that only cover: what lies below is painted in memory, the picture over it, and both come to
+// the device as one.
 void GdiPainter::blend_in_memory(const GdiPicture& picture, const RECT& place, const Page& page,
                                  std::size_t marks_below)
 {

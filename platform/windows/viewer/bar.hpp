@@ -1,4 +1,5 @@
-// The viewer's bar: buttons with pictures and, between them, the boxes for a page number and for words to find.
+// The viewer's bar: buttons with pictures and, between them, the boxes for a page number and for words to
+// find.
 #pragma once
 
 #include "platform/windows/forms/form_font.hpp"

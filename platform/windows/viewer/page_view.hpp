@@ -1,4 +1,5 @@
-// The part of the viewer that shows the pages: one below the other, at any scale. It paints what is seen of them.
+// The part of the viewer that shows the pages: one below the other, at any scale. It paints what is seen of
+// them.
 #pragma once
 
 #include "platform/pages/page_stack.hpp"

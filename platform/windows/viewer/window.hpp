@@ -1,4 +1,5 @@
-// A window in which a person reads a document, and its life: modeless, without an owner, under the host's message loop.
+// A window in which a person reads a document, and its life: modeless, without an owner, under the host's
+// message loop.
 #pragma once
 
 #include "platform/windows/forms/message_hook.hpp"

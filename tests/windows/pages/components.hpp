@@ -1,4 +1,5 @@
-// Pictures are decoded by a component of the system: a test program that draws them has components for all its life.
+// Pictures are decoded by a component of the system: a test program that draws them has components for all
+// its life.
 #pragma once
 
 #include "platform/windows/windows.hpp"

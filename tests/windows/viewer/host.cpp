@@ -1,5 +1,5 @@
-// A host that shows documents and runs the plainest message loop there is. It says what a viewer shows whenever that
-// changes, and ends with the last viewer or when its own window is closed.
+// A host that shows documents and runs the plainest message loop there is. It says what a viewer shows
+// whenever that changes, and ends with the last viewer or when its own window is closed.
 //
 //   host DATABASE LAYOUT FOLIO…
 #include "../client.hpp"
