@@ -42,6 +42,21 @@ void check(HRESULT result, const char16_t* what);
 // Every reference to a COM object is held by one of these.
 using Microsoft::WRL::ComPtr;
 
+// Keeps components usable on a thread whose host may have done with them.
+class ComponentsInUse
+{
+public:
+    ComponentsInUse() : in_use_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+    ~ComponentsInUse()
+    {
+        if (in_use_) CoUninitialize();
+    }
+    ComponentsInUse(const ComponentsInUse&) = delete;
+
+private:
+    const bool in_use_;
+};
+
 // An automation string; the receiver frees it. Throws std::bad_alloc.
 BSTR new_bstr(const Text& text);
 

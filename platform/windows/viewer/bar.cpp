@@ -103,7 +103,10 @@ void ViewerBar::add_room(HWND control, int characters, bool is_box)
 {
     rooms_.push_back(
         {control, static_cast<int>(SendMessageW(buttons_, TB_BUTTONCOUNT, 0, 0)), characters, is_box});
-    add_gap();
+    TBBUTTON room{}; // never enabled: what is placed over it takes its clicks
+    room.iBitmap = I_IMAGENONE;
+    room.fsStyle = BTNS_BUTTON;
+    add(room);
 }
 
 void ViewerBar::add(TBBUTTON button)

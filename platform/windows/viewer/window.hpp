@@ -44,6 +44,7 @@ private:
     void print();
     void save();
 
+    const ComponentsInUse components_; // pictures are decoded when they are first seen
     const std::vector<pages::Page> pages_;
     const pages::DocumentProperties properties_;
     MessageHook hook_;

@@ -58,6 +58,9 @@ changes_scale() {
     shows "con la rueda y Ctrl" '\[110 %\]'
     press ctrl+0
     takes_picture pagina-completa
+    xdotool mousemove --window "$window" $((20 * dpi / 96)) $((17 * dpi / 96)) # it rests on a button
+    sleep 1.5
+    import -window root "$pictures/consejo-$dpi.png"
     press ctrl+2
 }
 
