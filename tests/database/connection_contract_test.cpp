@@ -108,7 +108,8 @@ TEST_P(ConnectionContract, values_come_back_as_they_were_stored)
 
 TEST_P(ConnectionContract, names_in_a_query_take_the_values_given_for_them)
 {
-    if (GetParam().name.find("Sqlite") != std::string::npos) return; // through ODBC it is the server that knows names
+    if (GetParam().name.find("Sqlite") != std::string::npos)
+        return; // through ODBC it is the server that knows names
     for (int key : {1, 2, 3}) add(key);
     connection_.execute(u"update tolvex_prueba set cTexto = 'it''s @nClave' where nClave = 2");
     Recordset rows =
