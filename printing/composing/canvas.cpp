@@ -49,7 +49,10 @@ std::string file_bytes(const Layout& layout, const Text& name)
     if (name.find(u"://") != Text::npos && !starts_with_ignoring_case(name, u"file://"))
         throw invalid_call(u"No se traen imágenes de la red: " + name);
     const Text path = starts_with_ignoring_case(name, u"file:///") ? name.substr(8) : name;
-    return files::read(files::resolved(layout.file, path));
+    const Text file = files::resolved(layout.file, path);
+    constexpr std::uint64_t most = 100'000'000; // devices have no size: they are not found
+    if (files::size(file) > most) throw invalid_call(u"La imagen es demasiado grande: " + name);
+    return files::read(file);
 }
 
 } // namespace

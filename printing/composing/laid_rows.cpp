@@ -65,6 +65,7 @@ double LaidRows::wanted_height(int i)
 LaidRow LaidRows::laid(int i)
 {
     const RowInstance& instance = this->instance(i);
+    canvas_.report().composition().count_cells(plan_.columns().size() + 1);
     LaidRow row;
     row.height = tablix_.rows[static_cast<std::size_t>(instance.row)].height;
     for (std::size_t column = 0; column < plan_.columns().size(); ++column) add_cell(row, instance, column);

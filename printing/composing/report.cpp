@@ -2,6 +2,7 @@
 
 #include "core/dates.hpp"
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
 #include "printing/composing/rows.hpp"
 #include "printing/composing/scope_environment.hpp"
 
@@ -92,6 +93,13 @@ void Composition::remark(const Place& place, const Text& text)
         return each.place.line == place.line && each.place.element == place.element && each.text == text;
     };
     if (std::none_of(remarks.begin(), remarks.end(), same)) remarks.push_back({place, text});
+}
+
+void Composition::count_cells(std::size_t more)
+{
+    constexpr std::size_t most = 10'000'000;
+    if ((cells += more) > most)
+        throw invalid_call(u"Las tablas del reporte pasan de " + decimal(most) + u" celdas");
 }
 
 Report::Report(const Layout& layout, const std::vector<GivenValue>& given, Composition& composition)
@@ -244,11 +252,15 @@ const Variable* Report::variable(TextView name) const
 
 Report::Running& Report::running(const AggregateCall& call, const Scope& scope) const
 {
+    const std::uint32_t first_row = scope.empty() ? 0 : (*scope.order)[scope.begin];
     for (Running& each : running_)
-        if (each.call == &call && each.order == scope.order && each.begin == scope.begin) return each;
+        if (each.call == &call && each.order == scope.order && each.begin == scope.begin &&
+            each.first_row == first_row)
+            return each;
     const auto of_this_call = [&call](const Running& each) { return each.call == &call; };
     if (running_.size() > 200) std::erase_if(running_, of_this_call); // groups that are done with
-    return running_.emplace_back(&call, scope.begin, scope.begin, scope.order, Accumulator(call.running));
+    running_.push_back({&call, scope.begin, scope.begin, scope.order, first_row, Accumulator(call.running)});
+    return running_.back();
 }
 
 } // namespace tolvex::printing

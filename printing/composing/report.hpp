@@ -26,8 +26,11 @@ struct Composition
     std::vector<Remark> remarks{};                        // each once
     std::map<Text, std::unique_ptr<Layout>> subreports{}; // by their files, read once
     std::vector<Text> open_files{};                       // of the reports around what is being placed
+    std::size_t cells = 0;                                // of tables, measured so far
 
     void remark(const Place& place, const Text& text);
+    // Throws Error when there are more than any report needs: tables in tables that multiply each other.
+    void count_cells(std::size_t more);
 };
 
 class Report
@@ -60,6 +63,7 @@ public:
         const AggregateCall* call;
         std::uint32_t begin, upto;
         const RowOrder* order;
+        std::uint32_t first_row; // a later table's order may lie where an earlier one's was
         Accumulator accumulator;
     };
     Running& running(const AggregateCall& call, const Scope& scope) const;
