@@ -176,6 +176,17 @@ TEST_F(Composer, text_breaks_at_blanks_and_where_it_has_none_and_aligns)
     EXPECT_THAT(remarks_, HasSubstr("Textbox \"d\""));
 }
 
+TEST_F(Composer, lines_keep_the_height_that_a_paragraph_gives_them_and_lists_hang)
+{
+    const std::string list =
+        "<Textbox Name='a'><CanGrow>true</CanGrow><Paragraphs><Paragraph><TextRuns><TextRun>"
+        "<Value>uno dos</Value></TextRun></TextRuns><ListStyle>Numbered</ListStyle>"
+        "<ListLevel>1</ListLevel><Style><LineHeight>20pt</LineHeight></Style></Paragraph>"
+        "</Paragraphs>" +
+        at(0, 0, 55, 12) + "</Textbox>";
+    EXPECT_EQ(texts(composed(layout(list))[0]), "18 18 1.  uno\n32 38 dos\n");
+}
+
 TEST_F(Composer, groups_sort_total_and_count)
 {
     const std::string rows =
