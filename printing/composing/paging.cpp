@@ -158,12 +158,16 @@ void SheetMaker::finish()
 void SheetMaker::close()
 {
     column_count_ = 0;
-    const Draft all = std::exchange(columns_, {});
+    Draft all = std::exchange(columns_, {});
     double right = 0;
     for (const Mark& mark : all.marks) right = std::max(right, std::visit(Extent{}, mark).right);
     const double across = std::clamp(std::ceil((right - tolerance) / room_.width), 1.0, most_across);
-    Sheet sheet{{}, all.values, all.resets_page_number};
+    Sheet sheet{{}, std::move(all.values), all.resets_page_number};
     sheet.across.resize(static_cast<std::size_t>(across));
+    if (across == 1) {
+        sheet.across.front() = std::move(all.marks);
+        return take_(std::move(sheet));
+    }
     for (std::size_t i = 0; i < sheet.across.size(); ++i) {
         const double from = static_cast<double>(i) * room_.width;
         const double to = i + 1 < sheet.across.size() ? from + room_.width : 1e9;
@@ -171,7 +175,7 @@ void SheetMaker::close()
             const auto [begin, end] = std::visit(Extent{}, mark);
             if ((begin < from && end <= from + tolerance) || begin >= to - tolerance) continue;
             Mark part = mark;
-            if (sheet.across.size() > 1) cut(part, from, to);
+            cut(part, from, to);
             std::visit(Move{-from, 0}, part);
             sheet.across[i].push_back(std::move(part));
         }

@@ -48,16 +48,16 @@ double place_line(Canvas& canvas, const ReportItem& item, Box box, const Setting
     return box.bottom();
 }
 
-void put_edge(Strip& strip, const Stroke& stroke, pages::Point from, pages::Point to)
+void put_edge(Strip& strip, const Stroke& stroke, pages::Point from, pages::Point to, double page_at)
 {
     if (stroke.width == 0) return;
     if (!stroke.twofold)
-        return strip.put(pages::LineMark{from, to, stroke.width, stroke.color, stroke.dashes});
+        return strip.put_edge({from, to, stroke.width, stroke.color, stroke.dashes}, page_at);
     const double third = stroke.width / 3;
     const bool upright = from.x == to.x;
     for (const double aside : {-third, third}) {
         const double x = upright ? aside : 0, y = upright ? 0 : aside;
-        strip.put(pages::LineMark{{from.x + x, from.y + y}, {to.x + x, to.y + y}, third, stroke.color, {}});
+        strip.put_edge({{from.x + x, from.y + y}, {to.x + x, to.y + y}, third, stroke.color, {}}, page_at);
     }
 }
 
@@ -77,11 +77,15 @@ void put_background(Canvas& canvas, const Look& look, const Box& box)
 
 void put_borders(Canvas& canvas, const Look& look, const Box& box)
 {
-    Strip& strip = canvas.strip();
-    put_edge(strip, look.top, {box.left, box.top}, {box.right(), box.top});
-    put_edge(strip, look.left, {box.left, box.top}, {box.left, box.bottom()});
-    put_edge(strip, look.right, {box.right(), box.top}, {box.right(), box.bottom()});
-    put_edge(strip, look.bottom, {box.left, box.bottom()}, {box.right(), box.bottom()});
+    if (look.left.width + look.top.width + look.right.width + look.bottom.width == 0) return;
+    for (const Box& part : canvas.strip().parts(box)) {
+        const pages::Point upper_left{part.left, part.top}, upper_right{part.right(), part.top};
+        const pages::Point lower_left{part.left, part.bottom()}, lower_right{part.right(), part.bottom()};
+        put_edge(canvas.strip(), look.top, upper_left, upper_right, part.top);
+        put_edge(canvas.strip(), look.left, upper_left, lower_left, part.top);
+        put_edge(canvas.strip(), look.right, upper_right, lower_right, part.top);
+        put_edge(canvas.strip(), look.bottom, lower_left, lower_right, part.top);
+    }
 }
 
 void put_marks_of(Canvas& canvas, const ReportItem& item, const Box& box, const Scope* scope)

@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <numeric>
 
 namespace tolvex::printing {
 
@@ -42,7 +43,7 @@ struct Top
 {
     double operator()(const FillMark& mark) const { return mark.box.top; }
     double operator()(const pages::PictureMark& mark) const { return mark.visible.top; }
-    double operator()(const LineMark& mark) const { return std::min(mark.from.y, mark.to.y) - 2 * tolerance; }
+    double operator()(const LineMark& mark) const { return std::min(mark.from.y, mark.to.y); }
     double operator()(const pages::TextMark& mark) const
     {
         if (mark.angle == 90) return mark.start.y;
@@ -93,6 +94,12 @@ double Strip::under_repeated(std::size_t page)
     return top;
 }
 
+double Strip::repeated_height() const
+{
+    return std::accumulate(repeated_.begin(), repeated_.end(), 0.0,
+                           [](double height, const Repeated* each) { return height + each->height_; });
+}
+
 double Strip::next_page(double y) const
 {
     const double top = top_of(page_of(y));
@@ -133,41 +140,46 @@ void Strip::put_on(std::size_t page, pages::Mark mark)
     draft(page).marks.push_back(std::move(mark));
 }
 
-// Calls `part` with the page, top and bottom of each part of what goes on over pages.
-template <class Part>
-void Strip::part(double top, double bottom, Part part)
+std::vector<Box> Strip::parts(const Box& box) const
 {
-    for (double y = top, end; y < bottom - tolerance; y = end) {
-        const std::size_t page = page_of(y);
-        end = std::min(bottom, top_of(page + 1));
-        part(page, y, end);
-    }
+    std::vector<Box> parts;
+    if (is_rehearsal()) return parts;
+    double y = box.top;
+    do {
+        if (page_of(y) >= most_pages) throw too_many_pages();
+        const double end = std::min(box.bottom(), top_of(page_of(y) + 1));
+        parts.push_back({box.left, y, box.width, end - y});
+        y = end + repeated_height();
+    } while (y < box.bottom() - tolerance);
+    return parts;
 }
 
 void Strip::put(pages::Mark mark)
 {
     if (is_rehearsal()) return;
-    if (const auto* fill = std::get_if<FillMark>(&mark))
-        return part(fill->box.top, fill->box.bottom(), [&](std::size_t page, double top, double bottom) {
-            put_on(page, FillMark{{fill->box.left, top, fill->box.width, bottom - top}, fill->color});
-        });
-    if (auto* picture = std::get_if<pages::PictureMark>(&mark)) {
-        const Box visible = picture->visible;
-        return part(visible.top, visible.bottom(), [&](std::size_t page, double top, double bottom) {
-            picture->visible.top = top;
-            picture->visible.height = bottom - top;
-            put_on(page, *picture);
-        });
+    if (const auto* fill = std::get_if<FillMark>(&mark)) {
+        for (const Box& part : parts(fill->box)) put_on(page_of(part.top), FillMark{part, fill->color});
+    } else if (auto* picture = std::get_if<pages::PictureMark>(&mark)) {
+        for (const Box& part : parts(picture->visible)) {
+            picture->visible = part;
+            put_on(page_of(part.top), *picture);
+        }
+    } else if (auto* line = std::get_if<LineMark>(&mark); line && line->from.x == line->to.x) {
+        const double top = std::min(line->from.y, line->to.y), bottom = std::max(line->from.y, line->to.y);
+        for (const Box& part : parts({line->from.x, top, 0, bottom - top})) {
+            line->from.y = part.top;
+            line->to.y = part.bottom();
+            put_on(page_of(part.top), *line);
+        }
+    } else {
+        const std::size_t page = page_of(std::visit(Top{}, mark));
+        put_on(page, std::move(mark));
     }
-    if (auto* line = std::get_if<LineMark>(&mark); line && line->from.x == line->to.x)
-        return part(std::min(line->from.y, line->to.y), std::max(line->from.y, line->to.y),
-                    [this, line = *line](std::size_t page, double top, double bottom) mutable {
-                        line.from.y = top;
-                        line.to.y = bottom;
-                        put_on(page, line);
-                    });
-    const std::size_t page = page_of(std::visit(Top{}, mark));
-    put_on(page, std::move(mark));
+}
+
+void Strip::put_edge(LineMark line, double y)
+{
+    if (!is_rehearsal()) put_on(page_of(y), line);
 }
 
 void Strip::record(double y, const ReportItem& item, const Variant& value)
@@ -185,13 +197,13 @@ Strip::Behind Strip::behind(double y)
 
 void Strip::put_behind(const Behind& place, const FillMark& fill)
 {
-    if (is_rehearsal()) return;
-    part(fill.box.top, fill.box.bottom(), [&](std::size_t page, double top, double bottom) {
+    for (const Box& part : parts(fill.box)) {
+        const std::size_t page = page_of(part.top);
         auto& marks = draft(page).marks;
         const auto index = static_cast<std::ptrdiff_t>(page == place.page ? place.index : 0);
         marks.insert(marks.begin() + index,
-                     FillMark{{fill.box.left, top - top_of(page), fill.box.width, bottom - top}, fill.color});
-    });
+                     FillMark{{part.left, part.top - top_of(page), part.width, part.height}, fill.color});
+    }
 }
 
 void Strip::complete_before(double y)

@@ -85,6 +85,10 @@ public:
     // A mark in lengths of the strip, on the page where it begins. Fills, pictures and upright lines go on on
     // the next pages.
     void put(pages::Mark mark);
+    // A line that does not go on, on the page of y.
+    void put_edge(pages::LineMark line, double y);
+    // What a box is on each of its pages, under what is repeated there; nothing in a rehearsal.
+    std::vector<pages::Box> parts(const pages::Box& box) const;
     void record(double y, const ReportItem& item, const Variant& value);
 
     // A place among the marks, to fill in later what lies behind those that followed.
@@ -102,8 +106,7 @@ public:
 private:
     Draft& draft(std::size_t page);
     double under_repeated(std::size_t page);
-    template <class Part>
-    void part(double top, double bottom, Part part);
+    double repeated_height() const;
     double top_of(std::size_t page) const { return static_cast<double>(page) * page_height_; }
     void put_on(std::size_t page, pages::Mark mark);
 

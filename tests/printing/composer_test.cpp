@@ -7,6 +7,8 @@
 
 #include <gmock/gmock.h>
 
+#include <algorithm>
+
 namespace tolvex::printing {
 namespace {
 
@@ -176,6 +178,17 @@ TEST_F(Composer, text_breaks_at_blanks_and_where_it_has_none_and_aligns)
     EXPECT_THAT(remarks_, HasSubstr("Textbox \"d\""));
 }
 
+TEST_F(Composer, lines_keep_the_height_that_a_paragraph_gives_them_and_lists_hang)
+{
+    const std::string list =
+        "<Textbox Name='a'><CanGrow>true</CanGrow><Paragraphs><Paragraph><TextRuns><TextRun>"
+        "<Value>uno dos</Value></TextRun></TextRuns><ListStyle>Numbered</ListStyle>"
+        "<ListLevel>1</ListLevel><Style><LineHeight>20pt</LineHeight></Style></Paragraph>"
+        "</Paragraphs>" +
+        at(0, 0, 55, 12) + "</Textbox>";
+    EXPECT_EQ(texts(composed(layout(list))[0]), "18 18 1.  uno\n32 38 dos\n");
+}
+
 TEST_F(Composer, groups_sort_total_and_count)
 {
     const std::string rows =
@@ -281,6 +294,11 @@ TEST_F(Composer, a_row_higher_than_a_page_goes_on_over_pages_and_the_next_stands
     ASSERT_EQ(pages.size(), 8u);
     EXPECT_THAT(texts(pages[0]), ::testing::StartsWith("0 9 H\n100 9 I\n0 21 x\n"));
     EXPECT_THAT(texts(pages[1]), ::testing::StartsWith("0 9 H\n100 9 I\n0 21 x\n"));
+    // Each part of its cells is a closed box.
+    const auto is_line = [](const pages::Mark& mark) {
+        return std::holds_alternative<pages::LineMark>(mark);
+    };
+    EXPECT_EQ(std::count_if(pages[1].marks.begin(), pages[1].marks.end(), is_line), 8);
     // The second row begins on a page of its own: little was left.
     EXPECT_THAT(texts(pages[2]), HasSubstr("x\n100 21 al lado\n"));
 }
