@@ -16,7 +16,7 @@ mkdir -p "$work"
 issue_long_invoice "$tolvex" "$work/con_impresora"
 cp "$here/../../../printing/layouts/factura.rdl" "$work/"
 iconv -f UTF-8 -t CP1252 "$here/imprime.vbs" > "$work/imprime.vbs"
-rm "$work/con_impresora"/FacturaElec_*.pdf
+rm -f "$work/con_impresora"/FacturaElec_*.pdf
 cp -r "$work/con_impresora" "$work/sin_impresora"
 TOLVEX_TEST_DISPLAY=1 "$here/../run_test.sh" "$bits" "$component" "$here/run_documents.sh" "$work"
 

@@ -61,6 +61,7 @@ changes_scale() {
     xdotool mousemove --window "$window" $((20 * dpi / 96)) $((17 * dpi / 96)) # it rests on a button
     sleep 1.5
     import -window root "$pictures/consejo-$dpi.png"
+    xdotool mousemove --window "$window" $((300 * dpi / 96)) $((300 * dpi / 96))
     press ctrl+2
 }
 
