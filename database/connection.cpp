@@ -36,6 +36,8 @@ void Connection::roll_back()
 
 Text Connection::description() { return driver().description(); }
 
+Text Connection::file() { return driver().file(); }
+
 Driver& Connection::driver()
 {
     if (!driver_) throw connection_closed();

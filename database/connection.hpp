@@ -36,6 +36,8 @@ public:
 
     // Product, version and driver, for a person.
     Text description();
+    // The file of an embedded database, absolute; empty on a server.
+    Text file();
 
 private:
     friend class UpdatableRecordset;

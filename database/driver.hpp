@@ -65,6 +65,8 @@ public:
     virtual bool in_transaction() const = 0;
     // Product, version and driver in words, for a person.
     virtual Text description() = 0;
+    // Of an embedded database, absolute; empty on a server.
+    virtual Text file() const { return {}; }
 
     // Between these two, statements need not reach the disk one by one; flush() makes all of them durable.
     virtual void defer_flush() {}

@@ -150,6 +150,7 @@ void FlatFile::run_emite(const Record& r)
     if (!has_issuer_) throw wrong(u"EMITE necesita antes un registro EMISOR");
     if (!has_receiver_) throw wrong(u"EMITE necesita antes un registro CLIENTE");
     IssueOptions options;
+    options.discards_old_work_files = true;
     options.CtrlFolioInterno = r.boolean(2, u"CtrlFolioInterno", options.CtrlFolioInterno);
     options.vlTipoDocumento = trim(r.text(3, options.vlTipoDocumento));
     if (!r.text(4).empty()) options.vlTasaDeIva = r.int16(4, u"vlTasaDeIva");
@@ -158,6 +159,7 @@ void FlatFile::run_emite(const Record& r)
     Text vlnFactura = trim(r.text(1));
     forget_error();
     const IssueResult result = issue_document(session_, vlnFactura, options);
+    if (result.stored != Stored::nothing && !result.issued) throw wrong(last_error());
     if (!result.issued) throw wrong(u"el documento no se emitió: " + last_error());
     has_receiver_ = false; // the next document begins with its own CLIENTE
     issued_.push_back({session_.gSerie, vlnFactura, result.xml_path});

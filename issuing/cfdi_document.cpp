@@ -6,7 +6,7 @@
 #include "core/text.hpp"
 #include "issuing/addenda_xml.hpp"
 #include "issuing/amount_patterns.hpp"
-#include "platform/files.hpp"
+#include "issuing/xml_files.hpp"
 #include "tolvex/root_layout.hpp"
 
 namespace tolvex {
@@ -184,14 +184,6 @@ void Writer::add_impuestos(XmlElement& comprobante) const
     traslado.set_attribute(u"impuesto", u"IVA");
 }
 
-// The Facturas folder under the working folder, made if it is missing (one level only).
-Text facturas_folder(const Session& session)
-{
-    const Text folder = session.gRutaDeArchivos + u"\\Facturas";
-    if (!files::folder_exists(folder)) files::create_folder(folder);
-    return folder;
-}
-
 } // namespace
 
 void set_root_layout(RootLayout layout) { root_layout() = layout; }
@@ -213,10 +205,7 @@ Text write_comprobante(Session& session, const DocumentValues& document, const T
         writer.add_impuestos(comprobante);
         if (genera_addenda) add_addenda(session, document, comprobante);
 
-        const Text path =
-            facturas_folder(session) + u"\\" + trim(document.DocSerie) + trim(document.DocFolio) + u".xml";
-        xml.save(path);
-        return path;
+        return write_xml_file(xml, session.gRutaDeArchivos, document.DocSerie, document.DocFolio);
     });
 }
 

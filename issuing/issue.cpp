@@ -8,13 +8,20 @@
 #include "issuing/original_string.hpp"
 #include "issuing/seal.hpp"
 #include "issuing/stored_documents.hpp"
+#include "issuing/turn.hpp"
+#include "issuing/xml_files.hpp"
 #include "platform/messages.hpp"
 
 #include <cmath>
+#include <optional>
 
 namespace tolvex {
 
 namespace {
+
+constexpr TextView without_a_turn =
+    u"El documento se emitió sin esperar más su turno: otra estación ocupa desde hace 15 segundos la base de datos "
+    u"o la carpeta de trabajo. Revise que sus documentos no se hayan mezclado (tolvex verifica)";
 
 // One issue from the folio range to the XML file.
 class Issue
@@ -25,9 +32,13 @@ public:
     {}
 
     IssueResult run();
+    Stored stored() const { return stored_; }
+    // What became of a document that was not issued whole: the last error with what it means for its rows.
+    Text failure(const Text& reason) const;
 
 private:
     bool load_folio_range();
+    void take_turn();
     bool take_folio();
     double folio_number() const;
     void seal();
@@ -41,11 +52,14 @@ private:
     Text& vlnFactura_;
     const IssueOptions& options_;
     DocumentValues document_;
+    std::optional<Turn> turn_;
+    Stored stored_ = Stored::nothing;
 };
 
 IssueResult Issue::run()
 {
     if (!load_folio_range()) return {};
+    take_turn();
     if (options_.CtrlFolioInterno && !take_folio()) return {};
     document_ = document_values(session_, folio_number(), options_);
     seal();
@@ -53,11 +67,13 @@ IssueResult Issue::run()
     const Text xml_path = write_comprobante(session_, document_, identifier, options_.vlGeneraAddenda);
     if (xml_path.empty()) return {};
     remove_work_files();
-    return {true, document_.sello, xml_path};
+    if (turn_->waited_in_vain()) remember_error(Text(without_a_turn));
+    return {true, document_.sello, xml_path, stored_};
 }
 
 bool Issue::fail(const Text& message, const Text& title, MessageIcon icon)
 {
+    turn_.reset(); // nobody else has to wait until the message is read
     remember_error(message);
     show_message(message, title, icon);
     return false;
@@ -69,6 +85,14 @@ bool Issue::load_folio_range()
     return fail(u"No se pudo obtener los datos de los folios digitales para la empresa No " +
                     decimal(session_.gnEmpresa) + u" y el Registro No. " + session_.gClaveFolio,
                 component_title, MessageIcon::none);
+}
+
+void Issue::take_turn()
+{
+    const Text& folder = session_.gRutaDeArchivos;
+    turn_.emplace(connection(), folder);
+    if (options_.discards_old_work_files) remove_seal_files(folder);
+    if (discard_old_batch(folder)) remove_unfinished_xml_files(folder);
 }
 
 bool Issue::take_folio()
@@ -103,10 +127,12 @@ Text Issue::store()
     WriteBurst burst(connection());
     DocumentRows rows(session_, document_, vlnFactura_);
     rows.store_header();
+    stored_ = Stored::partly;
     const Text identifier = rows.read_identifier();
     rows.store_receiver(identifier);
     rows.store_lines(identifier);
     if (options_.CtrlFolioInterno) rows.advance_counter();
+    stored_ = Stored::wholly;
     burst.finish();
     return identifier;
 }
@@ -117,11 +143,32 @@ void Issue::remove_work_files()
     quietly([&] { remove_seal_files(session_.gRutaDeArchivos); });
 }
 
+Text Issue::failure(const Text& reason) const
+{
+    const Text document = u" con el folio " + vlnFactura_ + u" de la empresa " + decimal(session_.gnEmpresa) +
+                          u", sucursal " + decimal(session_.gnSucursal);
+    switch (stored_) {
+    case Stored::nothing:
+        return reason;
+    case Stored::partly:
+        return u"El documento quedó a medias" + document +
+               u". Bórrelo con \"tolvex borra\" antes de emitirlo otra vez. " + reason;
+    case Stored::wholly:
+        return u"El documento quedó guardado" + document +
+               u"; falta el XML. No lo emita otra vez: escriba el XML con \"tolvex xml\". " + reason;
+    }
+    return reason;
+}
+
 } // namespace
 
 IssueResult issue_document(Session& session, Text& vlnFactura, const IssueOptions& options)
 {
-    return trapping(IssueResult(), [&] { return Issue(session, vlnFactura, options).run(); });
+    Issue issue(session, vlnFactura, options);
+    const IssueResult result = trapping(IssueResult(), [&] { return issue.run(); });
+    if (result.issued) return result;
+    remember_error(issue.failure(last_error()));
+    return {false, {}, {}, issue.stored()};
 }
 
 } // namespace tolvex

@@ -11,6 +11,8 @@ struct IssueOptions
     Text vlTipoDocumento = u"ingreso"; // in any letter case; anything else is a credit note
     std::int16_t vlTasaDeIva = 16;     // percent
     bool vlGeneraAddenda = true;
+    // Not for the documented methods, which take a seal that an earlier failure left.
+    bool discards_old_work_files = false;
 };
 
 } // namespace tolvex

@@ -18,14 +18,13 @@ void append_byte(Text& bytes, unsigned byte)
     bytes += static_cast<char16_t>(byte);
 }
 
+constexpr TextView seal_files[] = {u"\\sello.bat", u"\\sello.txt", u"\\fi_md5.txt", u"\\utf8.txt"};
+
 Error no_seal(const Text& path)
 {
-    const Text advice =
-        path.find(u' ') != Text::npos
-            ? u"la ruta de la carpeta de trabajo no puede llevar blancos"
-            : u"revise que openssl y pkey.key.pem estén en la carpeta de trabajo y que la llave sirva";
     return {numbers::file_not_found,
-            u"openssl no dejó el sello en " + files::native_path(path) + u": " + advice};
+            u"openssl no dejó el sello en " + files::native_path(path) +
+                u": revise que openssl y pkey.key.pem estén en la carpeta de trabajo y que la llave sirva"};
 }
 
 } // namespace
@@ -54,18 +53,19 @@ Text utf8_characters(TextView text)
 
 void write_seal_batch(const Text& folder, Digest digest)
 {
+    require_batch_folder(folder);
     const bool sha1 = digest == Digest::sha1;
     // Deliberate: two blanks before "-out", and before "-in" for SHA-1 only.
     const Text sign = folder + u"\\openssl dgst " + (sha1 ? u"-sha1" : u"-md5") + u" -sign " + folder +
                       u"\\pkey.key.pem" + u"  -out " + folder + u"\\fi_md5.txt " + folder + u"\\utf8.txt\r\n";
     const Text encode = folder + u"\\openssl enc -base64" + (sha1 ? u"  -in " : u" -in ") + folder +
                         u"\\fi_md5.txt" + u" -out " + folder + u"\\sello.txt\r\n";
-    files::write(folder + u"\\sello.bat", batch_file_bytes(sign + encode));
+    files::write_anew(folder + u"\\sello.bat", batch_file_bytes(sign + encode));
 }
 
 void write_original_string(const Text& folder, const Text& utf8)
 {
-    files::write(folder + u"\\utf8.txt", bytes_of_text(utf8));
+    files::write_anew(folder + u"\\utf8.txt", bytes_of_text(utf8));
 }
 
 Text run_seal_batch(const Text& folder)
@@ -83,10 +83,11 @@ Text clean_seal(const Text& seal)
     return keep_only(seal, u"ABCDEFGHIJKLMNOPQRSTUVWXYZabcdefghijklmnopqrstuvwxyz0123456789+/=");
 }
 
+bool discard_old_batch(const Text& folder) { return files::remove_if_there(folder + u"\\sello.bat"); }
+
 void remove_seal_files(const Text& folder)
 {
-    for (const TextView name : {u"\\sello.bat", u"\\sello.txt", u"\\fi_md5.txt", u"\\utf8.txt"})
-        files::remove(folder + Text(name));
+    for (const TextView name : seal_files) files::remove_if_there(folder + Text(name));
 }
 
 } // namespace tolvex

@@ -17,7 +17,10 @@ Digest digest_for(Date date);
 // The text as UTF-8, one character per byte. Throws Error 5 for a character whose lead byte would not fit.
 Text utf8_characters(TextView text);
 
-// Writes sello.bat into the folder: the two openssl commands. Throws Error when the file cannot be written.
+// Whether an issue ended half-way here: its sello.bat, which goes, was still there.
+bool discard_old_batch(const Text& folder);
+// Writes sello.bat into the folder: the two openssl commands. Throws Error when the file cannot be written, or
+// when the folder is none that it could name.
 void write_seal_batch(const Text& folder, Digest digest);
 // Writes utf8.txt, the bytes that are signed.
 void write_original_string(const Text& folder, const Text& utf8);
@@ -25,7 +28,7 @@ void write_original_string(const Text& folder, const Text& utf8);
 Text run_seal_batch(const Text& folder);
 // Only the Base64 characters and "=".
 Text clean_seal(const Text& seal);
-// Removes the four work files.
+// Removes what there is of the four work files.
 void remove_seal_files(const Text& folder);
 
 } // namespace tolvex

@@ -21,16 +21,12 @@ Text pem_path(const Text& folder, const Text& title) { return folder + u"\\" + t
 void require_folder(const Text& folder)
 {
     if (trim(folder).empty()) throw invalid_call(u"Elija antes la carpeta del sello (Ruta Sello PEM)");
-}
-
-void remove_if_there(const Text& path)
-{
-    if (files::exists(path)) files::remove(path);
+    require_batch_folder(folder);
 }
 
 void write_batch(const Text& path, const std::vector<Text>& lines)
 {
-    files::write(path, batch_file_bytes(join(lines, u"\r\n") + u"\r\n"));
+    files::write_anew(path, batch_file_bytes(join(lines, u"\r\n") + u"\r\n"));
 }
 
 // The last line of a file that openssl wrote, the same whatever version of it ended the lines.
@@ -77,8 +73,8 @@ CertificateReading read_certificate(const Text& folder)
 CertificateReading convert_certificate(const Text& folder, const Text& certificate, const Text& title)
 {
     require_folder(folder);
-    for (const TextView name : certificate_files) remove_if_there(folder + Text(name));
-    remove_if_there(pem_path(folder, title));
+    for (const TextView name : certificate_files) files::remove_if_there(folder + Text(name));
+    files::remove_if_there(pem_path(folder, title));
     write_certificate_batch(folder, certificate, title);
     run_batch_file(folder + u"\\Cert1.bat", WindowStyle::hidden);
     return read_certificate(folder);
@@ -88,10 +84,10 @@ KeyReading unlock_key(const Text& folder, const Text& key)
 {
     require_folder(folder);
     const Text unlocked = folder + u"\\pkey.key.pem";
-    remove_if_there(folder + u"\\Key1.bat");
-    remove_if_there(unlocked);
+    files::remove_if_there(folder + u"\\Key1.bat");
+    files::remove_if_there(unlocked);
     // Deliberate: no separator, so it is not the file that is written later.
-    remove_if_there(folder + u"ModulusK.txt");
+    files::remove_if_there(folder + u"ModulusK.txt");
 
     write_batch(folder + u"\\Key1.bat",
                 {folder + u"\\openssl pkcs8 -inform DER -in " + key + u" -out " + unlocked});
@@ -112,9 +108,9 @@ KeyReading unlock_key(const Text& folder, const Text& key)
 void remove_certificate_files(const Text& folder, const Text& title)
 {
     if (trim(folder).empty()) return;
-    for (const TextView name : certificate_files) remove_if_there(folder + Text(name));
-    for (const TextView name : key_files) remove_if_there(folder + Text(name));
-    if (!title.empty()) remove_if_there(pem_path(folder, title));
+    for (const TextView name : certificate_files) files::remove_if_there(folder + Text(name));
+    for (const TextView name : key_files) files::remove_if_there(folder + Text(name));
+    if (!title.empty()) files::remove_if_there(pem_path(folder, title));
 }
 
 } // namespace tolvex

@@ -40,7 +40,7 @@ public:
 
     XmlElement create_root(const Text& name);
     // Writes the instruction, a line feed, the document in one line and a line feed, as UTF-8; replaces the
-    // file. Throws Error when the file cannot be written; an older file of that name is then left whole.
+    // file. Throws Error when the file cannot be written.
     void save(TextView path) const;
 
 private:

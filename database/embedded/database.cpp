@@ -67,11 +67,11 @@ Text Database::why(int code) const
     case SQLITE_CORRUPT:
         return u"el archivo está dañado; recupérelo de un respaldo";
     case SQLITE_BUSY:
-        return u"otro programa está escribiendo en ella; espere a que termine y repita la operación";
+        return u"otro programa está escribiendo en ella; espere a que termine";
     case SQLITE_READONLY:
         return u"el archivo o su carpeta son de sólo lectura; dé permiso de escritura en ellos";
     case SQLITE_FULL:
-        return u"el disco está lleno; libere espacio y repita la operación";
+        return u"el disco está lleno; libere espacio";
     case SQLITE_IOERR:
         return u"falló la lectura o la escritura; revise el disco o la red";
     }

@@ -89,6 +89,8 @@ public:
                database_->file();
     }
 
+    Text file() const override { return to_text(sqlite3_db_filename(database_->handle(), "main")); }
+
     // A commit then goes to the write-ahead log without waiting for the disk. Within a transaction there is
     // nothing to defer.
     void defer_flush() override

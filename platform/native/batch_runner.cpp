@@ -3,6 +3,7 @@
 
 #include "platform/batch_lines.hpp"
 #include "platform/files.hpp"
+#include "platform/native/host_path.hpp"
 
 #include <cerrno>
 #include <cstdlib>
@@ -25,7 +26,7 @@ constexpr const char* terminal_windows[] = {"xterm", "x-terminal-emulator"};
 // A word that is a documented path becomes the host's own.
 std::string host_word(const Text& word)
 {
-    return to_utf8(word.find(u'\\') == Text::npos ? word : files::native_path(word));
+    return word.find(u'\\') == Text::npos ? to_utf8(word) : files::new_host_path(word).string();
 }
 
 // The program in its folder or, if it is not there, its bare name, which the PATH finds.

@@ -1,13 +1,13 @@
 #include "platform/files.hpp"
-#include "core/text.hpp"
 
 #include "core/errors.hpp"
+#include "platform/native/host_path.hpp"
 
 #include <cerrno>
 #include <cstdio>
 #include <cstring>
-#include <filesystem>
-#include <memory>
+#include <fcntl.h>
+#include <unistd.h>
 
 namespace tolvex::files {
 
@@ -39,30 +39,6 @@ Text reason(int error)
     }
 }
 
-fs::path separated(TextView path) { return fs::path(to_utf8(replace_all(path, u"\\", u"/"))); }
-
-// The entry of a folder whose name is the given one but for letter case, or the name itself.
-fs::path existing_spelling(const fs::path& folder, const fs::path& name)
-{
-    std::error_code ignored;
-    const fs::path exact = folder / name;
-    if (fs::exists(fs::symlink_status(exact, ignored))) return exact;
-    const Text wanted = to_text(name.string());
-    for (const auto& entry : fs::directory_iterator(folder.empty() ? "." : folder, ignored))
-        if (equal_ignoring_case(to_text(entry.path().filename().string()), wanted)) return entry.path();
-    return exact;
-}
-
-fs::path host_path(TextView path)
-{
-    const fs::path as_given = separated(path);
-    std::error_code ignored;
-    if (fs::exists(as_given, ignored)) return as_given;
-    fs::path found = as_given.root_path();
-    for (const fs::path& name : as_given.relative_path()) found = existing_spelling(found, name);
-    return found;
-}
-
 struct Close
 {
     void operator()(std::FILE* file) const { std::fclose(file); }
@@ -80,7 +56,7 @@ File open(const fs::path& path, const char* mode)
 class NativeOutputFile : public OutputFile
 {
 public:
-    explicit NativeOutputFile(const fs::path& path) : path_(path), file_(open(path, "wbe")) {}
+    NativeOutputFile(const fs::path& path, File file) : path_(path), file_(std::move(file)) {}
 
     void write(std::string_view bytes) override
     {
@@ -99,6 +75,41 @@ private:
     File file_;
 };
 
+// A new file that only its owner may read and write.
+File create_private(const fs::path& path)
+{
+    const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
+    if (descriptor < 0) throw path_error(to_text(path.string()), reason(errno));
+    return File(fdopen(descriptor, "wb"));
+}
+
+// 0 or the reason why not.
+int flushed(const fs::path& path, int flags)
+{
+    const int descriptor = ::open(path.c_str(), flags | O_CLOEXEC);
+    if (descriptor < 0) return errno;
+    const int error = fsync(descriptor) == 0 ? 0 : errno;
+    close(descriptor);
+    return error;
+}
+
+// Some file systems cannot flush a folder; the name is then as safe as they make it.
+void flush_folder_of(const fs::path& path)
+{
+    const fs::path folder = path.parent_path();
+    flushed(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
+}
+
+// Renames without replacing. A file system that cannot do it in one step gets a look before; the turn to issue
+// keeps others away meanwhile.
+int renamed(const fs::path& from, const fs::path& to)
+{
+    if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;
+    if (errno != EINVAL && errno != ENOSYS) return errno;
+    if (access(to.c_str(), F_OK) == 0) return EEXIST;
+    return std::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
+}
+
 } // namespace
 
 Text native_path(TextView path) { return to_text(host_path(path).string()); }
@@ -107,6 +118,12 @@ bool exists(TextView path)
 {
     std::error_code ignored;
     return fs::exists(host_path(path), ignored);
+}
+
+bool exists_as_spelt(TextView path)
+{
+    std::error_code ignored;
+    return fs::exists(fs::symlink_status(new_host_path(path), ignored));
 }
 
 bool folder_exists(TextView path)
@@ -150,9 +167,25 @@ void write(TextView path, std::string_view bytes)
     file->finish();
 }
 
+void write_anew(TextView path, std::string_view bytes)
+{
+    remove_if_there(path);
+    const fs::path host = new_host_path(path);
+    NativeOutputFile file(host, create_private(host));
+    file.write(bytes);
+    file.finish();
+}
+
+void flush(TextView path)
+{
+    const fs::path host = host_path(path);
+    if (const int error = flushed(host, O_RDONLY)) throw device_error(to_text(host.string()), reason(error));
+}
+
 std::unique_ptr<OutputFile> create(TextView path)
 {
-    return std::make_unique<NativeOutputFile>(host_path(path));
+    const fs::path host = new_host_path(path);
+    return std::make_unique<NativeOutputFile>(host, open(host, "wbe"));
 }
 
 void keep_private(TextView path)
@@ -170,6 +203,18 @@ void move_over(TextView from, TextView to)
     std::error_code error;
     fs::rename(host_path(from), target, error);
     if (error) throw path_error(to_text(target.string()), reason(error.value()));
+    flush_folder_of(target);
+}
+
+bool move_unless_taken(TextView from, TextView to)
+{
+    const fs::path source = new_host_path(from), target = new_host_path(to);
+    const int error = renamed(source, target);
+    if (error == 0) return true;
+    if (error == EEXIST) return false;
+    if (error == ENOENT && !fs::exists(fs::symlink_status(source)))
+        throw file_not_found(to_text(source.string()));
+    throw path_error(to_text(target.string()), reason(error));
 }
 
 void remove(TextView path)
@@ -179,6 +224,25 @@ void remove(TextView path)
     const bool removed = fs::remove(host, error);
     if (error) throw path_error(to_text(host.string()), reason(error.value()));
     if (!removed) throw file_not_found(to_text(host.string()));
+}
+
+bool remove_if_there(TextView path)
+{
+    const fs::path host = new_host_path(path);
+    if (unlink(host.c_str()) == 0) return true;
+    if (errno == ENOENT || errno == ENOTDIR) return false;
+    throw path_error(to_text(host.string()), reason(errno));
+}
+
+std::vector<Text> names_ending(TextView folder, TextView ending)
+{
+    std::vector<Text> names;
+    std::error_code ignored;
+    for (const auto& entry : fs::directory_iterator(host_path(folder), ignored)) {
+        const Text name = to_text(entry.path().filename().string());
+        if (lower_case(name).ends_with(lower_case(ending))) names.push_back(name);
+    }
+    return names;
 }
 
 Text absolute_path(TextView path)

@@ -1,6 +1,6 @@
 #include "platform/xml_document.hpp"
 
-#include "platform/new_file.hpp"
+#include "platform/files.hpp"
 #include "platform/xml_content.hpp"
 
 #include <libxml/tree.h>
@@ -98,9 +98,7 @@ void XmlDocument::save(TextView path) const
     xmlSaveDoc(saving, native_->document.get());
     if (xmlSaveClose(saving) < 0) throw xml_error(u"no se pudo formar");
     const auto* start = reinterpret_cast<const char*>(xmlBufferContent(buffer.get()));
-    NewFile file(path);
-    files::write(file.path_beside(), {start, static_cast<std::size_t>(xmlBufferLength(buffer.get()))});
-    file.put_in_place();
+    files::write(path, {start, static_cast<std::size_t>(xmlBufferLength(buffer.get()))});
 }
 
 } // namespace tolvex

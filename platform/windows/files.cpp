@@ -33,7 +33,9 @@ private:
 class WindowsOutputFile : public OutputFile
 {
 public:
-    explicit WindowsOutputFile(const Text& path) : path_(path), file_(path, GENERIC_WRITE, CREATE_ALWAYS) {}
+    explicit WindowsOutputFile(const Text& path, DWORD disposition = CREATE_ALWAYS)
+        : path_(path), file_(path, GENERIC_WRITE, disposition)
+    {}
 
     void write(std::string_view bytes) override
     {
@@ -76,6 +78,8 @@ Text native_path(TextView path) { return replace_all(path, u"/", u"\\"); }
 
 bool exists(TextView path) { return has_attribute(path, 0); }
 
+bool exists_as_spelt(TextView path) { return exists(path); }
+
 bool folder_exists(TextView path) { return has_attribute(path, FILE_ATTRIBUTE_DIRECTORY); }
 
 void create_folder(TextView path)
@@ -114,6 +118,21 @@ void write(TextView path, std::string_view bytes)
     file->finish();
 }
 
+void write_anew(TextView path, std::string_view bytes)
+{
+    remove_if_there(path);
+    WindowsOutputFile file(native_path(path), CREATE_NEW);
+    file.write(bytes);
+    file.finish();
+}
+
+void flush(TextView path)
+{
+    const Text host = native_path(path);
+    const File file(host, GENERIC_WRITE, OPEN_EXISTING);
+    if (!FlushFileBuffers(file.get())) throw device_error(host, system_message(GetLastError()));
+}
+
 std::unique_ptr<OutputFile> create(TextView path)
 {
     return std::make_unique<WindowsOutputFile>(native_path(path));
@@ -130,6 +149,16 @@ void move_over(TextView from, TextView to)
         throw path_error(target, system_message(GetLastError()));
 }
 
+bool move_unless_taken(TextView from, TextView to)
+{
+    const Text source = native_path(from), target = native_path(to);
+    if (MoveFileExW(wide(source), wide(target), MOVEFILE_WRITE_THROUGH)) return true;
+    const DWORD code = GetLastError();
+    if (code == ERROR_ALREADY_EXISTS || code == ERROR_FILE_EXISTS) return false;
+    if (code == ERROR_FILE_NOT_FOUND) throw file_not_found(source);
+    throw path_error(target, system_message(code));
+}
+
 void remove(TextView path)
 {
     const Text host = native_path(path);
@@ -137,6 +166,29 @@ void remove(TextView path)
     const DWORD code = GetLastError();
     if (code == ERROR_FILE_NOT_FOUND) throw file_not_found(host);
     throw path_error(host, system_message(code));
+}
+
+bool remove_if_there(TextView path)
+{
+    const Text host = native_path(path);
+    if (DeleteFileW(wide(host))) return true;
+    const DWORD code = GetLastError();
+    if (code == ERROR_FILE_NOT_FOUND || code == ERROR_PATH_NOT_FOUND) return false;
+    throw path_error(host, system_message(code));
+}
+
+std::vector<Text> names_ending(TextView folder, TextView ending)
+{
+    std::vector<Text> names;
+    WIN32_FIND_DATAW found;
+    const HANDLE search = FindFirstFileW(wide(native_path(folder) + u"\\*"), &found);
+    if (search == INVALID_HANDLE_VALUE) return names;
+    do {
+        const Text name = from_wide(found.cFileName);
+        if (lower_case(name).ends_with(lower_case(ending))) names.push_back(name);
+    } while (FindNextFileW(search, &found));
+    FindClose(search);
+    return names;
 }
 
 Text absolute_path(TextView path)

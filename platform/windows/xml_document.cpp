@@ -1,6 +1,6 @@
 #include "platform/xml_document.hpp"
 
-#include "platform/new_file.hpp"
+#include "platform/files.hpp"
 #include "platform/windows/windows.hpp"
 #include "platform/xml_content.hpp"
 
@@ -91,11 +91,9 @@ XmlElement XmlDocument::create_root(const Text& name)
 
 void XmlDocument::save(TextView path) const
 {
-    NewFile file(path);
-    const Variant target(files::native_path(file.path_beside()));
+    const Variant target(files::native_path(path));
     check(native_->document->save(target), u"XML save");
-    files::write(file.path_beside(), with_our_prolog(files::read(file.path_beside())));
-    file.put_in_place();
+    files::write(path, with_our_prolog(files::read(path)));
 }
 
 } // namespace tolvex

@@ -1,4 +1,5 @@
 // The command as a user runs it.
+#include "core/code_pages.hpp"
 #include "core/text.hpp"
 #include "database/connection.hpp"
 #include "support/certificates.hpp"
@@ -8,6 +9,7 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <set>
 
 namespace tolvex::testing {
 namespace {
@@ -102,6 +104,51 @@ TEST_F(Command, emite_prints_the_path_of_every_document)
     EXPECT_EQ(issued.errors, "");
     EXPECT_EQ(tolvex({"emite", sales(1), "--bd", database, "--raiz-extendida"}).exit_code, 0);
     EXPECT_THAT(read_file(path() / "demo/Facturas/A6.xml"), HasSubstr(" folio=\"6\""));
+}
+
+// Each sale has one line, named as its customer.
+TEST_F(Command, ten_stations_in_one_folder_on_one_range_do_not_mix_their_documents)
+{
+    demo();
+    std::string all;
+    for (int station = 1; station <= 10; ++station) {
+        const std::string name = "Estacion " + std::to_string(station), file = name + ".txt";
+        std::string sales = "EMISOR|1|1\n";
+        for (int i = 0; i < 3; ++i)
+            sales += "CLIENTE|XAXX010101000|" + name + "||||||||||10|0|1.6|11.6|1|1|2011-03-15 14:05:09|\n" +
+                     "DETALLE|1|F|X|" + name + "|1|PZA|10|1.6|10|16\nEMITE||1|||0\n";
+        write_file(path() / "demo" / file, sales);
+        all += TOLVEX_COMMAND " emite 'demo/" + file + "' --bd " + database + " & ";
+    }
+    EXPECT_EQ(in_shell(all + "wait").errors, "");
+
+    Connection connection;
+    connection.connection_string = u"server=sqlite:;database=" + (path() / database).u16string();
+    connection.open();
+    int documents = 0;
+    std::set<Text> folios;
+    for (
+        Recordset row = connection.query(
+            u"Select r.cDocumento, r.nFolioFE, r.cSelloDigital, r.cCadenaOriginal, c.cNombreCte, d.cProducto "
+            u"From FE_VENTAS_RESUMEN r Inner Join FE_ClienteFactura c On c.nidFE=r.nID Inner Join "
+            u"FE_VENTAS_RESUMEN_DET d On d.nIdFe=r.nID Where c.cNombreCte Like 'Estacion%'");
+        !row.eof(); row.move_next(), ++documents) {
+        const Text folio = row[u"cDocumento"].text(), name = row[u"cNombreCte"].text();
+        folios.insert(folio);
+        EXPECT_EQ(row[u"cProducto"].text(), name) << to_utf8(folio);
+        const std::string original = bytes_of_text(row[u"cCadenaOriginal"].text());
+        EXPECT_THAT(original, HasSubstr("|" + to_utf8(name) + "|"));
+        write_file(path() / "cadena", original);
+        write_file(path() / "sello", bytes_of_text(row[u"cSelloDigital"].text()));
+        EXPECT_EQ(in_shell("openssl base64 -d -A -in sello -out firma && openssl x509 -inform DER -in "
+                           "demo/certificado.cer -pubkey -noout > llave && openssl dgst -sha1 -verify llave "
+                           "-signature firma cadena")
+                      .output,
+                  "Verified OK\n")
+            << to_utf8(folio);
+    }
+    EXPECT_EQ(documents, 30);
+    EXPECT_EQ(folios.size(), 30u);
 }
 
 TEST_F(Command, what_cannot_be_done_is_told_with_the_place_and_what_was_issued)

@@ -1,8 +1,12 @@
 #include "core/code_pages.hpp"
 #include "core/errors.hpp"
 #include "core/text.hpp"
+#include "issuing/turn.hpp"
 #include "support/station.hpp"
 #include "support/watched_disk.hpp"
+
+#include <csignal>
+#include <sys/resource.h>
 
 namespace tolvex::testing {
 namespace {
@@ -286,17 +290,89 @@ TEST_F(Issuing, files_that_cannot_be_written_stop_it_where_it_stands)
     std::filesystem::create_directories(folder() / "utf8.txt");
     expect_stop("0 0 0");
     std::filesystem::remove(folder() / "utf8.txt");
-    std::filesystem::create_symlink("/dev/full", folder() / "utf8.txt");
-    expect_stop("0 0 0");
-    std::filesystem::remove(folder() / "utf8.txt");
     write_file(folder() / "Facturas", "");
     expect_stop("1 1 2");
+    EXPECT_TRUE(last_error().starts_with(u"El documento quedó guardado con el folio A00123 de la empresa 1, "
+                                         u"sucursal 1; falta el XML."));
     EXPECT_NE(last_error().find(u"Facturas"), Text::npos);
     EXPECT_EQ(work_files(), all_work_files);
     std::filesystem::remove(folder() / "Facturas");
+}
+
+TEST_F(DurableIssue, a_disk_that_fills_up_leaves_the_rows_and_no_piece_of_the_xml)
+{
+    std::signal(SIGXFSZ, SIG_IGN);
+    rlimit before;
+    getrlimit(RLIMIT_FSIZE, &before);
+    const rlimit full{100, before.rlim_max};
+    stage_document();
+    on_flush = [&] { setrlimit(RLIMIT_FSIZE, &full); }; // once the rows are on disk
+    EXPECT_FALSE(issue());
+    on_flush = nullptr;
+    setrlimit(RLIMIT_FSIZE, &before);
+    EXPECT_EQ(count(u"FE_VENTAS_RESUMEN_DET"), 2);
+    EXPECT_TRUE(std::filesystem::is_empty(folder() / "Facturas"));
+    EXPECT_NE(last_error().find(u"falta el XML"), Text::npos);
+}
+
+TEST_F(Issuing, work_files_are_made_anew_and_what_an_interrupted_issue_left_goes)
+{
+    write_file(folder() / "ajeno.txt", "de otro");
+    for (const char* name : {"utf8.txt", "sello.bat"})
+        std::filesystem::create_symlink(folder() / "ajeno.txt", folder() / name);
     std::filesystem::create_directory(folder() / "Facturas");
-    std::filesystem::create_symlink("/dev/full", folder() / "Facturas/A123.xml.tmp");
-    expect_stop("2 2 4");
+    write_file(folder() / "Facturas/A7.xml.tmp", "<cfdi:Compro");
+    stage_document();
+    EXPECT_TRUE(issue()) << to_utf8(last_error());
+    EXPECT_EQ(content("ajeno.txt"), "de otro");
+    EXPECT_FALSE(exists("Facturas/A7.xml.tmp"));
+    EXPECT_EQ(work_files(), "");
+}
+
+// Folios 10, 20 and 30 name one file.
+TEST_F(Issuing, a_file_whose_name_another_document_takes_is_kept)
+{
+    stage_document();
+    for (const Text folio : {u"10", u"20", u"30"}) ASSERT_TRUE(issue(folio)) << to_utf8(last_error());
+    const auto has_seal_of = [&](const std::string& file, const Text& folio) {
+        const Text seal =
+            answer(u"Select cSelloDigital From FE_VENTAS_RESUMEN Where cDocumento='" + folio + u"'").text();
+        return content("Facturas/" + file).find(to_utf8(seal)) != std::string::npos;
+    };
+    EXPECT_TRUE(has_seal_of("A0.xml", u"30"));
+    EXPECT_TRUE(has_seal_of("Anteriores/A0_2011-03-15T14-05-09.xml", u"10"));
+    EXPECT_TRUE(has_seal_of("Anteriores/A0_2011-03-15T14-05-09-2.xml", u"20"));
+
+    write_file(folder() / "Facturas/A5.xml", "<ajeno fecha=\"ayer\"/>");
+    ASSERT_TRUE(issue(u"5")) << to_utf8(last_error());
+    EXPECT_TRUE(has_seal_of("A5.xml", u"5"));
+    int kept = 0;
+    for (const auto& file : std::filesystem::directory_iterator(folder() / "Facturas/Anteriores"))
+        kept += read_file(file.path()) == "<ajeno fecha=\"ayer\"/>";
+    EXPECT_EQ(kept, 1);
+}
+
+TEST_F(Issuing, one_waits_for_another_at_the_database_and_at_the_folder)
+{
+    Connection other;
+    other.connection_string = shared_connection(session()).connection_string;
+    other.open();
+    Connection elsewhere;
+    elsewhere.connection_string = replace_all(other.connection_string, u"tolvex.db", u"otra.db");
+    elsewhere.open();
+    std::filesystem::create_directory(folder() / "caja2");
+    const Text own_folder = folder_text() + u"\\caja2";
+    constexpr int moment = 30; // milliseconds
+    {
+        write_file(folder() / "turno.tmp", ""); // of a process that was killed
+        const Turn turn(shared_connection(session()), folder_text(), moment);
+        EXPECT_FALSE(turn.waited_in_vain());
+        EXPECT_TRUE(Turn(other, own_folder, moment).waited_in_vain());
+        EXPECT_TRUE(Turn(elsewhere, folder_text(), moment).waited_in_vain());
+        EXPECT_FALSE(Turn(elsewhere, own_folder, moment).waited_in_vain());
+    }
+    EXPECT_FALSE(Turn(other, folder_text(), moment).waited_in_vain());
+    EXPECT_FALSE(exists("turno.tmp") || exists("tolvex.db-turno"));
 }
 
 TEST_F(Issuing, a_work_file_that_cannot_be_removed_does_not_undo_the_document)
