@@ -19,8 +19,8 @@ Text utf8_characters(TextView text);
 
 // Whether an issue ended half-way here: its sello.bat, which goes, was still there.
 bool discard_old_batch(const Text& folder);
-// Writes sello.bat into the folder: the two openssl commands. Throws Error when the file cannot be written, or
-// when the folder is none that it could name.
+// Writes sello.bat into the folder: the two openssl commands. Throws Error when the file cannot be written,
+// or when the folder is none that it could name.
 void write_seal_batch(const Text& folder, Digest digest);
 // Writes utf8.txt, the bytes that are signed.
 void write_original_string(const Text& folder, const Text& utf8);

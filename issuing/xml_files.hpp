@@ -6,14 +6,14 @@
 
 namespace tolvex {
 
-// Writes the file into Facturas under the working folder, which is made if it is missing (one level only), and
-// gives its path. A file that has the name already is moved first to Facturas\Anteriores, as name_of_earlier
-// says. It is on disk before it takes its name. Throws Error.
+// Writes the file into Facturas under the working folder, which is made if it is missing (one level only),
+// and gives its path. A file that has the name already is moved first to Facturas\Anteriores, as
+// name_of_earlier says. It is on disk before it takes its name. Throws Error.
 Text write_xml_file(const XmlDocument& xml, const Text& working_folder, const Text& series,
                     const Text& number);
 
-// "A15_2011-03-15T14-05-09.xml": the name with which a document's file stays in Anteriores; from the second of
-// the same name and moment on, "A15_2011-03-15T14-05-09-2.xml".
+// "A15_2011-03-15T14-05-09.xml": the name with which a document's file stays in Anteriores; from the second
+// of the same name and moment on, "A15_2011-03-15T14-05-09-2.xml".
 Text name_of_earlier(const Text& stem, const Text& moment, int times);
 
 // Removes what interrupted issues left of files that were being written.

@@ -27,8 +27,8 @@ public:
     {
         if (!std::exchange(flushed_, true)) files::flush(path_beside());
     }
-    // On disk before it takes its name. Throws Error 75 when it cannot be renamed; an older file then stays as
-    // it was.
+    // On disk before it takes its name. Throws Error 75 when it cannot be renamed; an older file then stays
+    // as it was.
     void put_in_place()
     {
         flush();

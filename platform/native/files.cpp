@@ -100,8 +100,8 @@ void flush_folder_of(const fs::path& path)
     flushed(folder.empty() ? "." : folder, O_RDONLY | O_DIRECTORY);
 }
 
-// Renames without replacing. A file system that cannot do it in one step gets a look before; the turn to issue
-// keeps others away meanwhile.
+// Renames without replacing. A file system that cannot do it in one step gets a look before; the turn to
+// issue keeps others away meanwhile.
 int renamed(const fs::path& from, const fs::path& to)
 {
     if (renameat2(AT_FDCWD, from.c_str(), AT_FDCWD, to.c_str(), RENAME_NOREPLACE) == 0) return 0;

@@ -14,8 +14,8 @@ std::filesystem::path separated(TextView path);
 // The existing spelling of every name. A name that is not there in any costs a look through its folder.
 std::filesystem::path host_path(TextView path);
 
-// The same for a file that may be missing or new: its own name is taken as it is given, in small letters or in
-// capitals, whichever is there, else as given. However full the folder is, it is not looked through.
+// The same for a file that may be missing or new: its own name is taken as it is given, in small letters or
+// in capitals, whichever is there, else as given. However full the folder is, it is not looked through.
 std::filesystem::path new_host_path(TextView path);
 
 } // namespace tolvex::files
