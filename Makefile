@@ -57,7 +57,8 @@ bench:
 	cmake --build build/bench
 	build/bench/bench/issue_bench
 	build/bench/bench/print_bench
-	build/bench/bench/two_stations
+	build/bench/bench/archive_bench
+	build/bench/bench/stations
 
 bench-windows: all windows
 	setup/testbed.sh
