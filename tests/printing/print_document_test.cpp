@@ -1,6 +1,8 @@
 // Issued documents printed through the public class.
 #include "core/errors.hpp"
+#include "printing/composing/composer.hpp"
 #include "printing/default_layout.hpp"
+#include "printing/document_report.hpp"
 #include "printing/frm_gen_imprimir_en_crystal.hpp"
 #include "support/shell.hpp"
 #include "support/station.hpp"
@@ -59,6 +61,20 @@ TEST_F(PrintDocument, the_layout_of_the_program_tells_all_of_both_documents_of_a
     EXPECT_TRUE(genera_docto.CancelaFacturaElectronica(u"A00123", Date::of(2011, 12, 31), 1, 1));
     EXPECT_EQ(exported("factura.rdl"), "");
     EXPECT_THAT(text_of("FacturaElec_A00123.pdf"), HasSubstr("CANCELADO"));
+}
+
+// Where every mark of an invoice and a credit note stands.
+TEST_F(PrintDocument, the_layout_of_the_program_puts_its_marks_where_they_were_looked_at)
+{
+    struct Described : pages::PageSink
+    {
+        void take(pages::Page page) override { text += pages::described(page); }
+        std::string text;
+    } marks;
+    printing::compose(printing::read_layout(folder_text() + u"\\factura.rdl"),
+                      report_parameters({u"A00123", 1}), shared_connection(session()), Date::of(2011, 3, 15),
+                      marks);
+    EXPECT_EQ(marks.text, read_file(TOLVEX_SOURCE_DIR "/tests/golden/factura_impresa.txt"));
 }
 
 TEST_F(PrintDocument, what_fails_prints_nothing_and_is_kept_as_the_last_error)
