@@ -33,11 +33,7 @@ HRESULT report(const Class& source, HRESULT code, const Text& description)
 
 } // namespace
 
-void begin_call() noexcept
-{
-    SetErrorInfo(0, nullptr);
-    forget_error();
-}
+void begin_call() noexcept { SetErrorInfo(0, nullptr); }
 
 void report_trapped(const Class& source)
 {

@@ -3,28 +3,40 @@
 #pragma once
 
 #include "automation/description.hpp"
+#include "platform/windows/component_call.hpp"
 
 namespace tolvex::automation {
 
-// Before a call: no error information, no trapped error.
+// Before a call: no error information.
 void begin_call() noexcept;
 // After a call that returned normally: an error that the method trapped is left as error information.
 void report_trapped(const Class& source);
 // Inside a catch block: the exception as a result code, with error information from "TOLVEX.<Class>".
 HRESULT report_exception(const Class& source) noexcept;
 
-// The one way from the host into the system and back: no exception passes it.
+// What the component does for a host without its session: no exception passes it.
 template <class Operation>
 HRESULT guard(const Class& source, Operation operation) noexcept
 {
     begin_call();
     try {
         operation();
-        report_trapped(source);
         return S_OK;
     } catch (...) {
         return report_exception(source);
     }
+}
+
+// The one way from the host into the system and back, a thread at a time.
+template <class Operation>
+HRESULT call_system(const Class& source, Operation operation) noexcept
+{
+    return guard(source, [&] {
+        const ComponentCall call;
+        forget_error();
+        operation();
+        report_trapped(source);
+    });
 }
 
 // The same for a failure of a late-bound call: the error information moves into the exception record that

@@ -212,7 +212,7 @@ struct Entry<function, Value, std::tuple<Parameters...>, std::tuple<Out...>>
     {
         if ((!raw || ...) || (!out || ...)) return E_POINTER;
         component::session_in_use();
-        return guard(self->described, [&] {
+        return call_system(self->described, [&] {
             using Implementation = typename Signature<decltype(function)>::Implementation;
             auto& implementation = *static_cast<Implementation*>(self->implementation.get());
             const auto call = [&] {

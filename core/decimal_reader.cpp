@@ -49,6 +49,18 @@ std::optional<int> take_exponent(Reader& reader)
     return negative ? -exponent : exponent;
 }
 
+// One "," with three digits after it may stand between thousands or before decimals.
+bool may_be_a_decimal_comma(TextView text)
+{
+    return std::count(text.begin(), text.end(), u',') == 1 && text.find(u'.') == TextView::npos;
+}
+
+Error ambiguous(const Text& text)
+{
+    return with_detail(type_mismatch(),
+                       u"«" + text + u"» puede llevar miles o decimales; escriba los decimales con punto");
+}
+
 Decimal assembled(bool negative, const std::string& integer, const std::string& fraction, int exponent)
 {
     return normalized({negative, integer + fraction, static_cast<int>(integer.size()) + exponent});
@@ -67,6 +79,7 @@ Decimal decimal_of(TextView text)
     std::optional<int> exponent = 0;
     if (reader.take(u"eE")) exponent = take_exponent(reader);
     if (!exponent || !reader.at_end()) throw type_mismatch();
+    if (may_be_a_decimal_comma(trimmed)) throw ambiguous(trimmed);
     return assembled(negative, *integer, fraction, *exponent);
 }
 

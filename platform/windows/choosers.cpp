@@ -1,6 +1,7 @@
 #include "platform/windows/choosers.hpp"
 
 #include "core/text.hpp"
+#include "platform/windows/component_call.hpp"
 #include "platform/windows/windows.hpp"
 
 #include <commdlg.h>
@@ -35,6 +36,7 @@ Text choose_folder(WindowHandle owner, const Text& title)
     browse.pszDisplayName = display_name;
     browse.lpszTitle = wide(title);
     browse.ulFlags = BIF_RETURNONLYFSDIRS;
+    const Interlude until_it_is_chosen;
     const std::unique_ptr<ITEMIDLIST, FreeItemList> picked(SHBrowseForFolderW(&browse));
     if (!picked || !SHGetPathFromIDListW(picked.get(), path)) return {};
     return clip(from_wide(path), longest_path);
@@ -52,6 +54,7 @@ Text choose_file(WindowHandle owner, const Text& title, const FileKind& kind)
     dialog.nMaxFile = std::size(path);
     dialog.lpstrTitle = wide(title);
     dialog.Flags = OFN_FILEMUSTEXIST | OFN_PATHMUSTEXIST | OFN_HIDEREADONLY | OFN_NOCHANGEDIR;
+    const Interlude until_it_is_chosen;
     return GetOpenFileNameW(&dialog) ? from_wide(path) : Text();
 }
 
@@ -68,6 +71,7 @@ Text choose_new_file(WindowHandle owner, const Text& title, const FileKind& kind
     dialog->SetFileTypes(1, &filter);
     dialog->SetDefaultExtension(wide(kind.pattern) + std::size(u"*.") - 1);
     dialog->SetFileName(wide(name));
+    const Interlude until_it_is_chosen;
     if (FAILED(dialog->Show(reinterpret_cast<HWND>(owner))) ||
         FAILED(dialog->GetResult(chosen.GetAddressOf())) ||
         FAILED(chosen->GetDisplayName(SIGDN_FILESYSPATH, &path.text)))

@@ -33,7 +33,7 @@ TEST(ToNumber, takes_whole_texts_only)
     expect_all<Text, double>(to_number, {{u" 12.50 ", 12.5}, {u"-3", -3}, {u"+.5", 0.5}, {u"5.", 5}});
     expect_all<Text, double>(to_number, {{u"1,234,567.5", 1234567.5}, {u"1E-2", 0.01}, {u"1e-400", 0}});
     for (const Text text : {u"", u" ", u"12a", u"1 2", u"1.2.3", u"--1", u"1e", u".", u"1,23", u"1234,567",
-                            u",1", u"0x10", u"١"})
+                            u",1", u"0x10", u"١", u"14,321", u"-1,234"})
         EXPECT_EQ(error_number([&] { to_number(text); }), numbers::type_mismatch) << to_utf8(text);
     EXPECT_EQ(error_number([] { to_number(u"1e400"); }), numbers::overflow);
 }

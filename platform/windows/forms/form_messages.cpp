@@ -1,4 +1,5 @@
 // What a form's window is told: messages of the system, events of its controls, keys.
+#include "platform/windows/component_call.hpp"
 #include "platform/windows/forms/form_window.hpp"
 
 #include <algorithm>
@@ -7,6 +8,7 @@ namespace tolvex {
 
 INT_PTR CALLBACK FormWindow::procedure(HWND window, UINT message, WPARAM first, LPARAM second) noexcept
 try {
+    const ComponentCall call;
     if (message == WM_INITDIALOG) {
         SetWindowLongPtrW(window, DWLP_USER, second);
         reinterpret_cast<FormWindow*>(second)->handle_ = window;

@@ -1,5 +1,7 @@
 #include "platform/windows/forms/message_hook.hpp"
 
+#include "platform/windows/component_call.hpp"
+
 #include <algorithm>
 #include <vector>
 
@@ -28,9 +30,11 @@ bool is_key(UINT message) { return message >= WM_KEYFIRST && message <= WM_KEYLA
 LRESULT CALLBACK watch(int code, WPARAM removed, LPARAM parameter)
 {
     MSG& message = *reinterpret_cast<MSG*>(parameter);
-    if (code == HC_ACTION && removed == PM_REMOVE && is_key(message.message))
+    if (code == HC_ACTION && removed == PM_REMOVE && is_key(message.message)) {
+        const ComponentCall call;
         if (KeyTaker* taker = taker_of(message.hwnd); taker && taker->takes_key(message))
             message.message = WM_NULL;
+    }
     return CallNextHookEx(nullptr, code, removed, parameter);
 }
 

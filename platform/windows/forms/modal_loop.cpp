@@ -1,5 +1,7 @@
 #include "platform/windows/forms/modal_loop.hpp"
 
+#include "platform/windows/component_call.hpp"
+
 #include <algorithm>
 
 namespace tolvex {
@@ -37,6 +39,7 @@ private:
 
 void pump_until_closed(const FormWindow& form)
 {
+    const Interlude until_it_is_closed;
     MSG message;
     while (!form.is_closing()) {
         const BOOL got = GetMessageW(&message, nullptr, 0, 0);

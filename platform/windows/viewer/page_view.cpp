@@ -1,5 +1,7 @@
 #include "platform/windows/viewer/page_view.hpp"
 
+#include "platform/windows/component_call.hpp"
+
 #include <windowsx.h>
 
 #include <algorithm>
@@ -52,6 +54,7 @@ void PageView::set_resolution(int dots_per_inch)
 
 LRESULT CALLBACK PageView::procedure(HWND window, UINT message, WPARAM first, LPARAM second) noexcept
 try {
+    const ComponentCall call;
     if (message == WM_NCCREATE) {
         auto* const made = static_cast<PageView*>(reinterpret_cast<CREATESTRUCTW*>(second)->lpCreateParams);
         made->handle_ = window;
@@ -106,6 +109,7 @@ LRESULT PageView::answer(UINT message, WPARAM first, LPARAM second)
         SetWindowLongPtrW(handle_, GWLP_USERDATA, 0);
         break;
     }
+    const Interlude while_it_is_scrolled;
     return DefWindowProcW(handle_, message, first, second);
 }
 

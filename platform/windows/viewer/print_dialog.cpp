@@ -1,5 +1,7 @@
 #include "platform/windows/viewer/print_dialog.hpp"
 
+#include "platform/windows/component_call.hpp"
+
 #include <commdlg.h>
 
 #include <algorithm>
@@ -52,6 +54,12 @@ Text chosen_printer(HGLOBAL names)
     return from_wide(reinterpret_cast<const wchar_t*>(locked.bytes()) + described->wDeviceOffset);
 }
 
+bool is_accepted(PRINTDLGW& dialog)
+{
+    const Interlude until_it_is_chosen;
+    return PrintDlgW(&dialog);
+}
+
 } // namespace
 
 std::optional<PrintChoice> ask_how_to_print(HWND owner, const std::vector<pages::Page>& pages)
@@ -65,7 +73,7 @@ std::optional<PrintChoice> ask_how_to_print(HWND owner, const std::vector<pages:
     dialog.nFromPage = dialog.nMinPage = 1;
     dialog.nToPage = dialog.nMaxPage = last_page;
     dialog.nCopies = 1;
-    const bool accepted = PrintDlgW(&dialog);
+    const bool accepted = is_accepted(dialog);
     const GlobalMemory mode(dialog.hDevMode), names(dialog.hDevNames);
     if (!accepted) return {};
     const bool only_some = dialog.Flags & PD_PAGENUMS;

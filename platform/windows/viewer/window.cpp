@@ -1,5 +1,6 @@
 #include "platform/windows/viewer/window.hpp"
 
+#include "platform/windows/component_call.hpp"
 #include "platform/windows/forms/visual_styles.hpp"
 #include "platform/windows/viewer/icons.hpp"
 
@@ -159,6 +160,7 @@ void ViewerWindow::place_parts()
 
 LRESULT CALLBACK ViewerWindow::procedure(HWND window, UINT message, WPARAM first, LPARAM second) noexcept
 try {
+    const ComponentCall call;
     if (message == WM_NCCREATE) {
         auto* const made =
             static_cast<ViewerWindow*>(reinterpret_cast<CREATESTRUCTW*>(second)->lpCreateParams);
@@ -219,6 +221,7 @@ LRESULT ViewerWindow::answer(UINT message, WPARAM first, LPARAM second)
         std::erase(open_windows(), shared_from_this());
         return 0;
     }
+    const Interlude while_it_is_moved_or_sized;
     return DefWindowProcW(handle_, message, first, second);
 }
 
