@@ -40,8 +40,8 @@ public:
         issuer.GetDatosEmpresa(1);
         issuer.GetDatosSucursal(1, 1);
         issuer.GetDatosCertificado(1);
-        Cliente().SetDatosClientes(u"PEGM800101AB1", u"María Peña", u"", u"", u"", u"", u"", u"", u"", u"", u"",
-                                   u"100.00", u"0", u"16.00", u"116.00", 1, u"1",
+        Cliente().SetDatosClientes(u"PEGM800101AB1", u"María Peña", u"", u"", u"", u"", u"", u"", u"", u"",
+                                   u"", u"100.00", u"0", u"16.00", u"116.00", 1, u"1",
                                    Date::of(2011, 3, 15, 14, 5, 9), to_text(folder_));
         DetFacturas lines;
         lines.InicializaDetalleFactura();
@@ -107,6 +107,7 @@ int main()
         of_few.push_back(few.issue());
         of_many.push_back(many.issue());
     }
-    fmt::print("an issue of 10 lines beside 100 documents {:.2f} ms, beside 200,000 {:.2f} ms: ratio {:.2f}\n",
-               median(of_few), median(of_many), median(of_many) / median(of_few));
+    fmt::print(
+        "an issue of 10 lines beside 100 documents {:.2f} ms, beside 200,000 {:.2f} ms: ratio {:.2f}\n",
+        median(of_few), median(of_many), median(of_many) / median(of_few));
 }

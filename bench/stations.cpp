@@ -49,9 +49,10 @@ Recordset query(const Text& sql) { return shared_connection(session()).query(sql
 // The customer and the product of its sales have the station's name.
 void stage_sale(const Text& name)
 {
-    Cliente().SetDatosClientes(u"PEGM800101AB1", name, u"Avenida Niños Héroes", u"120", u"", u"Del Valle", u"",
-                               u"Distrito Federal", u"Benito Juárez", u"México", u"03100", u"100.00", u"0.00",
-                               u"16.00", u"116.00", 1, u"1", Date::of(2011, 3, 15, 14, 5, 9), to_text(folder));
+    Cliente().SetDatosClientes(u"PEGM800101AB1", name, u"Avenida Niños Héroes", u"120", u"", u"Del Valle",
+                               u"", u"Distrito Federal", u"Benito Juárez", u"México", u"03100", u"100.00",
+                               u"0.00", u"16.00", u"116.00", 1, u"1", Date::of(2011, 3, 15, 14, 5, 9),
+                               to_text(folder));
     DetFacturas lines;
     lines.InicializaDetalleFactura();
     for (int line = 0; line < 3; ++line)
@@ -106,9 +107,9 @@ bool seal_is_right(const Text& seal, const Text& original)
 void write_public_key()
 {
     const Text base = to_text(folder);
-    files::write(base + u"\\revisa.bat", to_utf8(u"openssl x509 -inform DER -in " + base +
-                                                 u"\\certificado.cer -pubkey -noout > " + base +
-                                                 u"\\publica.tmp\r\n"));
+    files::write(base + u"\\revisa.bat",
+                 to_utf8(u"openssl x509 -inform DER -in " + base + u"\\certificado.cer -pubkey -noout > " +
+                         base + u"\\publica.tmp\r\n"));
     run_batch_file(base + u"\\revisa.bat");
 }
 
@@ -122,17 +123,19 @@ Findings look_over(const Text& ours)
     write_public_key();
     Findings found;
     std::vector<std::pair<Text, Text>> seals;
-    for (Recordset row = query(u"Select cSelloDigital, cCadenaOriginal From FE_VENTAS_RESUMEN(nolock) Where" + ours);
+    for (Recordset row =
+             query(u"Select cSelloDigital, cCadenaOriginal From FE_VENTAS_RESUMEN(nolock) Where" + ours);
          !row.eof(); row.move_next())
         seals.emplace_back(row[u"cSelloDigital"].text(), row[u"cCadenaOriginal"].text());
     for (const auto& [seal, original] : seals) found.wrong_seals += !seal_is_right(seal, original);
     found.documents = static_cast<int>(seals.size());
     found.other_lines =
         found.documents -
-        query(u"Select count(*) as n From (Select nID From FE_VENTAS_RESUMEN r Inner Join FE_ClienteFactura c On "
-              u"c.nidFE=r.nID Inner Join FE_VENTAS_RESUMEN_DET d On d.nIdFe=r.nID And d.cProducto=c.cNombreCte "
-              u"Where" +
-              ours + u" Group By nID Having count(*)=3) t")[u"n"]
+        query(
+            u"Select count(*) as n From (Select nID From FE_VENTAS_RESUMEN r Inner Join FE_ClienteFactura c On "
+            u"c.nidFE=r.nID Inner Join FE_VENTAS_RESUMEN_DET d On d.nIdFe=r.nID And d.cProducto=c.cNombreCte "
+            u"Where" +
+            ours + u" Group By nID Having count(*)=3) t")[u"n"]
             .int32();
     return found;
 }
@@ -144,7 +147,8 @@ int main(int argc, char** argv)
     const int stations = argc > 1 ? std::atoi(argv[1]) : 10;
     const int seconds = argc > 2 ? std::atoi(argv[2]) : 10;
     fs::remove_all(folder);
-    if (std::system((std::string(TOLVEX_COMMAND) + " demo --carpeta " + folder + " > /dev/null").c_str()) != 0)
+    if (std::system((std::string(TOLVEX_COMMAND) + " demo --carpeta " + folder + " > /dev/null").c_str()) !=
+        0)
         return 1;
     connect();
     const std::int32_t before =
@@ -161,7 +165,8 @@ int main(int argc, char** argv)
     const Text ours = u" nID > " + decimal(before);
     const Findings found = look_over(ours);
     const std::int32_t folios =
-        query(u"Select count(distinct cDocumento) as n From FE_VENTAS_RESUMEN(nolock) Where" + ours)[u"n"].int32();
+        query(u"Select count(distinct cDocumento) as n From FE_VENTAS_RESUMEN(nolock) Where" + ours)[u"n"]
+            .int32();
     fmt::print("{} stations, {} s, one range, one folder: {} documents ({:.0f} a second), {} failed\n"
                "  folios handed out twice: {}\n  documents with another's lines: {}\n  wrong seals: {}\n",
                stations, seconds, found.documents, double(found.documents) / seconds, failures,
