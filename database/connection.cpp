@@ -36,6 +36,8 @@ void Connection::roll_back()
 
 Text Connection::description() { return driver().description(); }
 
+void Connection::complete_schema() { driver().complete_schema(); }
+
 Driver& Connection::driver()
 {
     if (!driver_) throw connection_closed();

@@ -36,6 +36,9 @@ public:
 
     // Product, version and driver, for a person.
     Text description();
+    // Creates what an embedded database lacks of its schema, rows untouched; a server's is schema/'s
+    // business.
+    void complete_schema();
 
 private:
     friend class UpdatableRecordset;
