@@ -8,3 +8,4 @@ foreach(target IN ITEMS expression_fuzz flat_file_fuzz font_fuzz layout_fuzz pic
     target_link_options(${target} PRIVATE -fsanitize=fuzzer)
     set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
 endforeach()
+target_sources(report_fuzz PRIVATE tests/support/schema_change.cpp)

@@ -44,6 +44,8 @@ public:
     virtual const char* name() const = 0;
     virtual const char* purpose() const = 0;
     virtual void declare(Options&) {}
+    // Whether what was asked for needs the database, and so a password.
+    virtual bool needs_database() const { return true; }
     // Prints its result on standard output and gives the process's exit code: 0 on success, 1 when it failed
     // and said why. Throws Error for what ends it unforeseen.
     virtual int run(const Place& place) = 0;

@@ -1,8 +1,10 @@
 #include "console/command_line.hpp"
 
 #include "console/output.hpp"
+#include "console/password.hpp"
 
 #include <CLI/CLI.hpp>
+#include <cstdlib>
 
 namespace tolvex::console {
 
@@ -20,6 +22,7 @@ constexpr auto description =
 
 constexpr auto connection_notes =
     "La conexión también se toma del entorno: TOLVEX_SERVIDOR, TOLVEX_BD, TOLVEX_USUARIO, TOLVEX_CLAVE.\n"
+    "La contraseña de un usuario que no la trae se pide en la terminal.\n"
     "Código de salida: 0 si todo salió bien, 1 si la operación falló, 2 si la orden está mal escrita.";
 
 constexpr int wrong_usage = 2;
@@ -34,7 +37,18 @@ void add_connection_options(CLI::App& app, Place& place)
         ->envname("TOLVEX_BD")
         ->capture_default_str();
     app.add_option("--usuario", place.user, "Usuario del servidor")->envname("TOLVEX_USUARIO");
-    app.add_option("--clave", place.password, "Contraseña del usuario")->envname("TOLVEX_CLAVE");
+    app.add_option("--clave", place.password,
+                   "Contraseña del usuario. Así escrita, otros usuarios del equipo pueden verla: es mejor "
+                   "TOLVEX_CLAVE, o dejar que se pida en la terminal")
+        ->envname(password_variable);
+}
+
+void ask_for_missing_password(const CLI::App& app, Place& place)
+{
+    const bool given = app.get_option("--clave")->count() > 0;
+    if (given || place.user.empty() || is_embedded(place)) return;
+    place.password =
+        ask_for_password("Contraseña de " + place.user + " en " + place.server + ": ").value_or("");
 }
 
 void speak_spanish(CLI::App& app)
@@ -148,7 +162,11 @@ int run_command_line(int argc, char** argv, const std::vector<std::unique_ptr<Co
         added->get_help_ptr()->group("Opciones"); // inherited before the options' group is
         Options options(*added);
         command->declare(options);
-        added->callback([&result, &place, order = command.get()] { result = order->run(place); });
+        added->callback([&app, &result, &place, order = command.get()] {
+            unsetenv(password_variable); // the programs that a command starts have no use for it
+            if (order->needs_database()) ask_for_missing_password(app, place);
+            result = order->run(place);
+        });
     }
 
     try {

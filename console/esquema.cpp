@@ -15,13 +15,15 @@ public:
     const char* name() const override { return "esquema"; }
     const char* purpose() const override
     {
-        return "Escribe las instrucciones que crean las tablas en SQL Server";
+        return "Escribe las instrucciones que crean las tablas en SQL Server, o completa la base de datos";
     }
 
     void declare(Options& options) override
     {
-        options.flag("--crea", create_, "Las ejecuta: crea en la base de datos lo que falte");
+        options.flag("--crea", create_, "Crea en la base de datos lo que falte, sin tocar lo que hay");
     }
+
+    bool needs_database() const override { return create_; }
 
     int run(const Place& place) override
     {

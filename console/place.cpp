@@ -6,6 +6,8 @@
 
 namespace tolvex::console {
 
+bool is_embedded(const Place& place) { return place.server == Place().server; }
+
 ConnectionData connection_data(const Place& place)
 {
     return {to_text(place.user), to_text(place.password), to_text(place.database), to_text(place.server)};
@@ -14,7 +16,7 @@ ConnectionData connection_data(const Place& place)
 std::string options_of(const Place& place)
 {
     const std::string file = " --bd " + place.database;
-    if (place.server == Place().server) return file;
+    if (is_embedded(place)) return file;
     return " --servidor " + place.server + file + " --usuario " + place.user;
 }
 

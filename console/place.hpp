@@ -14,6 +14,10 @@ struct Place
     std::string server = "sqlite:", database = "tolvex.db", user, password;
 };
 
+// The variable of the environment that a password may come in.
+inline constexpr const char* password_variable = "TOLVEX_CLAVE";
+
+bool is_embedded(const Place& place);
 ConnectionData connection_data(const Place& place);
 
 // As the user says it again, but for the password.

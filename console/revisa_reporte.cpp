@@ -18,6 +18,8 @@ public:
 
     void declare(Options& options) override { options.argument("REPORTE", report_, "Formato RDL"); }
 
+    bool needs_database() const override { return false; }
+
     int run(const Place&) override
     {
         const printing::Layout layout = printing::read_layout(files::absolute_path(to_text(report_)));

@@ -1,6 +1,6 @@
 #include "console/schema_report.hpp"
 
-#include "schema/schema.hpp"
+#include "schema/check.hpp"
 
 #include <fmt/core.h>
 
@@ -8,14 +8,13 @@ namespace tolvex::console {
 
 bool report_schema(Connection& connection)
 {
-    const std::vector<Text> missing = missing_from_schema(connection);
-    if (missing.empty()) {
+    const std::vector<Text> findings = schema_findings(connection);
+    if (findings.empty()) {
         fmt::print("Esquema: completo\n");
         return true;
     }
-    fmt::print("Esquema: falta o no se alcanza lo siguiente; las tablas se crean con «tolvex esquema "
-               "--crea», lo demás lo dice docs/sql-server.md\n");
-    for (const Text& what : missing) fmt::print("  {}\n", to_utf8(what));
+    fmt::print("Esquema: hay que atender lo siguiente\n");
+    for (const Text& finding : findings) fmt::print("  {}\n", to_utf8(finding));
     return false;
 }
 

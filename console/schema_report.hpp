@@ -1,11 +1,11 @@
-// What a connected database lacks, for a person.
+// What is wrong with a connected database, for a person.
 #pragma once
 
 #include "database/connection.hpp"
 
 namespace tolvex::console {
 
-// Prints it; whether the schema is complete.
+// Prints it; whether nothing is.
 bool report_schema(Connection& connection);
 
 } // namespace tolvex::console

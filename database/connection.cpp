@@ -38,6 +38,8 @@ Text Connection::description() { return driver().description(); }
 
 Text Connection::file() { return driver().file(); }
 
+void Connection::complete_schema() { driver().complete_schema(); }
+
 Driver& Connection::driver()
 {
     if (!driver_) throw connection_closed();

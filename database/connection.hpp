@@ -38,6 +38,9 @@ public:
     Text description();
     // The file of an embedded database, absolute; empty on a server.
     Text file();
+    // Creates what an embedded database lacks of its schema, rows untouched; a server's is schema/'s
+    // business.
+    void complete_schema();
 
 private:
     friend class UpdatableRecordset;

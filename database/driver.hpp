@@ -71,6 +71,9 @@ public:
     // Between these two, statements need not reach the disk one by one; flush() makes all of them durable.
     virtual void defer_flush() {}
     virtual void flush() {}
+
+    // Creates what the database lacks of a schema that its driver brings along; others bring none.
+    virtual void complete_schema() {}
 };
 
 // A driver opened by a connection string of the form "uid=…;pwd=…;driver={SQL Server};server=…;database=…".

@@ -1,4 +1,4 @@
-// The tables, indexes and the function that the system expects on SQL Server.
+// The tables, indexes and the function that the system expects, and how they are made.
 #pragma once
 
 #include "database/connection.hpp"
@@ -12,12 +12,9 @@ Text schema_script();
 // The batches of a script, in order, without their "GO" lines.
 std::vector<Text> batches(const Text& script);
 
-// Runs the script. Throws Error with the driver's words at the first batch that fails; those before it stay
-// done.
+// Creates what the database lacks: on SQL Server by the script, batch by batch, without touching tables that
+// are there; an embedded file is completed to the last column. Throws Error with the driver's words at the
+// first batch that fails; those before it stay done.
 void create_schema(Connection& connection);
-
-// What the connected database lacks, one line each: "FE_EMPRESAS: why it cannot be read", "FE_FOLIOS.nHasta",
-// "dbo.fg_Numero2Letra: …"; empty when all is there. Throws Error when the connection does not work at all.
-std::vector<Text> missing_from_schema(Connection& connection);
 
 } // namespace tolvex

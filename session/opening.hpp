@@ -11,8 +11,8 @@ struct ConnectionData
     Text user, password, database, server;
 };
 
-// Connection string of that data. Deliberate: the values go in as they are, so a ";" in one of them breaks
-// the string.
+// Connection string of that data. Deliberate: the values go in as they are. A driver gets a password that
+// would break the string in braces; a ";" in another value ends it, which hosts use to add keywords.
 Text connection_string(const ConnectionData& data);
 
 // Opens a connection with that data, closing it first if it is open. Throws Error with the driver's

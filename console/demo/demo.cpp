@@ -27,8 +27,11 @@ namespace tolvex::console {
 namespace {
 
 constexpr TextView certificate_number = u"20001000000100005867";
-constexpr TextView sample_rfc = u"AES010101AAA";
+constexpr TextView demo_rfc = u"DEM110101AAA"; // nobody's: by it the records of the demonstration are known
 constexpr TextView key_password = u"12345678a";
+
+// What an order of openssl is about; what follows may hold a password.
+Text first_word(const Text& order) { return order.substr(0, order.find(u' ')); }
 
 // The tax authority spells a certificate's number in the ASCII codes of its serial: digit 2 is the byte 32.
 Text serial_in_hex(TextView number)
@@ -41,6 +44,12 @@ Text serial_in_hex(TextView number)
     return hex;
 }
 
+Error foreign(const Text& name)
+{
+    return invalid_call(u"La carpeta tiene algo que no es de la demostración, " + name +
+                        u"; indique otra con --carpeta");
+}
+
 class Demo
 {
 public:
@@ -51,6 +60,8 @@ public:
 private:
     Text path(const Text& name) const { return folder_ + u"\\" + name; }
     void make_folder();
+    bool is_own_folder() const;
+    void refuse_files_of_others() const;
     void open_database();
     void make_certificate();
     void register_master_data();
@@ -99,6 +110,26 @@ void Demo::make_folder()
         throw invalid_call(
             u"La carpeta no puede llevar blancos, pues las líneas de sello.bat no los admiten: " + folder_);
     if (!files::folder_exists(folder_)) files::create_folder(folder_);
+    if (!is_own_folder()) refuse_files_of_others();
+    files::write(path(u"maestros.toml"), master_data);
+}
+
+// An earlier demonstration left its master data there.
+bool Demo::is_own_folder() const
+{
+    const Text file = path(u"maestros.toml");
+    return files::exists(file) && to_text(files::read(file)).find(demo_rfc) != Text::npos;
+}
+
+// A key or a document of that name would be replaced.
+void Demo::refuse_files_of_others() const
+{
+    std::vector<Text> names = {u"maestros.toml", u"llave.key", u"certificado.cer", u"certificado.pem",
+                               u"pkey.key.pem"};
+    for (const DemoFile& file : demo_files) names.push_back(to_text(file.name));
+    for (const Text& name : names)
+        if (files::exists(path(name))) throw foreign(name);
+    if (files::folder_exists(path(u"Facturas"))) throw foreign(u"Facturas");
 }
 
 void Demo::open_database()
@@ -117,8 +148,8 @@ void Demo::openssl(const std::vector<Text>& commands)
     const int exit_code = run_batch_file(batch, WindowStyle::hidden);
     files::remove(batch);
     if (exit_code != 0)
-        throw invalid_call(u"openssl no pudo ejecutar su orden (código " + decimal(exit_code) +
-                           u"): revise que esté instalado: " + commands.back());
+        throw invalid_call(u"openssl no pudo ejecutar su orden «" + first_word(commands.back()) +
+                           u"» (código " + decimal(exit_code) + u"): revise que esté instalado");
 }
 
 void Demo::make_certificate()
@@ -140,10 +171,8 @@ void Demo::make_certificate()
 // As an installation script would: the master data from a file, the key's password typed by nobody.
 void Demo::register_master_data()
 {
-    const Text file = path(u"maestros.toml");
-    files::write(file, master_data);
     disconnect();
-    if (run_own_command({"maestros", to_utf8(files::native_path(file))}, place_,
+    if (run_own_command({"maestros", to_utf8(files::native_path(path(u"maestros.toml")))}, place_,
                         to_utf8(key_password) + "\n") != 0)
         throw invalid_call(u"No se pudieron registrar los datos maestros de la demostración");
     connect(place_);
@@ -154,7 +183,7 @@ void Demo::register_master_data()
 
 void Demo::find_numbers()
 {
-    company_ = find_company(session(), Text(sample_rfc));
+    company_ = find_company(session(), Text(demo_rfc));
     branch_ = find_branch(session(), company_, u"MATRIZ");
     invoices_ = find_folio_range(session(), company_, u"FACTURAS", u"A", u"1");
     credit_notes_ = find_folio_range(session(), company_, u"NOTAS DE CREDITO", u"NC", u"1");
@@ -242,8 +271,7 @@ public:
     int run(const Place& place) override
     {
         const Text path = files::absolute_path(to_text(folder_));
-        const bool embedded = place.server == "sqlite:";
-        Demo(embedded ? Place{"sqlite:", to_utf8(path) + "/tolvex.db", "", ""} : place, path).run();
+        Demo(is_embedded(place) ? Place{"sqlite:", to_utf8(path) + "/tolvex.db", "", ""} : place, path).run();
         return 0;
     }
 

@@ -37,12 +37,12 @@ EMITE||1|egreso|16|0
     {"addenda.txt",
      R"(# Una factura cuyo receptor pide una addenda con su orden de compra y los códigos de sus renglones.
 EMISOR|{EMISOR}
-CLIENTE|TIE010203ABC|Tiendas El Águila, S.A.|Calzada de los Gallos|77||Industrial||Nuevo León|Monterrey|México|64000|300.00|10.00|46.40|336.40|1|{FACTURAS}|{FECHA}|
+CLIENTE|DEM010203ABC|Tiendas El Águila, S.A.|Calzada de los Gallos|77||Industrial||Nuevo León|Monterrey|México|64000|300.00|10.00|46.40|336.40|1|{FACTURAS}|{FECHA}|
 DETALLE|3|F|LAP-02|Lápiz del número 2|100|PZA|2.00|32.00|200.00|16
 DETALLE|3|F|CUA-10|Cuaderno rayado de 100 hojas|4|PZA|25.00|14.40|100.00|16
-ADDENDA|TIE010203ABC|2|1|OC-2011-0457
-ADDENDADET|1|TIE010203ABC|5|4|7501000000017
-ADDENDADET|2|TIE010203ABC|5|4|7501000000024
+ADDENDA|DEM010203ABC|2|1|OC-2011-0457
+ADDENDADET|1|DEM010203ABC|5|4|7501000000017
+ADDENDADET|2|DEM010203ABC|5|4|7501000000024
 EMITE||1|ingreso|16|1
 )"},
 };
@@ -50,7 +50,7 @@ EMITE||1|ingreso|16|1
 inline constexpr char master_data[] = R"(# La empresa de la demostración, para «tolvex maestros».
 [[empresa]]
 nombre = "Abarrotes La Esperanza, S.A. de C.V."
-rfc = "AES010101AAA"
+rfc = "DEM110101AAA"
 calle = "Calle de la Alhóndiga"
 num_exterior = "15"
 colonia = "Centro"
@@ -78,7 +78,7 @@ telefono = "4737320000"
   estado = "Guanajuato"
   pais = "México"
   codigo_postal = "36000"
-  rfc = "AES010101AAA"
+  rfc = "DEM110101AAA"
 
   [[empresa.folios]]
   documento = "FACTURAS"

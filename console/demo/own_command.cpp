@@ -27,6 +27,15 @@ File file_with(const std::string& content)
 
 void pass_on(const char* variable, const std::string& value) { setenv(variable, value.c_str(), 1); }
 
+// In the environment while the command is started: its command line others may read.
+class PassedOnPassword
+{
+public:
+    explicit PassedOnPassword(const std::string& password) { pass_on(password_variable, password); }
+    ~PassedOnPassword() { unsetenv(password_variable); }
+    PassedOnPassword(const PassedOnPassword&) = delete;
+};
+
 } // namespace
 
 int run_own_command(const std::vector<std::string>& words, const Place& place, const std::string& input)
@@ -34,7 +43,7 @@ int run_own_command(const std::vector<std::string>& words, const Place& place, c
     pass_on("TOLVEX_SERVIDOR", place.server);
     pass_on("TOLVEX_BD", place.database);
     pass_on("TOLVEX_USUARIO", place.user);
-    pass_on("TOLVEX_CLAVE", place.password); // not on its command line, which others may read
+    const PassedOnPassword password(place.password);
     std::vector<char*> arguments = {const_cast<char*>("tolvex")};
     for (const std::string& word : words) arguments.push_back(const_cast<char*>(word.c_str()));
     arguments.push_back(nullptr);

@@ -3,6 +3,7 @@
 #include "core/errors.hpp"
 
 #include <filesystem>
+#include <utility>
 
 namespace tolvex::embedded {
 
@@ -20,6 +21,25 @@ Text why_it_does_not_open(const Text& file)
            u"carpeta";
 }
 
+Error refused(const Text& words)
+{
+    return {database_error, u"La base de datos embebida sólo admite consultar, agregar, cambiar y borrar "
+                            u"registros, y la instrucción pedía otra cosa: no se ejecutó. Vea si un dato "
+                            u"capturado lleva apóstrofos (" +
+                                words + u")"};
+}
+
+class Unrestricted
+{
+public:
+    explicit Unrestricted(bool& flag) : flag_(flag) { flag_ = true; }
+    ~Unrestricted() { flag_ = false; }
+    Unrestricted(const Unrestricted&) = delete;
+
+private:
+    bool& flag_;
+};
+
 } // namespace
 
 Database::Database(Text file) : file_(std::move(file))
@@ -31,6 +51,7 @@ Database::Database(Text file) : file_(std::move(file))
     handle_.reset(handle);
     check(code);
     check(sqlite3_extended_result_codes(handle, 1));
+    check(restrict_to(rights_, handle));
 }
 
 void Database::check(int code) const
@@ -38,22 +59,38 @@ void Database::check(int code) const
     if (code == SQLITE_OK || code == SQLITE_ROW || code == SQLITE_DONE) return;
     const bool described = handle() && sqlite3_errcode(handle()) == code;
     const Text words = to_text(described ? sqlite3_errmsg(handle()) : sqlite3_errstr(code));
+    if (was_refused(words)) throw refused(words);
     const Text reason = why(code);
     if (reason.empty()) throw Error(database_error, words);
     throw Error(database_error, u"Base de datos " + file_ + u": " + reason + u" (" + words + u")");
 }
 
-void Database::run(const char* sql) { check(sqlite3_exec(handle(), sql, nullptr, nullptr, nullptr)); }
+void Database::run(const std::string& sql) { rows(sql); }
 
-std::string Database::answer(const char* sql)
+std::string Database::answer(const std::string& sql)
 {
-    std::string text;
+    const auto all = rows(sql);
+    return all.empty() ? "" : all.front().front();
+}
+
+std::vector<std::vector<std::string>> Database::rows(const std::string& sql)
+{
+    using Rows = std::vector<std::vector<std::string>>;
     const auto keep = [](void* kept, int count, char** values, char**) {
-        if (count > 0 && values[0]) *static_cast<std::string*>(kept) = values[0];
+        auto& row = static_cast<Rows*>(kept)->emplace_back();
+        for (int i = 0; i < count; ++i) row.emplace_back(values[i] ? values[i] : "");
         return 0;
     };
-    check(sqlite3_exec(handle(), sql, keep, &text, nullptr));
-    return text;
+    const Unrestricted own_statement(rights_.unrestricted);
+    Rows all;
+    check(sqlite3_exec(handle(), sql.c_str(), keep, &all, nullptr));
+    return all;
+}
+
+// By us or, where it is about the schema's own table, by the engine before it asks us.
+bool Database::was_refused(const Text& words) const
+{
+    return std::exchange(rights_.refused, false) || words.ends_with(u"may not be modified");
 }
 
 // Why the file, rather than the statement, is at fault and what to do; empty when it is the statement.

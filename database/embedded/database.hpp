@@ -1,10 +1,12 @@
 // One open file of the embedded database, and the one door that the engine's calls go through.
 #pragma once
 
+#include "database/embedded/rights.hpp"
 #include "tolvex/types.hpp"
 
 #include <memory>
 #include <sqlite3.h>
+#include <vector>
 
 namespace tolvex::embedded {
 
@@ -14,15 +16,19 @@ class Database
 public:
     // Opens the file or creates it; the engine reads it only at the first statement. Throws Error.
     explicit Database(Text file);
+    Database(const Database&) = delete;
 
     const Text& file() const { return file_; }
     sqlite3* handle() const { return handle_.get(); }
     // Throws Error(database_error), with the engine's own text, unless the code says that all went well.
     void check(int code) const;
-    // Runs one statement of the engine's own SQL, or several.
-    void run(const char* sql);
+    // Runs one statement of the engine's own SQL, or several. This and the two below are for what the driver
+    // itself has to say and may do anything; statements of callers are restricted (rights.hpp).
+    void run(const std::string& sql);
     // First column of the first row of a query.
-    std::string answer(const char* sql);
+    std::string answer(const std::string& sql);
+    // All rows of a query; Null is empty.
+    std::vector<std::vector<std::string>> rows(const std::string& sql);
     bool in_transaction() const { return !sqlite3_get_autocommit(handle()); }
 
 private:
@@ -31,9 +37,11 @@ private:
         void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
     };
 
+    bool was_refused(const Text& words) const;
     Text why(int code) const;
 
     Text file_;
+    mutable Rights rights_;
     std::unique_ptr<sqlite3, Close> handle_;
 };
 

@@ -1,6 +1,7 @@
 // The embedded database as a driver: one file, SQLite through its C interface.
 #include "core/errors.hpp"
 #include "core/text.hpp"
+#include "database/embedded/completion.hpp"
 #include "database/embedded/opening.hpp"
 #include "database/embedded/rows.hpp"
 #include "database/embedded/script.hpp"
@@ -106,6 +107,8 @@ public:
         deferring_ = false;
         settle();
     }
+
+    void complete_schema() override { embedded::complete_schema(*database_); }
 
 private:
     static void bind(Statement& statement, const std::vector<Value>& parameters, std::size_t& bound)

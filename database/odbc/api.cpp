@@ -16,12 +16,26 @@ Text words(TextView state, SQLINTEGER native, TextView message)
     return u"[" + Text(state) + u"] " + trim(message) + u" (" + decimal(native) + u")";
 }
 
+// By SQLSTATE, or by FreeTDS's own numbers under a state that says nothing: it could not read or write, the
+// server hung up, the connection is dead.
+bool is_lost_connection(const Text& diagnostics)
+{
+    const TextView signs[] = {u"[08", u"(20004)", u"(20006)", u"(20017)", u"(20047)"};
+    return std::any_of(std::begin(signs), std::end(signs),
+                       [&](TextView sign) { return diagnostics.find(sign) != Text::npos; });
+}
+
+const TextView lost_connection =
+    u"Se perdió la conexión con el servidor de la base de datos. Revise la red y el servidor, abra de nuevo la "
+    u"conexión y vea si lo último quedó guardado antes de repetirlo. ";
+
 } // namespace
 
 void check(SQLRETURN result, SQLSMALLINT kind, SQLHANDLE handle)
 {
     if (SQL_SUCCEEDED(result) || result == SQL_NO_DATA) return;
-    throw Error(database_error, diagnostics(kind, handle));
+    const Text reason = diagnostics(kind, handle);
+    throw Error(database_error, is_lost_connection(reason) ? Text(lost_connection) + reason : reason);
 }
 
 Text diagnostics(SQLSMALLINT kind, SQLHANDLE handle)

@@ -14,7 +14,8 @@ namespace tolvex::odbc {
 
 static_assert(sizeof(SQLWCHAR) == sizeof(char16_t), "ODBC text must be UTF-16");
 
-// Throws Error(database_error) with the driver's own words when a call failed. "No data" is no failure.
+// Throws Error(database_error) with the driver's own words when a call failed, after what to do where they
+// mean that the connection is gone. "No data" is no failure.
 void check(SQLRETURN result, SQLSMALLINT kind, SQLHANDLE handle);
 
 // Every diagnostic record of a handle as "[SQLSTATE] text (native number)", joined by "; ".

@@ -59,6 +59,15 @@ Text port_of(const Text& server)
     return server.find(u'\\') == Text::npos ? u"1433" : u"";
 }
 
+// FreeTDS ends a value in braces where a ";" follows the brace, and knows no doubled one. The driver manager
+// stumbles over that, unless it has read all else before.
+Text with_password_last(const Text& connection_string)
+{
+    const Text password = keyword(connection_string, u"pwd");
+    if (!password.starts_with(u'{')) return connection_string;
+    return without_keyword(connection_string, u"pwd") + u";pwd=" + replace_all(password, u"}}", u"}") + u";";
+}
+
 // FreeTDS has to be told the protocol, the character set, not to cut long texts, and host and port one by
 // one: left to split them by itself, it sends the host's name with a NUL in it.
 Text for_freetds(const Text& connection_string, const Text& driver)
@@ -68,20 +77,19 @@ Text for_freetds(const Text& connection_string, const Text& driver)
     Text mapped = with_keyword(connection_string, u"driver", driver);
     mapped = with_keyword(mapped, u"server", trim(server.substr(0, server.find(u','))));
     if (!port.empty() && !has_keyword(mapped, u"port")) mapped += u";port=" + port;
-    return mapped + u";TDS_Version=7.4;ClientCharset=UTF-8;TextSize=2147483647";
+    return with_password_last(mapped + u";TDS_Version=7.4;ClientCharset=UTF-8;TextSize=2147483647");
 }
 
 } // namespace
 
 Text for_installed_driver(const Text& connection_string, const std::vector<Text>& installed)
 {
-    const Text name = without_braces(keyword(connection_string, u"driver"));
-    if (!equal_ignoring_case(name, u"SQL Server") || is_installed(installed, name)) return connection_string;
-    if (const auto vendors = newest_vendor_driver(installed))
-        return for_vendor_driver(connection_string, *vendors);
+    const Text whole = with_password_in_braces(connection_string);
+    const Text name = without_braces(keyword(whole, u"driver"));
+    if (!equal_ignoring_case(name, u"SQL Server") || is_installed(installed, name)) return whole;
+    if (const auto vendors = newest_vendor_driver(installed)) return for_vendor_driver(whole, *vendors);
     // Not registered, its library may still be installed: the driver manager also takes a library's name.
-    return for_freetds(connection_string,
-                       is_installed(installed, u"FreeTDS") ? u"{FreeTDS}" : u"libtdsodbc.so");
+    return for_freetds(whole, is_installed(installed, u"FreeTDS") ? u"{FreeTDS}" : u"libtdsodbc.so");
 }
 
 } // namespace tolvex::odbc

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <cstdlib>
 #include <fcntl.h>
+#include <mutex>
 #include <optional>
 #include <spawn.h>
 #include <sys/stat.h>
@@ -46,7 +47,7 @@ public:
 
     void open(int descriptor, const std::string& path, int flags)
     {
-        posix_spawn_file_actions_addopen(&actions_, descriptor, path.c_str(), flags, 0666);
+        posix_spawn_file_actions_addopen(&actions_, descriptor, path.c_str(), flags, S_IRUSR | S_IWUSR);
     }
     const posix_spawn_file_actions_t* get() const { return &actions_; }
 
@@ -79,14 +80,41 @@ bool answers_are_given()
 // Whether a program that asks the user needs a window of its own for it.
 bool needs_window() { return !has_terminal() && !answers_are_given() && std::getenv("DISPLAY"); }
 
+// What a program inherits of the environment: all but the password of the database.
+std::vector<char*> inherited_environment()
+{
+    std::vector<char*> inherited;
+    for (char** variable = environ; *variable; ++variable)
+        if (!std::string_view(*variable).starts_with("TOLVEX_CLAVE=")) inherited.push_back(*variable);
+    inherited.push_back(nullptr);
+    return inherited;
+}
+
+// While it lives, files are created for the user alone: keys and seals are private from their first byte. A
+// program inherits that from the whole process, as spawning has no attribute for it; who starts another at
+// the same time waits, so that each puts back what it found.
+class PrivateFiles
+{
+public:
+    PrivateFiles() : turn_(mutex_), before_(umask(S_IRWXG | S_IRWXO)) {}
+    ~PrivateFiles() { umask(before_); }
+    PrivateFiles(const PrivateFiles&) = delete;
+
+private:
+    inline static std::mutex mutex_;
+    std::lock_guard<std::mutex> turn_;
+    mode_t before_;
+};
+
 std::optional<pid_t> start(std::vector<std::string> words, const Redirections& files)
 {
     std::vector<char*> arguments;
     for (std::string& word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);
+    const PrivateFiles private_files;
     pid_t process = 0;
-    const int error =
-        posix_spawnp(&process, arguments.front(), files.get(), nullptr, arguments.data(), environ);
+    const int error = posix_spawnp(&process, arguments.front(), files.get(), nullptr, arguments.data(),
+                                   inherited_environment().data());
     return error == 0 ? std::optional(process) : std::nullopt;
 }
 

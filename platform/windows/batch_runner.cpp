@@ -23,6 +23,28 @@ Text from_console_bytes(const std::string& bytes)
     return text;
 }
 
+// The password of the database, taken out of the environment while programs are started: none inherits it.
+class WithheldPassword
+{
+public:
+    WithheldPassword() : size_(GetEnvironmentVariableW(variable, nullptr, 0)), value_(size_, L'\0')
+    {
+        if (size_ == 0) return;
+        GetEnvironmentVariableW(variable, value_.data(), size_);
+        SetEnvironmentVariableW(variable, nullptr);
+    }
+    ~WithheldPassword()
+    {
+        if (size_ > 0) SetEnvironmentVariableW(variable, value_.c_str());
+    }
+    WithheldPassword(const WithheldPassword&) = delete;
+
+private:
+    static constexpr const wchar_t* variable = L"TOLVEX_CLAVE";
+    DWORD size_; // with the NUL at its end; 0 when there is none
+    std::wstring value_;
+};
+
 ComPtr<IDispatch> create_shell()
 {
     CLSID id;
@@ -69,6 +91,7 @@ int run_batch_file(TextView path, WindowStyle style)
 {
     // Run itself would show a box for a missing file and say that it ran.
     const std::vector<BatchCommand> commands = parse_batch(from_console_bytes(files::read(path)));
+    const WithheldPassword withheld;
     const int exit_code = run_and_wait(files::native_path(path), style);
     for (const BatchCommand& command : commands) restore_line_feeds(encoded_seal(command));
     return exit_code;

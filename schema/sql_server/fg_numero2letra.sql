@@ -10,13 +10,18 @@ AS
 BEGIN
     IF @importe IS NULL RETURN NULL
 
+    -- Accented capitals by their codes, so that they arrive whole through any code page of a client.
+    DECLARE @e nchar(1), @o nchar(1), @u nchar(1)
+    SELECT @e = NCHAR(201), @o = NCHAR(211), @u = NCHAR(218)
+
     -- Each word stands in a field of equal width: 12 for 1 to 29, 9 for the tens, 13 for the hundreds.
     DECLARE @unidades nvarchar(400), @decenas nvarchar(100), @centenas nvarchar(200)
     SET @unidades =
         N''UN          DOS         TRES        CUATRO      CINCO       SEIS        SIETE       OCHO        '' +
-        N''NUEVE       DIEZ        ONCE        DOCE        TRECE       CATORCE     QUINCE      DIECISÉIS   '' +
-        N''DIECISIETE  DIECIOCHO   DIECINUEVE  VEINTE      VEINTIÚN    VEINTIDÓS   VEINTITRÉS  VEINTICUATRO'' +
-        N''VEINTICINCO VEINTISÉIS  VEINTISIETE VEINTIOCHO  VEINTINUEVE ''
+        N''NUEVE       DIEZ        ONCE        DOCE        TRECE       CATORCE     QUINCE      '' +
+        N''DIECIS'' + @e + N''IS   DIECISIETE  DIECIOCHO   DIECINUEVE  VEINTE      '' +
+        N''VEINTI'' + @u + N''N    VEINTID'' + @o + N''S   VEINTITR'' + @e + N''S  VEINTICUATRO'' +
+        N''VEINTICINCO VEINTIS'' + @e + N''IS  VEINTISIETE VEINTIOCHO  VEINTINUEVE ''
     SET @decenas =
         N''TREINTA  CUARENTA CINCUENTASESENTA  SETENTA  OCHENTA  NOVENTA  ''
     SET @centenas =
@@ -52,11 +57,12 @@ BEGIN
             SET @letra = @letra + RTRIM(SUBSTRING(@unidades, (@resto - 1) * 12 + 1, 12)) + N'' ''
 
         IF @divisor = 1000000000000 AND @grupo > 0
-            SET @letra = @letra + CASE WHEN @grupo = 1 THEN N''BILLÓN '' ELSE N''BILLONES '' END
+            SET @letra = @letra + CASE WHEN @grupo = 1 THEN N''BILL'' + @o + N''N '' ELSE N''BILLONES '' END
         IF @divisor IN (1000, 1000000000) AND @grupo > 0
             SET @letra = @letra + N''MIL ''
         IF @divisor = 1000000 AND @entero / 1000000 % 1000000 > 0
-            SET @letra = @letra + CASE WHEN @entero / 1000000 % 1000000 = 1 THEN N''MILLÓN '' ELSE N''MILLONES '' END
+            SET @letra = @letra +
+                CASE WHEN @entero / 1000000 % 1000000 = 1 THEN N''MILL'' + @o + N''N '' ELSE N''MILLONES '' END
 
         SET @divisor = @divisor / 1000
     END

@@ -6,7 +6,13 @@
 -- credit note may share one, and two stations that issue at the same moment may draw the same.
 
 IF N'a' <> N'A' COLLATE DATABASE_DEFAULT
-    RAISERROR(N'La base de datos distingue mayúsculas de minúsculas: cree una con una intercalación CI', 16, 1)
+BEGIN
+    -- Accents by their codes, so that they arrive whole through any code page of a client.
+    DECLARE @aviso nvarchar(200)
+    SET @aviso = N'La base de datos distingue may' + NCHAR(250) + N'sculas de min' + NCHAR(250) +
+        N'sculas: cree una con una intercalaci' + NCHAR(243) + N'n CI'
+    RAISERROR(@aviso, 16, 1)
+END
 GO
 
 IF OBJECT_ID(N'dbo.FE_EMPRESAS') IS NULL

@@ -1,6 +1,6 @@
 -- The tables and indexes of a new embedded database, with the columns of ../sql_server/tables.sql under SQL Server's
 -- names of kinds. Texts compare without regard to case, as on the server. Keys that statements take as "highest plus
--- one" are plain keys; the document's nID alone is handed out by the database, which also takes the highest plus one.
+-- one" are plain keys; the document's nID alone is handed out by the database, which gives no number a second time.
 
 CREATE TABLE FE_EMPRESAS (
     nEmpresa smallint NOT NULL,
@@ -92,7 +92,7 @@ CREATE TABLE FE_FOLIOS (
 );
 
 CREATE TABLE FE_VENTAS_RESUMEN (
-    nID INTEGER PRIMARY KEY,
+    nID INTEGER PRIMARY KEY AUTOINCREMENT,
     cDocumento nvarchar(255) COLLATE NOCASE,
     cTipoDocumento nvarchar(1) COLLATE NOCASE,
     nEmpresa smallint,

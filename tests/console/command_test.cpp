@@ -4,8 +4,10 @@
 #include "database/connection.hpp"
 #include "support/certificates.hpp"
 #include "support/files.hpp"
+#include "support/schema_change.hpp"
 #include "support/shell.hpp"
 #include "support/temporary_folder.hpp"
+#include "support/terminal.hpp"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -66,6 +68,39 @@ TEST_F(Command, demonstration_runs_again_and_again)
     }
     for (const char* name : {"A1", "A2", "A3", "NC1", "A4", "A5", "A6", "NC2"})
         EXPECT_TRUE(exists(path() / "prueba/Facturas" / (std::string(name) + ".xml"))) << name;
+}
+
+TEST_F(Command, demonstration_stands_beside_companies_and_files_of_others)
+{
+    std::filesystem::create_directory(path() / "demo");
+    write_file(path() / "tienda.toml", "[[empresa]]\nnombre = 'Abarrotes'\nrfc = 'AES010101AAA'\n"
+                                       "[[empresa.sucursal]]\nnombre = 'Matriz'\n"
+                                       "[[empresa.folios]]\ndocumento = 'FACTURAS'\nserie = 'A'\n"
+                                       "sucursal = 'Matriz'\nanio = 2011\ndesde = 1\nhasta = 50\n");
+    ASSERT_EQ(tolvex({"maestros", "tienda.toml", "--bd", database}).exit_code, 0);
+    in_sqlite(to_text((path() / database).string()),
+              "insert into FE_VENTAS_RESUMEN(cDocumento,nEmpresa,nSucursal,cStatus) values('1',1,1,'A');"
+              "insert into fe_ctl_adendas(crfccte,nRama,nPadre,cNombre) values('TIE010203ABC',1,0,'Orden')");
+    const std::string theirs =
+        "sqlite3 " + database +
+        " \"select * from FE_EMPRESAS where nEmpresa=1; select * from FE_SUCURSALES where "
+        "nEmpresa=1; select * from FE_FOLIOS where nEmpresa=1; select * from "
+        "FE_VENTAS_RESUMEN where nEmpresa=1; select * from fe_ctl_adendas where crfccte not "
+        "like 'DEM%'\"";
+    const std::string before = in_shell(theirs).output;
+    EXPECT_THAT(before, HasSubstr("AES010101AAA"));
+    for (int run = 1; run <= 2; ++run) {
+        demo();
+        EXPECT_EQ(in_shell(theirs).output, before);
+    }
+    EXPECT_EQ(tolvex({"folio", "2", "--bd", database}).output, "7\n");
+
+    std::filesystem::create_directory(path() / "ajena");
+    write_file(path() / "ajena/pkey.key.pem", "de otra empresa");
+    const Outcome refused = tolvex({"demo", "--carpeta", "ajena"});
+    EXPECT_EQ(refused.exit_code, 1);
+    EXPECT_THAT(refused.errors, HasSubstr("pkey.key.pem; indique otra con --carpeta"));
+    EXPECT_EQ(in_shell("cat ajena/*").output, "de otra empresa");
 }
 
 TEST_F(Command, imprime_makes_the_pdf_of_a_document_and_says_what_its_layout_lacks)
@@ -184,16 +219,33 @@ TEST_F(Command, connection_comes_from_options_anywhere_or_the_environment)
     EXPECT_THAT(tolvex({"folio", "1", "--bd", "no/hay.db"}).errors, HasSubstr("no/hay.db"));
 }
 
-TEST_F(Command, what_the_database_lacks_is_told)
+TEST_F(Command, a_password_is_asked_at_the_terminal_where_it_is_needed_and_missing)
+{
+    const std::string command = TOLVEX_COMMAND " ", server = " --servidor 127.0.0.1,1 --usuario caja";
+    const auto shown = [&](const std::string& words) {
+        return at_terminal(
+                   "muy secreta", [&] { in_shell(command + words); }, "127.0.0.1,1: ")
+            .shown;
+    };
+    const std::string asked = shown("conexion" + server);
+    EXPECT_THAT(asked, HasSubstr("Contraseña de caja en 127.0.0.1,1: "));
+    EXPECT_THAT(asked, Not(HasSubstr("secreta")));
+    for (const std::string& words :
+         {"conexion --clave x" + server, std::string("conexion --usuario caja"), "esquema" + server})
+        EXPECT_THAT(shown(words), Not(HasSubstr("Contraseña"))) << words;
+    EXPECT_EQ(tolvex({"conexion", "--servidor", "127.0.0.1,1", "--usuario", "caja"}, "setsid -w").exit_code,
+              1);
+    EXPECT_THAT(tolvex({"--help"}).output, HasSubstr("otros usuarios del equipo pueden verla"));
+}
+
+TEST_F(Command, what_the_database_lacks_is_told_and_completed)
 {
     demo();
-    Connection connection;
-    connection.connection_string = u"server=sqlite:;database=" + to_text((path() / database).string());
-    connection.open();
-    connection.execute(u"drop table fe_ctl_adendas");
+    in_sqlite(to_text((path() / database).string()), "drop table fe_ctl_adendas");
     const Outcome lacking = tolvex({"conexion", "--bd", database});
     EXPECT_EQ(lacking.exit_code, 1);
     EXPECT_THAT(lacking.output, HasSubstr("fe_ctl_adendas"));
+    EXPECT_EQ(tolvex({"esquema", "--crea", "--bd", database}).output, "Esquema: completo\n");
 }
 
 TEST_F(Command, documents_are_cancelled_and_deleted_by_their_key)
@@ -286,8 +338,8 @@ TEST_F(Command, the_monthly_report_names_its_file_and_a_month_without_documents_
         return tolvex({"reporte", "--empresa", "1", "--mes", month, "--anio", "2011", "--carpeta", "demo",
                        "--bd", database});
     };
-    EXPECT_EQ(report("3").output, (path() / "demo/1AES010101AAA032011.TXT").string() + "\n");
-    EXPECT_EQ(read_file(path() / "demo/1AES010101AAA032011.TXT"),
+    EXPECT_EQ(report("3").output, (path() / "demo/1DEM110101AAA032011.TXT").string() + "\n");
+    EXPECT_EQ(read_file(path() / "demo/1DEM110101AAA032011.TXT"),
               "|XAXX010101000|A|4|20112011|15/03/2011 14:05:09|11.60|1.60|1|I||||\r\n");
     EXPECT_THAT(report("4").errors, HasSubstr("no hay documentos"));
     EXPECT_EQ(report("13").exit_code, 1);

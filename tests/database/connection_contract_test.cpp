@@ -4,6 +4,7 @@
 #include "database/errors.hpp"
 #include "support/backends.hpp"
 #include "support/rows.hpp"
+#include "support/schema_change.hpp"
 #include "support/tables.hpp"
 
 #include <gmock/gmock.h>
@@ -30,7 +31,8 @@ protected:
         connection_.connection_string = GetParam().connection_string;
         connection_.open();
         drop_table();
-        connection_.execute(
+        testing::change_schema(
+            connection_,
             u"create table tolvex_prueba (nClave int not null primary key, nCorto smallint, bActivo bit,"
             u" nFlotante float, nImporte decimal(18,4), dFecha datetime, cTexto nvarchar(200),"
             u" cLargo ntext, bFoto varbinary(8000))");
@@ -45,7 +47,7 @@ protected:
 
     void drop_table()
     {
-        error_number([&] { connection_.execute(u"drop table tolvex_prueba"); });
+        error_number([&] { testing::change_schema(connection_, u"drop table tolvex_prueba"); });
     }
 
     UpdatableRecordset new_row(int key)

@@ -3,7 +3,7 @@
 #include "core/errors.hpp"
 #include "core/text.hpp"
 #include "database/connection.hpp"
-#include "support/rows.hpp"
+#include "support/schema_change.hpp"
 #include "support/tables.hpp"
 #include "support/temporary_folder.hpp"
 #include "support/watched_disk.hpp"
@@ -24,6 +24,7 @@ using ::testing::AllOf;
 using testing::database_failure;
 using testing::error_number;
 using ::testing::HasSubstr;
+using testing::in_sqlite;
 
 const char16_t* const add_document = u"insert into FE_VENTAS_RESUMEN(cDocumento,nTotal) values('A1',116.5)";
 
@@ -52,8 +53,6 @@ protected:
     {
         return number(connection, u"Select count(*) from FE_VENTAS_RESUMEN");
     }
-    static int durable_level(Connection& connection) { return number(connection, u"PRAGMA synchronous"); }
-
     // Starts the operation in a process of its own.
     template <class Operation>
     static pid_t in_process(Operation operation)
@@ -75,14 +74,11 @@ protected:
     const Text file_ = folder_.file("Año 2011.db");
 };
 
-constexpr int full = 2;
-
-TEST_F(EmbeddedFile, a_file_that_does_not_exist_is_created_shared_and_durable)
+TEST_F(EmbeddedFile, a_file_that_does_not_exist_is_created_and_shared)
 {
     Connection connection = open(file_);
-    EXPECT_EQ(connection.query(u"PRAGMA encoding").value(0).text(), u"UTF-16le");
-    EXPECT_EQ(connection.query(u"PRAGMA journal_mode").value(0).text(), u"wal");
-    EXPECT_EQ(durable_level(connection), full);
+    EXPECT_EQ(in_sqlite(file_, "PRAGMA encoding"), "UTF-16le");
+    EXPECT_EQ(in_sqlite(file_, "PRAGMA journal_mode"), "wal");
     connection.execute(add_document);
     Connection again = open(file_);
     EXPECT_EQ(documents(again), 1);
@@ -91,7 +87,7 @@ TEST_F(EmbeddedFile, a_file_that_does_not_exist_is_created_shared_and_durable)
 
 TEST_F(EmbeddedFile, its_columns_are_those_of_the_server)
 {
-    Connection connection = open(file_);
+    open(file_);
     std::ifstream script(TOLVEX_SOURCE_DIR "/schema/sql_server/tables.sql");
     const std::regex create("CREATE TABLE dbo\\.(\\w+)"),
         declared(" {8}(\\w+) (\\w+(\\([\\w, ]+\\))?) (NOT|NULL|IDENTITY).*");
@@ -106,7 +102,7 @@ TEST_F(EmbeddedFile, its_columns_are_those_of_the_server)
         if (name == u"nID") type = u"integer";         // hands out the highest number plus one
         if (type == u"nvarchar(max)") type = u"ntext"; // the engine's types take numbers only
         const Text sql = u"select type from pragma_table_info('" + table + u"') where name='" + name + u"'";
-        EXPECT_EQ(lower_case(testing::rows_as_text(connection, sql)), type) << to_utf8(table + u"." + name);
+        EXPECT_EQ(lower_case(to_text(in_sqlite(file_, to_utf8(sql)))), type) << to_utf8(table + u"." + name);
         ++columns;
     }
     EXPECT_GT(columns, 140);
@@ -164,15 +160,13 @@ TEST_F(EmbeddedFile, who_waits_too_long_for_another_writer_is_told_so)
 
 TEST_F(EmbeddedFile, a_full_disk_says_so_and_keeps_what_was_stored)
 {
+    testing::WatchedDisk disk;
     Connection connection = open(file_);
     connection.execute(add_document);
-    connection.execute(u"PRAGMA max_page_count=60"); // as if the disk had no more room
-    const Text line =
-        u"insert into FE_VENTAS_RESUMEN_DET(nIdFe,cProducto) values(1,'" + Text(3000, u'x') + u"')";
-    EXPECT_THAT(database_failure([&] {
-                    for (;;) connection.execute(line);
-                }),
+    disk.full = true;
+    EXPECT_THAT(database_failure([&] { connection.execute(add_document); }),
                 AllOf(HasSubstr("Año 2011.db"), HasSubstr("disco está lleno")));
+    disk.full = false;
     EXPECT_EQ(documents(connection), 1);
 }
 
@@ -217,6 +211,7 @@ TEST_F(EmbeddedFile, each_statement_reaches_the_disk_by_itself_and_a_burst_at_on
 
 TEST_F(EmbeddedFile, a_burst_and_a_transaction_end_durable_in_any_order)
 {
+    testing::WatchedDisk disk;
     Connection connection = open(file_);
     const auto expect_durable_after = [&](auto work) {
         {
@@ -225,14 +220,18 @@ TEST_F(EmbeddedFile, a_burst_and_a_transaction_end_durable_in_any_order)
             burst.finish();
         }
         connection.roll_back();
-        EXPECT_EQ(durable_level(connection), full);
+        const int before = documents(connection);
+        disk.log_events();
+        connection.execute(add_document);
+        EXPECT_EQ(disk.log_events(), "wf");
+        EXPECT_EQ(documents(connection), before + 1);
     };
     expect_durable_after([&] { connection.begin_transaction(); });
     expect_durable_after([&] { connection.execute(u"begin tran"); });
 
     connection.begin_transaction();
     expect_durable_after([&] { connection.execute(add_document); });
-    EXPECT_EQ(documents(connection), 0);
+    EXPECT_EQ(documents(connection), 3) << "one after each";
 }
 
 TEST_F(EmbeddedFile, what_a_killed_process_had_stored_is_there)
@@ -248,7 +247,7 @@ TEST_F(EmbeddedFile, what_a_killed_process_had_stored_is_there)
     EXPECT_EQ(status, -SIGKILL);
     Connection connection = open(file_);
     EXPECT_EQ(documents(connection), 100);
-    EXPECT_EQ(connection.query(u"PRAGMA integrity_check").value(0).text(), u"ok");
+    EXPECT_EQ(in_sqlite(file_, "PRAGMA integrity_check"), "ok");
 }
 
 TEST_F(EmbeddedFile, who_opens_a_new_file_while_another_creates_it_waits)

@@ -109,11 +109,11 @@ TEST_F(EmbeddedStatements, searches_use_an_index)
             << to_utf8(sql);
 }
 
-TEST_F(EmbeddedStatements, the_highest_identifier_is_free_again_once_its_document_is_gone)
+TEST_F(EmbeddedStatements, a_deleted_documents_identifier_is_never_given_again)
 {
     connection_.execute(u"delete from FE_VENTAS_RESUMEN where nID=2");
     connection_.execute(u"insert into FE_VENTAS_RESUMEN(cDocumento) values('C1')");
-    expect({{u"select nID,cDocumento from FE_VENTAS_RESUMEN", u"1|A001/2|C1"}});
+    expect({{u"select nID,cDocumento from FE_VENTAS_RESUMEN", u"1|A001/3|C1"}});
 }
 
 TEST_F(EmbeddedStatements, expressions_mean_what_they_mean_in_tsql)

@@ -26,6 +26,9 @@ TEST(OdbcDriverChoice, keeps_the_named_driver_or_takes_the_vendors_newest_or_tel
         std::vector<Text> installed;
         Text used;
     };
+    const auto host = [](const Text& password) {
+        return u"uid=sa;pwd=" + password + u";driver={SQL Server};server=caja;database=v";
+    };
     const Text named = u"uid=sa;pwd=a=b;driver={SQL Server};server=caja", start = u"uid=sa;pwd=a=b;driver=",
                other = u"Driver={SQLite3}; database=a.db",
                told = u";TDS_Version=7.4;ClientCharset=UTF-8;TextSize=2147483647";
@@ -41,6 +44,13 @@ TEST(OdbcDriverChoice, keeps_the_named_driver_or_takes_the_vendors_newest_or_tel
              {named, {u"FreeTDS"}, start + u"{FreeTDS};server=caja;port=1433" + told},
              {named + u",1500", {u"FreeTDS"}, start + u"{FreeTDS};server=caja;port=1500" + told},
              {named + u"\\EXPRESS", {u"FreeTDS"}, start + u"{FreeTDS};server=caja\\EXPRESS" + told},
+             {host(u"a;server=otro}b"), {u"SQL Server"}, host(u"{a;server=otro}}b}")},
+             {host(u"{a;driver=x"), {u"SQL Server"}, host(u"{{a;driver=x}")},
+             {host(u"{a;b}"), {u"SQL Server"}, host(u"{a;b}")}, // in braces already
+             {host(u"a}b={"), {u"SQL Server"}, host(u"a}b={")},
+             {host(u"a;driver=x}y"), // FreeTDS doubles nothing
+              {u"FreeTDS"},
+              u"uid=sa;driver={FreeTDS};server=caja;database=v;port=1433" + told + u";pwd={a;driver=x}y};"},
              {named,
               {},
               start + u"libtdsodbc.so;server=caja;port=1433" + told}}) // it may be there, not registered

@@ -3,6 +3,7 @@
 #include "core/errors.hpp"
 #include "database/connection_keywords.hpp"
 #include "issuing/master_data.hpp"
+#include "schema/check.hpp"
 #include "schema/schema.hpp"
 #include "session/configuracion.hpp"
 #include "support/amounts_in_words.hpp"
@@ -10,17 +11,23 @@
 #include "support/sql_server.hpp"
 #include "support/tables.hpp"
 
+#include <atomic>
 #include <chrono>
 #include <csignal>
 #include <gmock/gmock.h>
 #include <sys/socket.h>
+#include <thread>
 
 namespace tolvex::testing {
 namespace {
 
 using ::testing::AllOf;
+using ::testing::Contains;
+using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
+using ::testing::Not;
+using ::testing::StartsWith;
 
 // What the driver says when a connection string does not work.
 std::string refusal(const Text& connection_string)
@@ -44,15 +51,72 @@ void cut_connections()
 
 TEST_F(SqlServer, what_the_schema_lacks_is_told_and_made_again_without_harm)
 {
+    const auto findings = [&] {
+        std::vector<std::string> told;
+        for (const Text& finding : schema_findings(shared_connection(session())))
+            told.push_back(to_utf8(finding));
+        return told;
+    };
+    const auto column = [](const char* nid) { // of a table that others made
+        return u"Create Table dbo.FE_VENTAS_RESUMEN (nID int " + to_text(nid) + u", cDocumento int Null)";
+    };
     execute(u"Drop Table fe_ctl_adendas");
     execute(u"Drop Function dbo.fg_Numero2Letra");
-    const std::vector<Text> missing = missing_from_schema(shared_connection(session()));
-    ASSERT_EQ(missing.size(), 2u);
-    EXPECT_THAT(to_utf8(missing[0]), AllOf(HasSubstr("fe_ctl_adendas: ["), HasSubstr("fe_ctl_adendas")));
-    EXPECT_THAT(to_utf8(missing[1]), HasSubstr("dbo.fg_Numero2Letra: ["));
+    EXPECT_THAT(findings(),
+                ElementsAre(AllOf(HasSubstr("fe_ctl_adendas: no se puede leer; créela"), HasSubstr("[")),
+                            HasSubstr("dbo.fg_Numero2Letra: no se puede usar; créela")));
+    execute(
+        u"Create Function dbo.fg_Numero2Letra(@importe money, @moneda varchar(20)) Returns varchar(200) As "
+        u"Begin Return 'VEINTI?N PESOS 50/100 M.N.' End");
+    execute(u"Drop Table FE_VENTAS_RESUMEN");
+    execute(column("Null"));
+    EXPECT_THAT(
+        findings(),
+        AllOf(Contains(HasSubstr("FE_VENTAS_RESUMEN.cDocumento: no es de tipo texto; cámbiela a nvarchar"
+                                 "(255): ALTER TABLE dbo.FE_VENTAS_RESUMEN ALTER COLUMN cDocumento "
+                                 "nvarchar(255) NULL")),
+              Contains(HasSubstr("FE_VENTAS_RESUMEN.nTotal: falta la columna; agréguela: ALTER TABLE "
+                                 "dbo.FE_VENTAS_RESUMEN ADD nTotal decimal(19, 4) NULL")),
+              Contains(HasSubstr("FE_VENTAS_RESUMEN.nID: la base de datos no da el número")),
+              Contains(HasSubstr("da «VEINTI?N PESOS 50/100 M.N.»"))));
+    execute(u"Drop Table FE_VENTAS_RESUMEN");
+    execute(column("Default 1"));
+    EXPECT_THAT(findings(), Not(Contains(HasSubstr("FE_VENTAS_RESUMEN.nID"))));
+    execute(u"Drop Table FE_VENTAS_RESUMEN");
+    execute(u"Drop Function dbo.fg_Numero2Letra");
     create_schema(shared_connection(session()));
-    EXPECT_THAT(missing_from_schema(shared_connection(session())), IsEmpty());
+    EXPECT_THAT(findings(), IsEmpty());
     EXPECT_EQ(count(u"FE_FOLIOS"), 3);
+}
+
+TEST_F(SqlServer, stations_that_create_the_schema_at_once_all_succeed)
+{
+    for (const char16_t* table : {u"FE_FOLIOS", u"fe_ctl_adendas", u"fe_ctl_adendasDet"})
+        execute(u"Drop Table " + Text(table));
+    execute(u"Drop Function dbo.fg_Numero2Letra");
+    std::vector<std::thread> stations;
+    std::atomic<int> succeeded = 0;
+    for (int i = 0; i < 5; ++i)
+        stations.emplace_back([&] {
+            Connection connection;
+            connection.connection_string = sql_server();
+            connection.open();
+            if (error_number([&] { create_schema(connection); }) == 0) ++succeeded;
+        });
+    for (std::thread& station : stations) station.join();
+    EXPECT_EQ(succeeded, 5);
+    EXPECT_THAT(schema_findings(shared_connection(session())), IsEmpty());
+}
+
+TEST_F(SqlServer, a_deleted_documents_number_is_never_given_again)
+{
+    const auto add = [&] {
+        execute(u"Insert Into FE_VENTAS_RESUMEN(cDocumento) Values('A')");
+        return answer(u"Select max(nID) From FE_VENTAS_RESUMEN").int32();
+    };
+    const int first = add();
+    execute(u"Delete FE_VENTAS_RESUMEN");
+    EXPECT_GT(add(), first);
 }
 
 TEST_F(SqlServer, amounts_in_words_are_those_of_the_table)
@@ -180,7 +244,9 @@ TEST_F(SqlServer, a_login_that_does_not_work_is_told_in_the_drivers_words)
     EXPECT_THAT(refusal(with_keyword(server, u"pwd", u"no-es-esta")), HasSubstr("(18456)"));
     EXPECT_THAT(refusal(with_keyword(server, u"database", u"tolvex_no_existe")),
                 HasSubstr("tolvex_no_existe"));
-    EXPECT_THAT(refusal(with_keyword(server, u"server", u"127.0.0.1,1")), HasSubstr("[08"));
+    EXPECT_THAT(refusal(u"uid=a;pwd=b;driver={SQL Server};server=127.0.0.1,1;database=c"),
+                AllOf(StartsWith("["), HasSubstr("[08")))
+        << "nothing was lost that was not there";
 }
 
 TEST_F(SqlServer, a_statement_that_waits_for_a_lock_ends_with_its_time_out)
@@ -210,9 +276,11 @@ TEST_F(SqlServer, a_server_that_went_away_is_an_error_and_serves_again_after_ope
     EXPECT_EQ(error_number([&] { answer(u"Select 1"); }), database_error);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(20));
     ASSERT_FALSE(messages.empty());
-    EXPECT_THAT(to_utf8(messages.front().text), HasSubstr("[")) << "the driver's words";
+    EXPECT_THAT(to_utf8(messages.front().text),
+                AllOf(StartsWith("Se perdió la conexión con el servidor"), HasSubstr("[")))
+        << "what it means, and the driver's words";
 
-    ConfigFE().AbrirConexion();
+    open_database();
     EXPECT_EQ(count(u"FE_VENTAS_RESUMEN"), 0);
     EXPECT_TRUE(issue(u"A00123")) << to_utf8(last_error());
 }

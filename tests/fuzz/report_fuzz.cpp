@@ -3,6 +3,8 @@
 #include "core/errors.hpp"
 #include "platform/pages/pdf.hpp"
 #include "printing/composing/composer.hpp"
+#include "support/schema_change.hpp"
+#include "support/temporary_folder.hpp"
 
 #include <cstdlib>
 #include <filesystem>
@@ -19,16 +21,20 @@ class FewRows
 public:
     FewRows()
     {
-        connection.connection_string = u"server=sqlite:;database=:memory:";
+        connection.connection_string = u"server=sqlite:;database=" + folder_.file("ventas.db");
         connection.open();
-        connection.execute(u"create table ventas (cZona nvarchar(20), cArticulo nvarchar(40), nAnno int,"
-                           u" nImporte decimal(19,4), dFecha datetime)");
+        testing::change_schema(connection,
+                               u"create table ventas (cZona nvarchar(20), cArticulo nvarchar(40), nAnno int,"
+                               u" nImporte decimal(19,4), dFecha datetime)");
         connection.execute(u"Insert Into ventas Values ('Sur', 'Pan', 2010, 10, '2010-03-15 10:00:00'),"
                            u" ('Norte', 'Café de altura', 2010, 20, '2010-04-15 10:00:00'),"
                            u" ('Sur', 'Azúcar', 2011, 30, Null), ('Norte', Null, 2011, 40.5, '2011-03-15')");
     }
 
     Connection connection;
+
+private:
+    TemporaryFolder folder_;
 };
 
 // All pages are composed, a few painted.

@@ -95,7 +95,7 @@ TEST_F(AddendaXml, a_layout_that_does_not_serve_is_an_error_that_says_why)
         line_rows(line);
         expect_failure(told);
     }
-    execute(u"Drop Table fe_ctl_adendas");
+    change_schema(u"Drop Table fe_ctl_adendas");
     expect_failure(u"fe_ctl_adendas");
     EXPECT_EQ(count(u"FE_VENTAS_RESUMEN"), 4); // stored before the document was written
 }

@@ -150,7 +150,7 @@ TEST_F(Issuing, the_counter_is_set_to_the_folio_taken_once_all_is_stored)
     write_file(folder() / "Facturas", "");
     EXPECT_FALSE(issue_from_counter());
     EXPECT_EQ(counter(1).int32(), 3); // the row is stored, so its folio is taken
-    execute(u"Drop Table FE_VENTAS_RESUMEN_DET");
+    change_schema(u"Drop Table FE_VENTAS_RESUMEN_DET");
     EXPECT_FALSE(issue_from_counter());
     EXPECT_EQ(count(u"FE_VENTAS_RESUMEN"), 4);
     EXPECT_EQ(counter(1).int32(), 3);
@@ -170,7 +170,7 @@ TEST_F(DurableIssue, reaches_the_disk_once_after_its_last_row_and_before_its_xml
     EXPECT_EQ(log_events(), "wf");
     EXPECT_FALSE(xml_was_there);
 
-    execute(u"Drop Table FE_VENTAS_RESUMEN_DET");
+    change_schema(u"Drop Table FE_VENTAS_RESUMEN_DET");
     log_events();
     EXPECT_FALSE(issue_from_counter());
     EXPECT_EQ(log_events(), "wf"); // what was stored until then

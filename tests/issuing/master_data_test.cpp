@@ -12,9 +12,9 @@ protected:
     // The table without the constraints of its columns, as a foreign tool may have made it.
     void loosen(const Text& table)
     {
-        execute(u"Create Table loose As Select * From " + table);
-        execute(u"Drop Table " + table);
-        execute(u"Alter Table loose Rename To " + table);
+        change_schema(u"Create Table loose As Select * From " + table);
+        change_schema(u"Drop Table " + table);
+        change_schema(u"Alter Table loose Rename To " + table);
     }
 };
 
@@ -82,8 +82,9 @@ TEST_F(MasterData, a_company_that_fails_half_way_is_true_and_half_loaded)
     EXPECT_TRUE(session().gMostrarCondicionesDePago);
     EXPECT_FALSE(session().gMostrarTotal);
 
-    execute(u"Alter Table FE_EMPRESAS Drop Column nMostrarAnnoAprobacion"); // used by nobody, yet it must be
-                                                                            // there
+    change_schema(
+        u"Alter Table FE_EMPRESAS Drop Column nMostrarAnnoAprobacion"); // used by nobody, yet it must
+                                                                        // be there
     EXPECT_TRUE(genera_docto.GetDatosEmpresa(1));
     EXPECT_NE(last_error().find(u"nMostrarAnnoAprobacion"), Text::npos);
 }

@@ -59,7 +59,7 @@ TEST_F(StoredDocuments, a_statement_that_fails_is_false_and_keeps_what_ran_befor
     EXPECT_FALSE(genera_docto.CancelaFacturaElectronica(u"15", Date{1e9}, 1, 1));
     EXPECT_FALSE(genera_docto.BorraFacturaElectronica(1, 1, u"O'Hara"));
     EXPECT_EQ(cancelled(), u"");
-    execute(u"Alter Table FE_VENTAS_RESUMEN_DET Rename To otra");
+    change_schema(u"Alter Table FE_VENTAS_RESUMEN_DET Rename To otra");
     EXPECT_FALSE(genera_docto.BorraFacturaElectronica(1, 1, u"15"));
     EXPECT_EQ(receivers(), u"3/4");
     EXPECT_EQ(documents(), u"1/2/3/4");

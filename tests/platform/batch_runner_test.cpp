@@ -46,6 +46,30 @@ TEST_F(BatchRunner, gives_the_last_exit_code_and_a_missing_program_stops_nothing
     EXPECT_EQ(error_number([&] { run_batch_file(folder_.file("otra.bat")); }), 53);
 }
 
+TEST_F(BatchRunner, programs_write_for_the_user_alone_and_do_not_learn_the_databases_password)
+{
+    using std::filesystem::perms;
+    const std::string r = folder_.path();
+    const auto mode_of = [&](const char* name) {
+        return std::filesystem::status(r + "/" + name).permissions();
+    };
+    write_file(r + "/antes.txt", "");
+    setenv("TOLVEX_CLAVE", "secreta", 1);
+    setenv("TOLVEX_CLAVES", "otra", 1);
+    EXPECT_EQ(run("touch " + r + "\\llave.pem\r\nprintenv TOLVEX_CLAVES > " + r + "\\otra.txt\r\n" +
+                  "printenv TOLVEX_CLAVE > " + r + "\\clave.txt\r\n"),
+              1);
+    EXPECT_STREQ(std::getenv("TOLVEX_CLAVE"), "secreta") << "the host keeps it";
+    unsetenv("TOLVEX_CLAVE");
+    unsetenv("TOLVEX_CLAVES");
+    EXPECT_EQ(read_file(r + "/clave.txt"), "");
+    EXPECT_EQ(read_file(r + "/otra.txt"), "otra\n");
+    write_file(r + "/despues.txt", "");
+    for (const char* name : {"llave.pem", "clave.txt"})
+        EXPECT_EQ(mode_of(name), perms::owner_read | perms::owner_write) << name;
+    EXPECT_EQ(mode_of("despues.txt"), mode_of("antes.txt")) << "the host's own files are made as before";
+}
+
 // Instead of a terminal's window there is a program that says what it was to run.
 TEST_F(BatchRunner, a_program_that_must_be_seen_gets_a_window_where_its_process_has_no_terminal)
 {

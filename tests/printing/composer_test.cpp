@@ -2,6 +2,7 @@
 #include "core/errors.hpp"
 #include "printing/composing/composer.hpp"
 #include "support/files.hpp"
+#include "support/schema_change.hpp"
 #include "support/tables.hpp"
 #include "support/temporary_folder.hpp"
 
@@ -92,8 +93,9 @@ protected:
     {
         connection_.connection_string = u"server=sqlite:;database=" + folder_.file("reporte.db");
         connection_.open();
-        connection_.execute(u"create table ventas (cZona nvarchar(20), cArticulo nvarchar(40), nAnno int,"
-                            u" nImporte decimal(19,4))");
+        tolvex::testing::change_schema(
+            connection_, u"create table ventas (cZona nvarchar(20), cArticulo nvarchar(40), nAnno int,"
+                         u" nImporte decimal(19,4))");
         const std::tuple<Text, Text, int, int> rows[] = {{u"Sur", u"Pan", 2010, 10},
                                                          {u"Norte", u"Café", 2010, 20},
                                                          {u"Sur", u"Azúcar", 2011, 30},

@@ -1,6 +1,5 @@
 #include "support/sql_server.hpp"
 
-#include "database/connection_keywords.hpp"
 #include "schema/schema.hpp"
 
 #include <cstdlib>
@@ -8,13 +7,6 @@
 namespace tolvex::testing {
 
 namespace {
-
-Database named_server()
-{
-    const Text named = sql_server();
-    return {keyword(named, u"uid"), keyword(named, u"pwd"), keyword(named, u"database"),
-            keyword(named, u"server")};
-}
 
 void empty_tables()
 {
@@ -24,12 +16,12 @@ void empty_tables()
         shared_connection(session()).execute(u"Delete " + Text(table));
 }
 
-// Refuses a database that holds another company's data.
+// Refuses a database that holds data of another company than the tests' and the demonstration's.
 void prepare_tables()
 {
     create_schema(shared_connection(session()));
-    const Recordset strangers =
-        shared_connection(session()).query(u"Select cRfc From FE_EMPRESAS Where cRfc<>'AES010101AAA'");
+    const Recordset strangers = shared_connection(session()).query(
+        u"Select cRfc From FE_EMPRESAS Where cRfc Not In ('AES010101AAA','DEM110101AAA')");
     if (!strangers.eof())
         throw std::runtime_error("TOLVEX_PRUEBA_SQLSERVER names a database with companies of its own");
     empty_tables();
@@ -43,7 +35,7 @@ Text sql_server()
     return named ? to_text(named) : Text();
 }
 
-SqlServer::SqlServer() : Station(sql_server().empty() ? Database() : named_server(), prepare_tables) {}
+SqlServer::SqlServer() : Station(sql_server(), prepare_tables) {}
 
 SqlServer::~SqlServer()
 {

@@ -1,6 +1,6 @@
-// The SQL Server that the environment variable TOLVEX_PRUEBA_SQLSERVER names for the tests, in the form
-// "uid=…;pwd=…;driver={SQL Server};server=host,port;database=…". The tests fill and empty its tables: it must
-// be a database of their own.
+// The SQL Server that the environment variable TOLVEX_PRUEBA_SQLSERVER names for the tests, by any connection
+// string: "uid=…;pwd=…;driver={SQL Server};server=host,port;database=…" or one with another driver, a port,
+// more keywords. The tests fill and empty its tables: it must be a database of their own.
 #pragma once
 
 #include "support/station.hpp"

@@ -2,10 +2,12 @@
 
 #include "core/errors.hpp"
 #include "core/numbers.hpp"
+#include "database/connection_keywords.hpp"
+#include "session/opening.hpp"
 
 namespace tolvex::testing {
 
-Station::Station(const Database& database, const std::function<void()>& prepare)
+Station::Station(const Text& server, const std::function<void()>& prepare) : server_(server)
 {
     session() = Session();
     forget_error();
@@ -14,11 +16,8 @@ Station::Station(const Database& database, const std::function<void()>& prepare)
         return message.buttons == MessageButtons::ok ? MessageAnswer::ok : MessageAnswer::yes;
     });
     std::filesystem::copy(TOLVEX_SOURCE_DIR "/tests/datos/llave.pem", folder() / "pkey.key.pem");
-    const bool embedded = database.server.empty();
-    ConfigFE().SetDatosConexion(database.user, database.password, embedded ? database_path() : database.name,
-                                embedded ? u"sqlite:" : database.server);
-    ConfigFE().AbrirConexion();
-    if (!embedded) prepare();
+    open_database();
+    if (!server_.empty()) prepare();
     Connection& connection = shared_connection(session());
     connection.begin_transaction(); // one flush instead of seven
     store_master_data();
@@ -30,6 +29,24 @@ Station::~Station()
     session() = Session();
     set_message_handler(nullptr);
     set_root_layout(RootLayout::standard);
+}
+
+// A string of another form than that of hosts, with another driver or a port of its own, opens as it is.
+void Station::open_database()
+{
+    const auto value = [&](const char16_t* name) { return keyword(server_, name); };
+    const ConnectionData data =
+        server_.empty() ? ConnectionData{u"", u"", database_path(), u"sqlite:"}
+                        : ConnectionData{value(u"uid"), value(u"pwd"), value(u"database"), value(u"server")};
+    if (server_.empty() || server_ == connection_string(data)) {
+        ConfigFE().SetDatosConexion(data.user, data.password, data.database, data.server);
+        ConfigFE().AbrirConexion();
+        return;
+    }
+    Connection& connection = shared_connection(session());
+    connection.connection_string = server_;
+    connection.open();
+    read_dates_as_year_month_day(connection);
 }
 
 void Station::store_master_data()

@@ -8,6 +8,7 @@
 #include "session/session.hpp"
 #include "support/files.hpp"
 #include "support/rows.hpp"
+#include "support/schema_change.hpp"
 #include "support/temporary_folder.hpp"
 #include "support/text_io.hpp"
 #include "tolvex/tolvex.hpp"
@@ -34,19 +35,16 @@ struct Receiver
     Text vlDatoAdicional = u"caja 3", vlDatoAdicional_2 = u"", vlDatoAdicional_3 = u"mostrador";
 };
 
-// Connection data as hosts give them; an empty server means an embedded database in the station's folder.
-struct Database
-{
-    Text user, password, name, server;
-};
-
 class Station : public ::testing::Test
 {
 protected:
-    // Opens the database, lets a server be prepared for the master data, and stores them.
+    // Opens the database, an embedded one in the station's folder unless a connection string names a server;
+    // lets a server be prepared for the master data, and stores them.
     explicit Station(
-        const Database& database = {}, const std::function<void()>& prepare = [] {});
+        const Text& server = {}, const std::function<void()>& prepare = [] {});
     ~Station() override;
+    // Again, as a host does after it lost it.
+    void open_database();
 
     void load_issuer();
     void stage(Receiver receiver = {});
@@ -59,6 +57,8 @@ protected:
     bool issue_from_counter();
 
     void execute(const Text& sql);
+    // Of the tables themselves, as an administrator does.
+    void change_schema(const Text& sql) { testing::change_schema(shared_connection(session()), sql); }
     // Column 1 of the first row; Null without a row.
     Value answer(const Text& sql);
     int count(const Text& table, const Text& condition = u"1=1");
@@ -82,6 +82,7 @@ protected:
 private:
     void store_master_data();
 
+    const Text server_; // connection string; empty for the embedded database
     TemporaryFolder folder_;
 };
 

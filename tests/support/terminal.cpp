@@ -38,9 +38,8 @@ bool succeeded(pid_t process)
 }
 
 // Until the last process at the other end is gone.
-std::string watch(int descriptor, const std::string& password)
+std::string watch(int descriptor, const std::string& password, const std::string& question)
 {
-    constexpr std::string_view question = "assword:";
     std::string shown;
     std::size_t answered = 0;
     char buffer[1024];
@@ -58,12 +57,13 @@ std::string watch(int descriptor, const std::string& password)
 
 } // namespace
 
-TerminalRun at_terminal(const std::string& password, const std::function<void()>& action)
+TerminalRun at_terminal(const std::string& password, const std::function<void()>& action,
+                        const std::string& question)
 {
     int terminal = 0;
     const pid_t process = forkpty(&terminal, nullptr, nullptr, nullptr);
     if (process == 0) run(action);
-    const std::string shown = watch(terminal, password);
+    const std::string shown = watch(terminal, password, question);
     return {succeeded(process), shown};
 }
 
@@ -82,7 +82,7 @@ TerminalRun without_terminal(const std::function<void()>& action)
         run(action);
     }
     close(ends[1]);
-    const std::string shown = watch(ends[0], "");
+    const std::string shown = watch(ends[0], "", "assword:");
     return {succeeded(process), shown};
 }
 

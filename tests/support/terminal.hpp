@@ -13,8 +13,9 @@ struct TerminalRun
     std::string shown;
 };
 
-// The user answers every question for a password with that line.
-TerminalRun at_terminal(const std::string& password, const std::function<void()>& action);
+// The user answers every question for a password, which ends like that, with that line.
+TerminalRun at_terminal(const std::string& password, const std::function<void()>& action,
+                        const std::string& question = "assword:");
 // The process has no terminal, and nothing on its standard input.
 TerminalRun without_terminal(const std::function<void()>& action);
 

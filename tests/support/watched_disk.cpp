@@ -38,6 +38,7 @@ int WatchedDisk::open(sqlite3_vfs*, const char* name, sqlite3_file* file, int fl
 
 int WatchedDisk::write(sqlite3_file* log, const void* bytes, int size, sqlite3_int64 place)
 {
+    if (current_->full) return SQLITE_FULL;
     if (!current_->events_.ends_with('w')) current_->events_ += 'w';
     return current_->actual_log_->xWrite(log, bytes, size, place);
 }

@@ -20,6 +20,7 @@ public:
     std::string log_events();
     // Called at each flush.
     std::function<void()> on_flush;
+    bool full = false; // it takes nothing more
 
 private:
     static int open(sqlite3_vfs*, const char* name, sqlite3_file* file, int flags, int* flags_given);

@@ -22,7 +22,7 @@ windows=$work/Facturación_Ñandú
 make_station() {
     "$tolvex" demo --carpeta "$1" > /dev/null
     sqlite3 "$1/tolvex.db" "insert into fe_ctl_adendas(crfccte,nRama,nPadre,cNombre,cTipo,cValor)
-        values('TIE010203ABC',6,1,'Observaciones','E','')"
+        values('DEM010203ABC',6,1,'Observaciones','E','')"
     cp "$here/documentos.txt" "$1/"
 }
 

@@ -1,5 +1,5 @@
 // openssl as it was in 2011: runs openssl-actual.exe beside it and ends the lines of the text that it encodes
-// with bare line feeds. No argument holds a blank.
+// with bare line feeds. No argument holds a blank. It does nothing for who lets it know the database's password.
 #include <filesystem>
 #include <fstream>
 #include <iterator>
@@ -21,6 +21,7 @@ void drop_carriage_returns(const std::filesystem::path& path)
 
 int wmain(int count, wchar_t** arguments)
 {
+    if (_wgetenv(L"TOLVEX_CLAVE")) return 1;
     const std::wstring actual = std::filesystem::path(_wpgmptr).replace_filename(L"openssl-actual.exe");
     const auto code = _wspawnv(_P_WAIT, actual.c_str(), arguments);
     for (int i = 2; i + 1 < count; ++i)

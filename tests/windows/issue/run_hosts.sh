@@ -48,6 +48,6 @@ run cpp_sin_base CP1252 windows "$work/factura.exe" "$(station sin_openssl)" "${
 trap 'set_locale . ,' EXIT
 set_locale , .
 issue_documents coma_decimal documentos.txt
-run_script openssl_2011 flat_file.vbs "$(station openssl_2011)"
+TOLVEX_CLAVE=secreta run_script openssl_2011 flat_file.vbs "$(station openssl_2011)"
 
 end_of_checks

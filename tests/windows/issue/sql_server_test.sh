@@ -46,7 +46,10 @@ check_documents() {
 "$here/../run_in_testbed.sh" require "$bits"
 [ -n "${TOLVEX_PRUEBA_SQLSERVER-}" ] || not_run "TOLVEX_PRUEBA_SQLSERVER no nombra un SQL Server"
 export TOLVEX_SERVIDOR TOLVEX_BD TOLVEX_USUARIO TOLVEX_CLAVE
-TOLVEX_SERVIDOR=$(keyword server) TOLVEX_BD=$(keyword database) TOLVEX_USUARIO=$(keyword uid) TOLVEX_CLAVE=$(keyword pwd)
+TOLVEX_SERVIDOR=$(keyword server)
+port=$(keyword port)
+[ -z "$port" ] || TOLVEX_SERVIDOR+=",$port"
+TOLVEX_BD=$(keyword database) TOLVEX_USUARIO=$(keyword uid) TOLVEX_CLAVE=$(keyword pwd)
 prepare
 "$here/../run_test.sh" "$bits" "$component" "$(readlink -f "$0")" "$(windows_path "$work/host.vbs")" \
     "$(windows_path "$work/documentos.txt")" "$(windows_path "$work/windows")" "$TOLVEX_BD" "$TOLVEX_SERVIDOR" "$TOLVEX_USUARIO" "$TOLVEX_CLAVE"

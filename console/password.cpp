@@ -1,0 +1,81 @@
+#include "console/password.hpp"
+
+#include <csignal>
+#include <fcntl.h>
+#include <termios.h>
+#include <unistd.h>
+
+namespace tolvex::console {
+
+namespace {
+
+// The terminal while a password is typed; who interrupts the program gets it back as it was.
+class SilentTerminal
+{
+public:
+    SilentTerminal() : descriptor_(open("/dev/tty", O_RDWR | O_CLOEXEC))
+    {
+        if (!is_there() || tcgetattr(descriptor_, &before_) != 0) return;
+        silent_ = descriptor_;
+        for (const int signal : interruptions) std::signal(signal, restore_and_end);
+        termios silent = before_;
+        silent.c_lflag &= ~static_cast<tcflag_t>(ECHO);
+        tcsetattr(descriptor_, TCSAFLUSH, &silent);
+    }
+    ~SilentTerminal()
+    {
+        if (!is_there()) return;
+        if (silent_ == descriptor_) restore();
+        close(descriptor_);
+    }
+    SilentTerminal(const SilentTerminal&) = delete;
+
+    bool is_there() const { return descriptor_ >= 0; }
+
+    void show(const std::string& text) const
+    {
+        if (write(descriptor_, text.data(), text.size()) < 0) return; // the answer will be missing too
+    }
+
+    std::string line() const
+    {
+        std::string line;
+        for (char letter = 0; read(descriptor_, &letter, 1) == 1 && letter != '\n';) line += letter;
+        return line;
+    }
+
+private:
+    static constexpr int interruptions[] = {SIGINT, SIGTERM, SIGHUP};
+
+    static void restore()
+    {
+        tcsetattr(silent_, TCSAFLUSH, &before_);
+        for (const int signal : interruptions) std::signal(signal, SIG_DFL);
+        silent_ = -1;
+    }
+
+    static void restore_and_end(int signal)
+    {
+        restore();
+        raise(signal);
+    }
+
+    int descriptor_;
+    // For the handler of signals, which knows no object.
+    inline static int silent_ = -1;
+    inline static termios before_{};
+};
+
+} // namespace
+
+std::optional<std::string> ask_for_password(const std::string& question)
+{
+    const SilentTerminal terminal;
+    if (!terminal.is_there()) return {};
+    terminal.show(question);
+    const std::string password = terminal.line();
+    terminal.show("\n");
+    return password;
+}
+
+} // namespace tolvex::console
