@@ -45,6 +45,8 @@ void keep_private(TextView path);
 void move_over(TextView from, TextView to);
 // Throws Error 53 when there is no such file, 75 when it cannot be removed.
 void remove(TextView path);
+// Names of the files in a folder that end so, in any order; none when there is no such folder.
+std::vector<Text> names_ending(TextView folder, TextView ending);
 // Absolute form of a host path, from the current folder.
 Text absolute_path(TextView path);
 // A host path as a file means it that names it: relative to that file's folder, unless it is absolute.

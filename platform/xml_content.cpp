@@ -1,6 +1,8 @@
 #include "platform/xml_content.hpp"
 
 #include "core/errors.hpp"
+#include "platform/new_file.hpp"
+#include "platform/xml_document.hpp"
 
 #include <algorithm>
 
@@ -23,6 +25,14 @@ const Text& allowed_xml_content(const Text& value)
     if (std::any_of(value.begin(), value.end(), is_forbidden))
         throw xml_error(u"el valor \"" + value + u"\" lleva un carácter de control que XML no admite");
     return value;
+}
+
+void XmlDocument::save(TextView path) const
+{
+    const std::string content = as_bytes();
+    NewFile file(path);
+    files::write(file.path_beside(), content);
+    file.put_in_place();
 }
 
 } // namespace tolvex

@@ -181,6 +181,18 @@ void remove(TextView path)
     if (!removed) throw file_not_found(to_text(host.string()));
 }
 
+std::vector<Text> names_ending(TextView folder, TextView ending)
+{
+    std::vector<Text> names;
+    std::error_code none;
+    for (fs::directory_iterator entry(host_path(folder), none), end; !none && entry != end;
+         entry.increment(none)) {
+        Text name = to_text(entry->path().filename().string());
+        if (name.ends_with(ending)) names.push_back(std::move(name));
+    }
+    return names;
+}
+
 Text absolute_path(TextView path)
 {
     return to_text(fs::absolute(separated(path)).lexically_normal().string());

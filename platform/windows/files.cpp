@@ -139,6 +139,20 @@ void remove(TextView path)
     throw path_error(host, system_message(code));
 }
 
+std::vector<Text> names_ending(TextView folder, TextView ending)
+{
+    std::vector<Text> names;
+    WIN32_FIND_DATAW found;
+    const HANDLE search = FindFirstFileW(wide(native_path(Text(folder) + u"\\*")), &found);
+    if (search == INVALID_HANDLE_VALUE) return names;
+    do {
+        Text name = from_wide(found.cFileName);
+        if (name.ends_with(ending)) names.push_back(std::move(name));
+    } while (FindNextFileW(search, &found));
+    FindClose(search);
+    return names;
+}
+
 Text absolute_path(TextView path)
 {
     const Text host = native_path(path);
