@@ -10,15 +10,16 @@ namespace tolvex::console {
 
 namespace {
 
-// "serie A, folio 15, empresa 1, sucursal 1: falta su XML…; escríbalo…"
-Text in_words(const Finding& finding)
+// "serie A, folio 15, empresa 1, sucursal 1: falta su XML…; escríbalo de nuevo: tolvex xml 15 …"
+Text in_words(const Finding& finding, const Text& options)
 {
     Text place;
     if (!finding.serie.empty()) place += u"serie " + finding.serie + u", ";
     if (!finding.folio.empty())
         place += (finding.kind == u"N" ? u"nota de crédito " : u"folio ") + finding.folio + u", empresa " +
                  decimal(finding.company) + u", sucursal " + decimal(finding.branch) + u": ";
-    return place + finding.what + u"; " + finding.remedy;
+    return place + finding.what + u"; " + finding.remedy +
+           (finding.command.empty() ? Text() : u": " + finding.command + options);
 }
 
 std::optional<Date> day(const std::string& given)
@@ -33,7 +34,7 @@ public:
     const char* name() const override { return "verifica"; }
     const char* purpose() const override
     {
-        return "Revisa lo emitido: renglones, sellos, archivos XML y folios; un renglón por lo que no esté bien";
+        return "Revisa lo emitido: registros, sellos, archivos XML y folios; un renglón por lo que no esté bien";
     }
 
     void declare(Options& options) override
@@ -51,7 +52,7 @@ public:
             connect(place, company_);
         else
             connect(place);
-        const VerificationSummary summary = verify();
+        const VerificationSummary summary = verify(place);
         disconnect();
         print_line(u"Documentos revisados: " + decimal(summary.documents) + u"; no está bien: " +
                    decimal(summary.findings));
@@ -62,14 +63,15 @@ public:
     }
 
 private:
-    VerificationSummary verify() const
+    VerificationSummary verify(const Place& place) const
     {
+        const Text options = to_text(options_of(place) + (folder_.empty() ? "" : " --carpeta " + folder_));
         VerifiedRange range{company_, day(from_), day(to_), u""};
         if (!folder_.empty()) range.folder = files::absolute_path(to_text(folder_));
         ProgressLine progress("documento");
         const auto found = [&](const Finding& finding) {
             progress.clear();
-            print_line(in_words(finding));
+            print_line(in_words(finding, options));
         };
         const auto page_done = [&](std::size_t documents, std::size_t all) { progress.show(documents, all); };
         const VerificationSummary summary = verify_documents(range, {found, page_done});

@@ -157,7 +157,7 @@ DocumentValues stored_values(const StoredIssue& issue)
 Text in_words(const Difference& difference)
 {
     const auto quoted = [](const Text& value) { return value.empty() ? u"nada" : u"«" + value + u"»"; };
-    return difference.what + u": se guardó " + quoted(difference.stored) + u" y los renglones dan " +
+    return difference.what + u": se guardó " + quoted(difference.stored) + u" y los registros dan " +
            quoted(difference.rows);
 }
 

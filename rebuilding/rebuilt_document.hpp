@@ -27,7 +27,7 @@ RebuiltDocument rebuild(StoredIssue& issue);
 // What can be said of it whatever its rows lack, its file's name among it.
 DocumentValues stored_values(const StoredIssue& issue);
 
-// "total: se guardó «116.00» y los renglones dan «117.00»"
+// "total: se guardó «116.00» y los registros dan «117.00»"
 Text in_words(const Difference& difference);
 
 } // namespace tolvex

@@ -113,6 +113,9 @@ void read_identity(StoredIssue& issue, const Recordset& row)
 void stage_header_row(StoredIssue& issue, const Recordset& row)
 {
     const Columns columns(row, header_table);
+    issue.staged.gnSucursal = issue.key.branch;
+    issue.staged.gSerie = issue.serie;
+    issue.staged.gNumeroAprobacion = columns.text(u"cNumero_Aprobacion");
     issue.folio_number = columns.number(u"nFolioFE");
     const Text subtotal = columns.amount(u"nSubTotalAD"), discount = columns.amount(u"nDescuento"),
                tax = columns.amount(u"nIva"), total = columns.amount(u"nTotal"),
@@ -129,9 +132,6 @@ void stage_header_row(StoredIssue& issue, const Recordset& row)
     header.Paridad = columns.currency(u"nParidad");
     stage_header(issue.staged, header);
     issue.staged.gSubtotalDD = columns.amount(u"nSubTotalDD");
-    issue.staged.gnSucursal = issue.key.branch;
-    issue.staged.gSerie = issue.serie;
-    issue.staged.gNumeroAprobacion = columns.text(u"cNumero_Aprobacion");
 }
 
 StoredIssue read_header(const Recordset& row, Issuers& issuers)
@@ -150,8 +150,9 @@ void compare_amount(StoredIssue& issue, const Columns& receiver, TextView column
 {
     const double copy = receiver.number(column);
     if (in_header.empty() || std::abs(copy - to_number(in_header)) < 0.0099) return;
-    issue.faults.push_back(Text(receiver_table) + u"." + Text(column) + u" dice " + number_as_text(copy) +
-                           u" y " + Text(header_table) + u"." + Text(header_column) + u" " + in_header);
+    issue.contradictions.push_back(Text(receiver_table) + u"." + Text(column) + u" dice " +
+                                   number_as_text(copy) + u" y " + Text(header_table) + u"." +
+                                   Text(header_column) + u" " + in_header);
 }
 
 void compare_copies(StoredIssue& issue, const Columns& receiver)
@@ -163,8 +164,8 @@ void compare_copies(StoredIssue& issue, const Columns& receiver)
     compare_amount(issue, receiver, u"nImporteIva", staged.gImpuesto, u"nIva");
     compare_amount(issue, receiver, u"nImporteTotal", staged.gTotal, u"nTotal");
     if (receiver.text(u"cSelloDigital") != issue.sello)
-        issue.faults.push_back(Text(receiver_table) + u".cSelloDigital no es el sello de " +
-                               Text(header_table));
+        issue.contradictions.push_back(Text(receiver_table) + u".cSelloDigital no es el sello de " +
+                                       Text(header_table));
 }
 
 void stage_receiver(StoredIssue& issue, const Recordset& row)

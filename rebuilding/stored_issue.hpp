@@ -16,10 +16,11 @@ struct StoredIssue
     double folio_number = 0;
     Text original_string, sello; // one character per byte
     const Issuer* issuer = nullptr;
-    Session staged;                  // issuer, receiver, header and lines
-    std::vector<Concepto> conceptos; // the lines, as the XML shows them
-    std::int32_t receivers = 0;      // rows in FE_ClienteFactura
-    std::vector<Text> faults;        // what the rows lack, or where they contradict each other
+    Session staged;                   // issuer, receiver, header and lines
+    std::vector<Concepto> conceptos;  // the lines, as the XML shows them
+    std::int32_t receivers = 0;       // rows in FE_ClienteFactura
+    std::vector<Text> faults;         // what the rows lack to give a document
+    std::vector<Text> contradictions; // between the copies that they hold
 };
 
 // Which documents: of one company or of all (0), of the days from one to another, both included.

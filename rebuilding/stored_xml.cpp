@@ -18,32 +18,40 @@ Text listed(const std::vector<Text>& reasons)
     return list;
 }
 
-Text advice(const RebuiltDocument& document)
+Error not_written(const Text& because, const std::vector<Text>& reasons, TextView advice)
 {
-    if (document.other_issuer)
-        return u"\nLa empresa cambió sus datos después de emitirlo: póngale los de entonces, escriba el XML y"
-               u" regrésele los de hoy.";
-    return u"\nRegrese los renglones a como se emitieron, por ejemplo de un respaldo de la base de datos.";
+    return invalid_call(u"no se escribió el XML, pues " + because + u":" + listed(reasons) + u"\n" +
+                        Text(advice));
 }
 
-Error not_as_issued(const RebuiltDocument& document)
+constexpr TextView from_backup =
+    u"Regrese los registros a como se emitieron, por ejemplo de un respaldo de la base de datos.";
+
+// Throws Error for an issue that no document can be built from.
+void require_all_rows(const StoredIssue& issue)
 {
+    std::vector<Text> missing = issue.faults;
+    if (issue.receivers == 0) missing.push_back(u"falta su receptor en FE_ClienteFactura");
+    if (!issue.issuer->fault.empty()) missing.push_back(issue.issuer->fault);
+    if (!missing.empty()) throw not_written(u"lo guardado no está completo", missing, from_backup);
+    if (issue.sello.empty())
+        throw not_written(u"el documento no vale", {u"se guardó sin sello"},
+                          u"Cancélelo y emítalo de nuevo.");
+}
+
+// Throws Error, which tells what differs, when the rows do not give the document that was issued.
+RebuiltDocument rebuilt_as_issued(StoredIssue& issue)
+{
+    require_all_rows(issue);
+    RebuiltDocument document = rebuild(issue);
     std::vector<Text> reasons;
     for (const Difference& difference : document.differences) reasons.push_back(in_words(difference));
-    return invalid_call(u"no se escribió el XML, pues los renglones guardados ya no dan la cadena original:" +
-                        listed(reasons) + advice(document));
-}
-
-RebuiltDocument rebuilt_whole(StoredIssue& issue)
-{
-    std::vector<Text> faults = issue.faults;
-    if (issue.receivers == 0) faults.push_back(u"falta su receptor en FE_ClienteFactura");
-    if (!issue.issuer->fault.empty()) faults.push_back(issue.issuer->fault);
-    if (issue.sello.empty()) faults.push_back(u"se guardó sin sello");
-    if (!faults.empty())
-        throw invalid_call(u"no se escribió el XML, pues no está completo lo guardado:" + listed(faults));
-    RebuiltDocument document = rebuild(issue);
-    if (!document.differences.empty()) throw not_as_issued(document);
+    reasons.insert(reasons.end(), issue.contradictions.begin(), issue.contradictions.end());
+    if (document.other_issuer)
+        throw not_written(u"la empresa cambió sus datos después de emitirlo", reasons,
+                          u"Póngale los de entonces, escriba el XML y regrésele los de hoy.");
+    if (!reasons.empty())
+        throw not_written(u"los registros guardados ya no dan la cadena original", reasons, from_backup);
     return document;
 }
 
@@ -62,7 +70,7 @@ RewrittenXml write_stored_xml(Session& session, const DocumentKey& key, const Te
 {
     Issuers issuers(session);
     StoredIssue issue = read_stored_issue(session, issuers, key, kind);
-    const RebuiltDocument document = rebuilt_whole(issue);
+    const RebuiltDocument document = rebuilt_as_issued(issue);
     issue.staged.gRutaDeArchivos = folder.empty() ? working_folder(issue.issuer->seal_folder) : folder;
     const DocumentFile there = find_file(issue, document);
     if (there.state == DocumentFile::State::right) return {.path = there.path, .was_there = true};

@@ -1,8 +1,8 @@
 #include "rebuilding/xml_comparison.hpp"
 
 #include "core/errors.hpp"
-
-#include <expat.h>
+#include "core/numbers.hpp"
+#include "platform/expat_reason.hpp"
 
 #include <memory>
 #include <type_traits>
@@ -37,9 +37,10 @@ public:
     {
         if (XML_Parse(parser_.get(), bytes.data(), static_cast<int>(bytes.size()), true) == XML_STATUS_OK)
             return;
-        const char* reason = refusal_ ? refusal_ : XML_ErrorString(XML_GetErrorCode(parser_.get()));
-        throw invalid_call(u"línea " + to_text(std::to_string(XML_GetCurrentLineNumber(parser_.get()))) +
-                           u": " + to_text(reason));
+        const Text reason = refusal_.empty() ? expat_reason(XML_GetErrorCode(parser_.get())) : Text(refusal_);
+        throw invalid_call(u"línea " +
+                           decimal(static_cast<std::int64_t>(XML_GetCurrentLineNumber(parser_.get()))) +
+                           u": " + reason);
     }
 
 private:
@@ -57,10 +58,10 @@ private:
     }
     static void XMLCALL on_doctype(void* collector, const XML_Char*, const XML_Char*, const XML_Char*, int)
     {
-        static_cast<Collector*>(collector)->refuse("DOCTYPE");
+        static_cast<Collector*>(collector)->refuse(u"no se admite DOCTYPE");
     }
 
-    void refuse(const char* reason)
+    void refuse(TextView reason)
     {
         refusal_ = reason;
         XML_StopParser(parser_.get(), XML_FALSE);
@@ -79,7 +80,7 @@ private:
             ++skipped_;
             return;
         }
-        if (levels_.size() == most_levels) return refuse("hay demasiados niveles de elementos");
+        if (levels_.size() == most_levels) return refuse(u"hay demasiados niveles de elementos");
         const std::string path = levels_.empty() ? std::string() : path_of_child(levels_.back(), name);
         values_[path.empty() ? name : path.substr(0, path.size() - 1)]; // it is there, attributes or not
         for (; *attributes != nullptr; attributes += 2) values_[path + "@" + attributes[0]] = attributes[1];
@@ -110,7 +111,7 @@ private:
     const Parser parser_;
     std::vector<Level> levels_;
     int skipped_ = 0; // levels below and with an Addenda
-    const char* refusal_ = nullptr;
+    TextView refusal_;
 };
 
 Text quoted(const std::string& value)

@@ -214,7 +214,7 @@ private:
         Finding finding = finding_of(sequence, run);
         finding.what =
             in_words(run, u"no hay documento con este folio", u"no hay documentos con estos folios");
-        finding.remedy = u"si no se borró con «tolvex borra», busque su XML en Facturas y sus renglones en un"
+        finding.remedy = u"si no se borró con «tolvex borra», busque su XML en Facturas y sus registros en un"
                          u" respaldo de la base de datos";
         found_(finding);
     }
@@ -244,7 +244,7 @@ private:
         finding.what = u"el contador del rango de folios " + decimal(range.number) + u" va en " +
                        decimal(range.counter) + u" y el último documento es el " + decimal(highest);
         finding.remedy =
-            u"si no se borraron con «tolvex borra», busque su XML en Facturas y sus renglones en un"
+            u"si no se borraron con «tolvex borra», busque su XML en Facturas y sus registros en un"
             u" respaldo de la base de datos";
         found_(finding);
     }

@@ -11,6 +11,8 @@ namespace tolvex {
 Text seal_fault(const StoredIssue& issue)
 {
     const Session& staged = issue.staged;
+    if (staged.gFechaHoraDocto.empty())
+        return {}; // without a date its digest is not known; the rows tell that
     if (issue.sello.empty()) return u"se guardó sin sello";
     const auto signature = from_base64(issue.sello);
     if (!signature) return u"su sello no es base64";

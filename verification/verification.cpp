@@ -15,7 +15,7 @@ namespace tolvex {
 
 namespace {
 
-constexpr TextView from_backup = u"regrese sus renglones de un respaldo de la base de datos";
+constexpr TextView from_backup = u"regrese sus registros de un respaldo de la base de datos";
 
 // The first few of many, joined.
 Text first_of(const std::vector<Text>& reasons)
@@ -55,7 +55,7 @@ private:
     void tell_leftovers();
 
     const Text& folder_of(const Issuer& issuer);
-    void tell(const StoredIssue& issue, Fault fault, Text what, Text remedy);
+    void tell(const StoredIssue& issue, Fault fault, Text what, Text remedy, Text command = u"");
     void tell(const Finding& finding);
 
     Session& session_;
@@ -108,12 +108,18 @@ std::optional<RebuiltDocument> Verification::verify_rows(StoredIssue& issue)
     try {
         RebuiltDocument document = rebuild(issue);
         if (document.other_issuer) ++summary_.with_former_issuer;
-        if (document.other_issuer || document.differences.empty()) return document;
+        std::vector<Text> reasons;
+        if (!document.other_issuer) reasons = in_words(document.differences);
+        const bool gives_string = reasons.empty();
+        std::ranges::copy(issue.contradictions, std::back_inserter(reasons));
+        if (reasons.empty()) return document;
         tell(issue, Fault::rows,
-             u"sus renglones ya no dan la cadena original: " + first_of(in_words(document.differences)),
+             (gives_string ? u"sus registros se contradicen: "
+                           : u"sus registros ya no dan la cadena original: ") +
+                 first_of(reasons),
              Text(from_backup));
     } catch (const Error& error) {
-        tell(issue, Fault::rows, u"sus renglones no dan un documento: " + error.description(),
+        tell(issue, Fault::rows, u"sus registros no dan un documento: " + error.description(),
              Text(from_backup));
     }
     return {};
@@ -163,8 +169,9 @@ void Verification::verify_file(const StoredIssue& issue, const RebuiltDocument& 
     if (file.state == DocumentFile::State::different)
         what = path + u" dice otra cosa: " + first_of(file.differences);
     tell(issue, Fault::xml, what,
-         u"escríbalo de nuevo con «" + command_for(issue) + u"»" +
-             (document.other_issuer ? u", mientras la empresa tiene sus datos de entonces" : u""));
+         document.other_issuer ? u"póngale a la empresa los datos de entonces y escríbalo de nuevo"
+                               : u"escríbalo de nuevo",
+         command_for(issue));
 }
 
 // Without right rows and a certificate there is nothing to hold a file to.
@@ -173,7 +180,7 @@ void Verification::verify_file_is_there(const StoredIssue& issue)
     const DocumentValues values = stored_values(issue);
     if (has_file_of_its_own(issue, values)) return;
     tell(issue, Fault::xml, u"falta su XML, " + comprobante_name(values) + u".xml",
-         u"arregle primero lo demás y escríbalo con «" + command_for(issue) + u"»");
+         u"arregle primero lo demás y escríbalo de nuevo", command_for(issue));
 }
 
 void Verification::tell_leftovers()
@@ -198,10 +205,10 @@ const Text& Verification::folder_of(const Issuer& issuer)
     return place->second;
 }
 
-void Verification::tell(const StoredIssue& issue, Fault fault, Text what, Text remedy)
+void Verification::tell(const StoredIssue& issue, Fault fault, Text what, Text remedy, Text command)
 {
     tell({fault, issue.serie, trim(issue.key.folio), issue.kind, issue.key.company, issue.key.branch,
-          std::move(what), std::move(remedy)});
+          std::move(what), std::move(remedy), std::move(command)});
 }
 
 void Verification::tell(const Finding& finding)

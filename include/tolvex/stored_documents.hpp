@@ -47,6 +47,7 @@ struct Finding
     Text serie, folio, kind; // "F" invoice, "N" credit note
     std::int16_t company = 0, branch = 0;
     Text what, remedy; // in Spanish, for the user
+    Text command;      // that repairs it, without its connection: "tolvex xml 15 …"; may be empty
 };
 
 struct VerificationEvents

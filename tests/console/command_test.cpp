@@ -184,7 +184,8 @@ TEST_F(Command, what_was_issued_is_verified_and_a_lost_xml_written_again)
     EXPECT_EQ(lost.exit_code, 1);
     EXPECT_THAT(lost.output,
                 StartsWith("serie A, folio 3, empresa 1, sucursal 1: falta su XML, " + xml.string()));
-    EXPECT_THAT(lost.output, HasSubstr("«tolvex xml 3 --empresa 1 --sucursal 1»"));
+    EXPECT_THAT(lost.output, HasSubstr("escríbalo de nuevo: tolvex xml 3 --empresa 1 --sucursal 1 --bd " +
+                                       database + "\n"));
     EXPECT_THAT(lost.output, HasSubstr("Documentos revisados: 4; no está bien: 1\n"));
     const std::vector<std::string> rewrite{"xml", "3", "--empresa", "1", "--sucursal", "1", "--bd", database};
     const Outcome written = tolvex(rewrite);

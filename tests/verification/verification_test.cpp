@@ -14,7 +14,7 @@ using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 
-constexpr const char* names[] = {"renglones", "sello", "xml", "folio", "resto"};
+constexpr const char* names[] = {"registros", "sello", "xml", "folio", "resto"};
 
 class Verifying : public Station
 {
@@ -107,16 +107,19 @@ TEST_F(Verifying, rows_and_seals_that_were_changed_are_told_by_document)
     } cases[] = {
         {lines + u"nPrecio=1 Where nIdFe=2 And nRenglon=1",
          lines + u"nPrecio=180 Where nIdFe=2 And nRenglon=1",
-         "renglones A2: sus renglones ya no dan la cadena original: precio del renglón 1: se guardó «180.00»"},
+         "registros A2: sus registros ya no dan la cadena original: precio del renglón 1: se guardó «180.00»"},
         {receiver + u"nidFE=99 Where nidFE=2", receiver + u"nidFE=2 Where nidFE=99",
-         "renglones A2: falta su receptor en FE_ClienteFactura"},
+         "registros A2: falta su receptor en FE_ClienteFactura"},
         {u"Insert Into FE_ClienteFactura Select * From FE_ClienteFactura Where nidFE=2",
          u"Delete FE_ClienteFactura Where rowid=(Select max(rowid) From FE_ClienteFactura)",
-         "renglones A2: tiene 2 receptores en FE_ClienteFactura"},
+         "registros A2: tiene 2 receptores en FE_ClienteFactura"},
         {receiver + u"nImporteIva=1 Where nidFE=2", receiver + u"nImporteIva=208 Where nidFE=2",
-         "renglones A2: FE_ClienteFactura.nImporteIva dice 1 y FE_VENTAS_RESUMEN.nIva 208"},
+         "registros A2: sus registros ya no dan la cadena original: IVA: se guardó «208.00»"},
+        {header + u"nIva=1 Where nID=2", header + u"nIva=208 Where nID=2",
+         "registros A2: sus registros se contradicen: FE_ClienteFactura.nImporteIva dice 208 y "
+         "FE_VENTAS_RESUMEN.nIva 1"},
         {receiver + u"nImporteIva='x' Where nidFE=2", receiver + u"nImporteIva=208 Where nidFE=2",
-         "renglones A2: FE_ClienteFactura.nImporteIva no sirve: "},
+         "registros A2: FE_ClienteFactura.nImporteIva no sirve: "},
         {sealed(u""), sealed(seal), "sello A2: se guardó sin sello"},
         {sealed(u"¿sello?"), sealed(seal), "sello A2: su sello no es base64"},
         {sealed(u"QUJD"), sealed(seal), "sello A2: su sello no es el de la cadena original"},
@@ -167,7 +170,7 @@ TEST_F(Verifying, a_file_is_what_the_rows_say_wherever_it_lies_and_however_it_is
              {"", "no es XML"},
              {"no es XML", "no es XML"},
              {std::string(5'000, '\0'), "no es XML"},
-             {"<!DOCTYPE x [<!ENTITY a 'b'>]><x>&a;</x>", "no es XML: línea 1: DOCTYPE"},
+             {"<!DOCTYPE x [<!ENTITY a 'b'>]><x>&a;</x>", "no se admite DOCTYPE"},
              {to_utf8(replace_all(to_text(std::string(100, 'x')), u"x", u"<x>")), "demasiados niveles"},
              {"<x/>", "es de otro documento"},
          }) {
@@ -208,7 +211,7 @@ TEST_F(Verifying, a_company_that_moved_is_no_fault_of_its_documents_but_their_is
             << value;
     }
     execute(u"Update FE_EMPRESAS Set nEmpresa=2");
-    EXPECT_THAT(findings(), ::testing::Contains(HasSubstr("renglones A1: no existe la empresa 1")));
+    EXPECT_THAT(findings(), ::testing::Contains(HasSubstr("registros A1: no existe la empresa 1")));
 }
 
 TEST_F(Verifying, folios_are_told_that_are_missing_twice_or_past_the_counter)
