@@ -1,5 +1,6 @@
-// What verifying costs, by stored documents: an issued document of three lines, its rows and its file copied under
-// as many folios, all of them right. Each size runs in a process of its own, so that its peak memory is its own.
+// What verifying costs, by stored documents: an issued document of three lines, its rows and its file copied
+// under as many folios, all of them right. Each size runs in a process of its own, so that its peak memory is
+// its own.
 #include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "session/session.hpp"

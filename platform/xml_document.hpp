@@ -41,8 +41,8 @@ public:
     XmlElement create_root(const Text& name);
     // The instruction, a line feed, the document in one line and a line feed, as UTF-8.
     std::string as_bytes() const;
-    // Writes the bytes; replaces the file. Throws Error when the file cannot be written; an older file of that
-    // name is then left whole.
+    // Writes the bytes; replaces the file. Throws Error when the file cannot be written; an older file of
+    // that name is then left whole.
     void save(TextView path) const;
 
 private:

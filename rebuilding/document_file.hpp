@@ -25,7 +25,8 @@ struct DocumentFile
 // cannot be read.
 DocumentFile find_file(const StoredIssue& issue, const RebuiltDocument& document);
 
-// Whether a file under its name holds its seal or its date: all that can be told when the rows give no document.
+// Whether a file under its name holds its seal or its date: all that can be told when the rows give no
+// document.
 bool has_file_of_its_own(const StoredIssue& issue, const DocumentValues& values);
 
 } // namespace tolvex

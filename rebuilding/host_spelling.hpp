@@ -1,5 +1,5 @@
-// Texts as a host staged them, where the rows spell them otherwise: receivers lose their "|" there, and a quote
-// that was doubled for the statement stands once. The original string still has both.
+// Texts as a host staged them, where the rows spell them otherwise: receivers lose their "|" there, and a
+// quote that was doubled for the statement stands once. The original string still has both.
 #pragma once
 
 #include "rebuilding/stored_issue.hpp"

@@ -31,7 +31,8 @@ struct Folios
 
 using Ledger = std::map<Sequence, Folios>;
 
-// "A00123" is 123 behind "A"; a folio without digits at its end, or with more than a number holds, is all prefix.
+// "A00123" is 123 behind "A"; a folio without digits at its end, or with more than a number holds, is all
+// prefix.
 std::pair<Text, std::int64_t> split_folio(const Text& folio)
 {
     constexpr std::size_t most_digits = 18;

@@ -6,8 +6,8 @@
 
 namespace tolvex {
 
-// Tells each finding. Looks at every document of the company, or of all, and tells what lies between the lowest
-// and the highest folio of the range's days. Throws Error when the database fails.
+// Tells each finding. Looks at every document of the company, or of all, and tells what lies between the
+// lowest and the highest folio of the range's days. Throws Error when the database fails.
 void verify_folios(Session& session, const VerifiedRange& range,
                    const std::function<void(const Finding&)>& found);
 

@@ -18,8 +18,8 @@ struct RewrittenXml
 
 // Writes the XML of a stored document anew from its rows, in the layout of set_root_layout; of several
 // documents with that folio the newest. An empty folder means the one that the document's certificate was
-// registered with, or the current one. Throws Error 5, which tells what differs, when the rows do not give the
-// stored original string, and writes nothing then; other errors when database or disk fail.
+// registered with, or the current one. Throws Error 5, which tells what differs, when the rows do not give
+// the stored original string, and writes nothing then; other errors when database or disk fail.
 TOLVEX_API RewrittenXml write_xml(const Text& FolioDocto, std::int16_t Empresa, std::int16_t Sucursal,
                                   bool NotadeCredito = false, const Text& folder = u"");
 
