@@ -3,7 +3,7 @@
 # make test-native  builds and tests the native edition alone: without Wine, and without root once set up
 # make check        looks over the sources: layout, clang-tidy, what each room includes; make format lays them out
 # make windows      builds TOLVEX.dll for 64 and 32 bits into build/windows
-# make bench        measures how fast documents are issued; make bench-windows the same from Windows hosts
+# make bench        measures how fast documents are issued, printed and verified; make bench-windows the same from Windows hosts
 .PHONY: all demo test test-native sanitized check format windows bench bench-windows clean
 
 windows_bitnesses := x86_64 i686
@@ -57,6 +57,7 @@ bench:
 	cmake --build build/bench
 	build/bench/bench/issue_bench
 	build/bench/bench/print_bench
+	build/bench/bench/verify_bench
 	build/bench/bench/archive_bench
 	build/bench/bench/stations
 

@@ -55,6 +55,8 @@ std::unique_ptr<Command> demo_command();
 std::unique_ptr<Command> emite_command();
 std::unique_ptr<Command> cancela_command();
 std::unique_ptr<Command> borra_command();
+std::unique_ptr<Command> xml_command();
+std::unique_ptr<Command> verifica_command();
 std::unique_ptr<Command> folio_command();
 std::unique_ptr<Command> esquema_command();
 std::unique_ptr<Command> conexion_command();

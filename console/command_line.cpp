@@ -18,7 +18,9 @@ constexpr auto description =
     "  tolvex emite ventas.txt --bd tienda.db  emite los documentos de un archivo plano\n"
     "  tolvex folio 1                          siguiente folio del rango 1\n"
     "  tolvex imprime 15 --empresa 1 --pdf       el documento en PDF\n"
-    "  tolvex cancela 15 --empresa 1 --sucursal 1";
+    "  tolvex cancela 15 --empresa 1 --sucursal 1\n"
+    "  tolvex verifica                         revisa todo lo emitido\n"
+    "  tolvex xml 15 --empresa 1 --sucursal 1  escribe de nuevo el XML que falte";
 
 constexpr auto connection_notes =
     "La conexión también se toma del entorno: TOLVEX_SERVIDOR, TOLVEX_BD, TOLVEX_USUARIO, TOLVEX_CLAVE.\n"

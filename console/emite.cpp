@@ -42,7 +42,7 @@ public:
 private:
     FlatFileResult issue() const
     {
-        ProgressLine progress;
+        ProgressLine progress("línea");
         const auto issued = [&](const IssuedDocument& document) {
             progress.clear();
             print_line(files::native_path(document.xml_path));

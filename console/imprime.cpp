@@ -9,6 +9,7 @@
 #include "platform/pages/viewer.hpp"
 #include "printing/default_layout.hpp"
 #include "printing/document_report.hpp"
+#include "rebuilding/issuers.hpp"
 
 namespace tolvex::console {
 
@@ -22,8 +23,7 @@ Text documents_folder(const ReportedDocument& document)
         u" Inner Join FE_CERTIFICADOS c On c.nEmpresa=v.nEmpresa"
         u" And c.cSerie_Certificado=v.cSerie_Certificado Where v.cDocumento=" +
         literal(document.folio) + u" And v.nEmpresa=" + decimal(document.company));
-    const Text folder = row.eof() ? Text() : row[u"cCarpeta"].text();
-    return files::folder_exists(folder) ? folder : files::absolute_path(u".");
+    return working_folder(row.eof() ? Text() : row[u"cCarpeta"].text());
 }
 
 bool is_stored(const ReportedDocument& document)

@@ -5,14 +5,14 @@
 
 namespace tolvex::console {
 
-ProgressLine::ProgressLine() : on_terminal_(isatty(STDERR_FILENO) != 0) {}
+ProgressLine::ProgressLine(const char* unit) : unit_(unit), on_terminal_(isatty(STDERR_FILENO) != 0) {}
 
-void ProgressLine::show(std::size_t line, std::size_t lines)
+void ProgressLine::show(std::size_t done, std::size_t all)
 {
-    const std::size_t percent = 100 * line / lines;
+    const std::size_t percent = 100 * done / all;
     if (!on_terminal_ || percent == shown_) return;
     shown_ = percent;
-    fmt::print(stderr, "\rlínea {} de {} ({} %)", line, lines, percent);
+    fmt::print(stderr, "\r{} {} de {} ({} %)", unit_, done, all, percent);
     std::fflush(stderr);
 }
 

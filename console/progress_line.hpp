@@ -9,12 +9,14 @@ namespace tolvex::console {
 class ProgressLine
 {
 public:
-    ProgressLine();
-    void show(std::size_t line, std::size_t lines);
+    // Of what is counted: "línea", "documento".
+    explicit ProgressLine(const char* unit);
+    void show(std::size_t done, std::size_t all);
     void clear();
 
 private:
     static constexpr std::size_t none = 101;
+    const char* const unit_;
     const bool on_terminal_;
     std::size_t shown_ = none; // percent
 };

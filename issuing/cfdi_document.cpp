@@ -7,7 +7,6 @@
 #include "issuing/addenda_xml.hpp"
 #include "issuing/amount_patterns.hpp"
 #include "issuing/xml_files.hpp"
-#include "tolvex/root_layout.hpp"
 
 namespace tolvex {
 
@@ -33,13 +32,15 @@ RootLayout& root_layout()
 // One document while it is written.
 struct Writer
 {
-    Session& session;
+    const Session& session;
     const DocumentValues& document;
-    const Text& nIdFe;
+    const std::vector<Concepto>& lines;
+    const RootLayout layout;
 
     Text tipo_de_comprobante() const { return document.es_nota_credito ? u"egreso" : u"ingreso"; }
     Text certificado() const { return without(session.gCertificado, u' '); }
 
+    XmlElement write(XmlDocument& xml) const;
     void set_standard_root(XmlElement& comprobante) const;
     void set_extended_root(XmlElement& comprobante) const;
     void add_emisor(XmlElement& comprobante) const;
@@ -47,6 +48,21 @@ struct Writer
     void add_conceptos(XmlElement& comprobante) const;
     void add_impuestos(XmlElement& comprobante) const;
 };
+
+// Gives the root, to which an addenda may be added.
+XmlElement Writer::write(XmlDocument& xml) const
+{
+    XmlElement comprobante = xml.create_root(u"cfdi:Comprobante");
+    if (layout == RootLayout::standard)
+        set_standard_root(comprobante);
+    else
+        set_extended_root(comprobante);
+    add_emisor(comprobante);
+    add_receptor(comprobante);
+    add_conceptos(comprobante);
+    add_impuestos(comprobante);
+    return comprobante;
+}
 
 // Deliberate: no series, folio, discount or payment conditions in this layout.
 void Writer::set_standard_root(XmlElement& comprobante) const
@@ -127,29 +143,20 @@ void Writer::add_receptor(XmlElement& comprobante) const
     set_unless_empty(domicilio, u"codigoPostal", without(document.RecCodigoPostal, u'|'));
 }
 
-void add_concepto(XmlElement& conceptos, const Recordset& line)
+void add_concepto(XmlElement& conceptos, const Concepto& line)
 {
-    const Currency cantidad = to_currency(format(line[u"nCantidad"].number(), amount_pattern));
-    const Text unidad = trim(line[u"cunidad"].text());
-    const Text producto = trim(line[u"cproducto"].text());
-    const Currency precio = round_half_even(line[u"nprecio"].number(), 2);
-    const Currency importe = round_half_even(line[u"nimporte"].number(), 2);
-
     XmlElement concepto = conceptos.append(u"cfdi:Concepto");
-    concepto.set_attribute(u"unidad", unidad);
-    concepto.set_attribute(u"importe", format(importe, amount_pattern));
-    concepto.set_attribute(u"cantidad", format(cantidad, amount_pattern));
-    concepto.set_attribute(u"descripcion", producto);
-    concepto.set_attribute(u"valorUnitario", format(precio, amount_pattern));
+    concepto.set_attribute(u"unidad", line.unidad);
+    concepto.set_attribute(u"importe", format(line.importe, amount_pattern));
+    concepto.set_attribute(u"cantidad", format(line.cantidad, amount_pattern));
+    concepto.set_attribute(u"descripcion", line.descripcion);
+    concepto.set_attribute(u"valorUnitario", format(line.valorUnitario, amount_pattern));
 }
 
 void Writer::add_conceptos(XmlElement& comprobante) const
 {
     XmlElement conceptos = comprobante.append(u"cfdi:Conceptos");
-    const Text sql =
-        u"select * from FE_VENTAS_RESUMEN_DET d(nolock)\rWhere d.nIdFe = " + nIdFe + u" order by nrenglon";
-    for (Recordset lines = shared_connection(session).query(sql); !lines.eof(); lines.move_next())
-        add_concepto(conceptos, lines);
+    for (const Concepto& line : lines) add_concepto(conceptos, line);
 }
 
 void add_retencion(XmlElement& retenciones, const Text& impuesto, const Text& importe)
@@ -184,29 +191,54 @@ void Writer::add_impuestos(XmlElement& comprobante) const
     traslado.set_attribute(u"impuesto", u"IVA");
 }
 
+std::vector<Concepto> read_conceptos(Session& session, const Text& nIdFe)
+{
+    std::vector<Concepto> conceptos;
+    const Text sql =
+        u"select * from FE_VENTAS_RESUMEN_DET d(nolock)\rWhere d.nIdFe = " + nIdFe + u" order by nrenglon";
+    for (Recordset lines = shared_connection(session).query(sql); !lines.eof(); lines.move_next())
+        conceptos.push_back(read_concepto(lines));
+    return conceptos;
+}
+
 } // namespace
 
 void set_root_layout(RootLayout layout) { root_layout() = layout; }
+
+Concepto read_concepto(const Recordset& line)
+{
+    return {.unidad = trim(line[u"cunidad"].text()),
+            .descripcion = trim(line[u"cproducto"].text()),
+            .cantidad = to_currency(format(line[u"nCantidad"].number(), amount_pattern)),
+            .valorUnitario = round_half_even(line[u"nprecio"].number(), 2),
+            .importe = round_half_even(line[u"nimporte"].number(), 2)};
+}
 
 Text write_comprobante(Session& session, const DocumentValues& document, const Text& nIdFe,
                        bool genera_addenda)
 {
     return trapping(Text(), [&] {
-        const Writer writer{session, document, nIdFe};
+        const std::vector<Concepto> conceptos = read_conceptos(session, nIdFe);
+        const Writer writer{session, document, conceptos, root_layout()};
         XmlDocument xml;
-        XmlElement comprobante = xml.create_root(u"cfdi:Comprobante");
-        if (root_layout() == RootLayout::standard)
-            writer.set_standard_root(comprobante);
-        else
-            writer.set_extended_root(comprobante);
-        writer.add_emisor(comprobante);
-        writer.add_receptor(comprobante);
-        writer.add_conceptos(comprobante);
-        writer.add_impuestos(comprobante);
+        XmlElement comprobante = writer.write(xml);
         if (genera_addenda) add_addenda(session, document, comprobante);
 
-        return write_xml_file(xml, session.gRutaDeArchivos, document.DocSerie, document.DocFolio);
+        return write_xml_file(xml, session.gRutaDeArchivos, comprobante_name(document));
     });
+}
+
+std::string comprobante_bytes(const Session& session, const DocumentValues& document,
+                              const std::vector<Concepto>& conceptos, RootLayout layout)
+{
+    XmlDocument xml;
+    Writer{session, document, conceptos, layout}.write(xml);
+    return xml.as_bytes();
+}
+
+Text comprobante_name(const DocumentValues& document)
+{
+    return trim(document.DocSerie) + trim(document.DocFolio);
 }
 
 } // namespace tolvex

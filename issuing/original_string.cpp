@@ -10,96 +10,150 @@ namespace tolvex {
 
 namespace {
 
-Text with_bar(const Text& value) { return value + u"|"; }
+using Of = OriginalPiece::Of;
 
-Text with_bar_unless_empty(const Text& value) { return value.empty() ? value : with_bar(value); }
+// Pieces of one part of the string, put behind those that are there.
+class Part
+{
+public:
+    Part(OriginalPieces& pieces, Of of, std::int32_t line = 0) : pieces_(pieces), of_(of), line_(line) {}
+
+    void add(TextView name, Text value) { pieces_.push_back({of_, name, std::move(value), line_}); }
+    void add_unless_empty(TextView name, const Text& value)
+    {
+        if (!value.empty()) add(name, value);
+    }
+
+private:
+    OriginalPieces& pieces_;
+    const Of of_;
+    const std::int32_t line_;
+};
 
 // Deliberate: the series only enters when the version does not, whatever its own flag says.
-Text version_or_series(const Session& session, const DocumentValues& document)
+void add_version_or_series(Part& header, const Session& session, const DocumentValues& document)
 {
-    if (session.gMostrarVersion) return u"|" + document.DocVersion;
-    if (session.gMostrarSerie) return u"|" + session.gSerie;
-    return {};
+    if (session.gMostrarVersion)
+        header.add(u"versión", document.DocVersion);
+    else if (session.gMostrarSerie)
+        header.add(u"serie", session.gSerie);
+}
+
+void add_header(OriginalPieces& pieces, const Session& session, const DocumentValues& document)
+{
+    Part header(pieces, Of::header);
+    add_version_or_series(header, session, document);
+    header.add(u"fecha", document.DocFecha);
+    if (session.gMostrarTipoDeComprobante)
+        header.add(u"tipo de comprobante", document.es_nota_credito ? u"egreso" : u"ingreso");
+    if (session.gMostrarFormadePago) header.add(u"forma de pago", u"PAGO EN UNA SOLA EXHIBICION");
+    if (session.gMostrarSubtotal) header.add(u"subtotal", format(session.gSubtotal, amount_pattern));
+    header.add(u"tipo de cambio", document.DocTipoCambio);
+    header.add(u"moneda", document.DocMoneda);
+    if (session.gMostrarTotal) header.add(u"total", format(session.gTotal, amount_pattern));
 }
 
 // Deliberate: interior number, locality and reference never enter the string.
-Text issuer(const DocumentValues& document)
+void add_issuer(OriginalPieces& pieces, const DocumentValues& document)
 {
-    return u"|" + with_bar(document.EmiRfc) + with_bar(document.EmiNombre) + with_bar(document.EmiCalle) +
-           with_bar_unless_empty(document.EmiNoExterior) + with_bar_unless_empty(document.EmiColonia) +
-           with_bar_unless_empty(document.EmiMunicipio) + with_bar_unless_empty(document.EmiEstado) +
-           with_bar_unless_empty(document.EmiPais) + document.EmiCodigoPostal; // no bar after it
-}
-
-Text build_header_piece(const Session& session, const DocumentValues& document)
-{
-    Text piece = version_or_series(session, document) + u"|" + document.DocFecha;
-    if (session.gMostrarTipoDeComprobante) piece += document.es_nota_credito ? u"|egreso" : u"|ingreso";
-    if (session.gMostrarFormadePago) piece += u"|PAGO EN UNA SOLA EXHIBICION";
-    if (session.gMostrarSubtotal) piece += u"|" + format(session.gSubtotal, amount_pattern);
-    piece += u"|" + document.DocTipoCambio + u"|" + document.DocMoneda;
-    if (session.gMostrarTotal) piece += u"|" + format(session.gTotal, amount_pattern);
-    return piece + issuer(document);
+    Part issuer(pieces, Of::issuer);
+    issuer.add(u"RFC del emisor", document.EmiRfc);
+    issuer.add(u"nombre del emisor", document.EmiNombre);
+    issuer.add(u"calle del emisor", document.EmiCalle);
+    issuer.add_unless_empty(u"número exterior del emisor", document.EmiNoExterior);
+    issuer.add_unless_empty(u"colonia del emisor", document.EmiColonia);
+    issuer.add_unless_empty(u"municipio del emisor", document.EmiMunicipio);
+    issuer.add_unless_empty(u"estado del emisor", document.EmiEstado);
+    issuer.add_unless_empty(u"país del emisor", document.EmiPais);
+    issuer.add(u"código postal del emisor", document.EmiCodigoPostal);
 }
 
 // Deliberate: interior number, locality and reference never enter the string.
-Text receiver_piece(const DocumentValues& document)
+void add_receiver(OriginalPieces& pieces, const DocumentValues& document)
 {
-    return u"|" + with_bar(document.RecRfc) + with_bar(document.RecNombre) +
-           with_bar_unless_empty(document.RecCalle) + with_bar_unless_empty(document.RecNoExterior) +
-           with_bar_unless_empty(document.RecColonia) + with_bar_unless_empty(document.RecMunicipio) +
-           with_bar_unless_empty(document.RecEstado) + with_bar_unless_empty(document.RecPais) +
-           with_bar_unless_empty(document.RecCodigoPostal);
+    Part receiver(pieces, Of::receiver);
+    receiver.add(u"RFC del receptor", document.RecRfc);
+    receiver.add(u"nombre del receptor", document.RecNombre);
+    receiver.add_unless_empty(u"calle del receptor", document.RecCalle);
+    receiver.add_unless_empty(u"número exterior del receptor", document.RecNoExterior);
+    receiver.add_unless_empty(u"colonia del receptor", document.RecColonia);
+    receiver.add_unless_empty(u"municipio del receptor", document.RecMunicipio);
+    receiver.add_unless_empty(u"estado del receptor", document.RecEstado);
+    receiver.add_unless_empty(u"país del receptor", document.RecPais);
+    receiver.add_unless_empty(u"código postal del receptor", document.RecCodigoPostal);
 }
 
 // Deliberate: the product key never enters the string.
-Text concept_piece(const DetalleRow& line)
+void add_line(OriginalPieces& pieces, const DetalleRow& row, std::int32_t number)
 {
-    return with_bar(format(line.Cantidad, u"###########0.00")) + with_bar(trim(line.Unidad)) +
-           with_bar(trim(line.Producto)) +
-           with_bar(format(round_half_even(to_number(line.PrecioSinIva), 2), u"############0.00")) +
-           with_bar(format(round_half_even(to_number(line.Importe), 2), total_pattern));
-}
-
-Text concepts_piece(const Session& session)
-{
-    Text piece;
-    for (std::int32_t i = 1; i <= session.gNumDetalle; ++i) piece += concept_piece(session.gDetalle[i]);
-    return piece;
+    Part line(pieces, Of::line, number);
+    line.add(u"cantidad", format(row.Cantidad, u"###########0.00"));
+    line.add(u"unidad", trim(row.Unidad));
+    line.add(u"producto", trim(row.Producto));
+    line.add(u"precio", format(round_half_even(to_number(row.PrecioSinIva), 2), u"############0.00"));
+    line.add(u"importe", format(round_half_even(to_number(row.Importe), 2), total_pattern));
 }
 
 // Deliberate: with a withholding the string carries no totals, and prints both withholdings even when one is
 // zero.
-Text taxes_piece(const Session& session, const DocumentValues& document)
+void add_taxes(OriginalPieces& pieces, const Session& session, const DocumentValues& document)
 {
+    Part taxes(pieces, Of::taxes);
     const Text iva = format(document.DocImpuesto, amount_pattern);
     const double iva_retained = to_number(session.gIvaRet);
     const double isr_retained = to_number(session.gISRRet);
-    const Text transferred = u"IVA|" + with_bar(document.DocTasa) + iva;
-    if (iva_retained <= 0 && isr_retained <= 0) return transferred + u"|" + iva + u"||";
-    return u"ISR|" + format(isr_retained, amount_pattern) + u"|IVA|" + format(iva_retained, amount_pattern) +
-           u"|" + transferred + u"||";
+    const bool retained = iva_retained > 0 || isr_retained > 0;
+    if (retained) {
+        taxes.add(u"impuesto retenido", u"ISR");
+        taxes.add(u"ISR retenido", format(isr_retained, amount_pattern));
+        taxes.add(u"impuesto retenido", u"IVA");
+        taxes.add(u"IVA retenido", format(iva_retained, amount_pattern));
+    }
+    taxes.add(u"impuesto trasladado", u"IVA");
+    taxes.add(u"tasa del IVA", document.DocTasa);
+    taxes.add(u"IVA", iva);
+    if (!retained) taxes.add(u"total de impuestos trasladados", iva);
+}
+
+// None when a staged value cannot be read.
+OriginalPieces header_and_issuer(Session& session, DocumentValues& document)
+{
+    return trapping(OriginalPieces(), [&] {
+        OriginalPieces pieces;
+        read_date_and_amounts(session, document);
+        add_header(pieces, session, document);
+        add_issuer(pieces, document);
+        return pieces;
+    });
+}
+
+Text text_of(const OriginalPieces& pieces)
+{
+    Text text;
+    for (const OriginalPiece& piece : pieces) (text += u'|') += piece.value;
+    return text;
 }
 
 } // namespace
 
 Text header_piece(Session& session, DocumentValues& document)
 {
-    return trapping(Text(), [&] {
-        read_date_and_amounts(session, document);
-        return build_header_piece(session, document);
-    });
+    return text_of(header_and_issuer(session, document));
+}
+
+OriginalPieces original_pieces(Session& session, DocumentValues& document)
+{
+    // Part after part: with the header the amounts are read that the taxes print.
+    OriginalPieces pieces = header_and_issuer(session, document);
+    add_receiver(pieces, document);
+    for (std::int32_t i = 1; i <= session.gNumDetalle; ++i) add_line(pieces, session.gDetalle[i], i);
+    add_taxes(pieces, session, document);
+    return pieces;
 }
 
 Text original_string(Session& session, DocumentValues& document)
 {
-    // Piece after piece: with the header the amounts are read that the taxes print.
-    Text whole = u"|";
-    whole += header_piece(session, document);
-    whole += receiver_piece(document);
-    whole += concepts_piece(session);
-    whole += taxes_piece(session, document);
-    return whole;
+    return u"|" + text_of(original_pieces(session, document)) + u"||";
 }
 
 } // namespace tolvex

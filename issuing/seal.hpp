@@ -1,15 +1,10 @@
 // The digital seal: openssl signs the original string through a batch file in the working folder.
 #pragma once
 
+#include "platform/signature.hpp"
 #include "tolvex/types.hpp"
 
 namespace tolvex {
-
-enum class Digest
-{
-    md5,
-    sha1
-};
 
 // Documents dated after 2010 are sealed with SHA-1, older ones with MD5.
 Digest digest_for(Date date);

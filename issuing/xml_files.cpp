@@ -11,12 +11,11 @@ namespace tolvex {
 
 namespace {
 
-constexpr TextView facturas = u"\\Facturas";
+Text anteriores_path(const Text& working_folder) { return facturas_path(working_folder) + u"\\Anteriores"; }
 
-Text made_folder(const Text& folder)
+void make_folder(const Text& folder)
 {
     if (!files::folder_exists(folder)) files::create_folder(folder);
-    return folder;
 }
 
 // As the document itself states it; today's for a file that is none of ours.
@@ -32,39 +31,46 @@ Text moment_of(const Text& path)
     return format(local_now(), u"yyyy-mm-ddThh:mm:ss");
 }
 
-void keep_earlier(const Text& folder, const Text& stem)
+void keep_earlier(const Text& working_folder, const Text& name)
 {
-    const Text path = folder + u"\\" + stem + u".xml";
+    const Text path = xml_path(working_folder, name);
     if (!files::exists_as_spelt(path)) return;
-    const Text earlier = made_folder(folder + u"\\Anteriores"), moment = moment_of(path);
+    make_folder(anteriores_path(working_folder));
+    const Text moment = moment_of(path);
     for (int times = 1;; ++times)
-        if (files::move_unless_taken(path, earlier + u"\\" + name_of_earlier(stem, moment, times))) return;
+        if (files::move_unless_taken(path, earlier_xml_path(working_folder, name, moment, times))) return;
 }
 
 } // namespace
 
-Text write_xml_file(const XmlDocument& xml, const Text& working_folder, const Text& series,
-                    const Text& number)
+Text facturas_path(const Text& working_folder) { return working_folder + u"\\Facturas"; }
+
+Text xml_path(const Text& working_folder, const Text& name)
 {
-    const Text folder = made_folder(working_folder + Text(facturas)), stem = trim(series) + trim(number);
-    const Text path = folder + u"\\" + stem + u".xml";
+    return facturas_path(working_folder) + u"\\" + name + u".xml";
+}
+
+Text earlier_xml_path(const Text& working_folder, const Text& name, const Text& moment, int times)
+{
+    return anteriores_path(working_folder) + u"\\" + name + u"_" + replace_all(moment, u":", u"-") +
+           (times > 1 ? u"-" + decimal(times) : Text()) + u".xml";
+}
+
+Text write_xml_file(const XmlDocument& xml, const Text& working_folder, const Text& name)
+{
+    make_folder(facturas_path(working_folder));
+    const Text path = xml_path(working_folder, name);
     NewFile file(path);
-    xml.save(file.path_beside());
+    files::write(file.path_beside(), xml.as_bytes());
     file.flush();
-    keep_earlier(folder, stem);
+    keep_earlier(working_folder, name);
     file.put_in_place();
     return path;
 }
 
-Text name_of_earlier(const Text& stem, const Text& moment, int times)
-{
-    return stem + u"_" + replace_all(moment, u":", u"-") + (times > 1 ? u"-" + decimal(times) : Text()) +
-           u".xml";
-}
-
 void remove_unfinished_xml_files(const Text& working_folder)
 {
-    const Text folder = working_folder + Text(facturas);
+    const Text folder = facturas_path(working_folder);
     for (const Text& name : files::names_ending(folder, u".xml.tmp"))
         files::remove_if_there(folder + u"\\" + name);
 }

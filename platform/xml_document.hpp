@@ -39,9 +39,8 @@ public:
     XmlDocument& operator=(const XmlDocument&) = delete;
 
     XmlElement create_root(const Text& name);
-    // Writes the instruction, a line feed, the document in one line and a line feed, as UTF-8; replaces the
-    // file. Throws Error when the file cannot be written.
-    void save(TextView path) const;
+    // The instruction, a line feed, the document in one line and a line feed, as UTF-8.
+    std::string as_bytes() const;
 
 private:
     friend class XmlElement;

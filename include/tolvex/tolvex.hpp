@@ -10,4 +10,5 @@
 #include "tolvex/errors.hpp"
 #include "tolvex/messages.hpp"
 #include "tolvex/root_layout.hpp"
+#include "tolvex/stored_documents.hpp"
 #include "tolvex/types.hpp"

@@ -1,6 +1,5 @@
 #include "platform/xml_document.hpp"
 
-#include "platform/files.hpp"
 #include "platform/xml_content.hpp"
 
 #include <libxml/tree.h>
@@ -91,14 +90,14 @@ XmlElement XmlDocument::create_root(const Text& name)
     return {*this, element(root)};
 }
 
-void XmlDocument::save(TextView path) const
+std::string XmlDocument::as_bytes() const
 {
     const std::unique_ptr<xmlBuffer, FreeBuffer> buffer(checked(xmlBufferCreate()));
     xmlSaveCtxt* saving = checked(xmlSaveToBuffer(buffer.get(), "UTF-8", XML_SAVE_NO_DECL));
     xmlSaveDoc(saving, native_->document.get());
     if (xmlSaveClose(saving) < 0) throw xml_error(u"no se pudo formar");
     const auto* start = reinterpret_cast<const char*>(xmlBufferContent(buffer.get()));
-    files::write(path, {start, static_cast<std::size_t>(xmlBufferLength(buffer.get()))});
+    return {start, static_cast<std::size_t>(xmlBufferLength(buffer.get()))};
 }
 
 } // namespace tolvex

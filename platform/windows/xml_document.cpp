@@ -1,6 +1,5 @@
 #include "platform/xml_document.hpp"
 
-#include "platform/files.hpp"
 #include "platform/windows/windows.hpp"
 #include "platform/xml_content.hpp"
 
@@ -20,6 +19,19 @@ IXMLDOMElement* element(XmlNode* node) { return reinterpret_cast<IXMLDOMElement*
 XmlNode* node(IXMLDOMElement* element) { return reinterpret_cast<XmlNode*>(element); }
 
 constexpr char16_t instruction_target[] = u"xml", instruction_data[] = u"version='1.0' encoding='UTF-8'";
+
+// Whatever was written to a stream in memory.
+std::string content_of(IStream& stream)
+{
+    STATSTG state{};
+    check(stream.Stat(&state, STATFLAG_NONAME), u"XML stream");
+    std::string content(static_cast<std::size_t>(state.cbSize.QuadPart), '\0');
+    check(stream.Seek({}, STREAM_SEEK_SET, nullptr), u"XML stream");
+    ULONG read = 0;
+    check(stream.Read(content.data(), static_cast<ULONG>(content.size()), &read), u"XML stream");
+    content.resize(read);
+    return content;
+}
 
 // The versions of MSXML differ in the quotes of the instruction and in the line ends around the root element.
 std::string with_our_prolog(const std::string& saved)
@@ -89,11 +101,15 @@ XmlElement XmlDocument::create_root(const Text& name)
     return {*this, node(root)};
 }
 
-void XmlDocument::save(TextView path) const
+std::string XmlDocument::as_bytes() const
 {
-    const Variant target(files::native_path(path));
+    ComPtr<IStream> stream;
+    check(CreateStreamOnHGlobal(nullptr, TRUE, stream.GetAddressOf()), u"XML stream");
+    Variant target;
+    target.vt = VT_UNKNOWN;
+    stream.CopyTo(&target.punkVal);
     check(native_->document->save(target), u"XML save");
-    files::write(path, with_our_prolog(files::read(path)));
+    return with_our_prolog(content_of(*stream.Get()));
 }
 
 } // namespace tolvex

@@ -3,6 +3,7 @@
 #include "core/code_pages.hpp"
 #include "core/errors.hpp"
 #include "core/numbers.hpp"
+#include "platform/expat_reason.hpp"
 
 #include <expat.h>
 
@@ -22,36 +23,6 @@ struct Free
     void operator()(XML_Parser parser) const { XML_ParserFree(parser); }
 };
 using Parser = std::unique_ptr<std::remove_pointer_t<XML_Parser>, Free>;
-
-// What expat says in English, for the faults that people make by hand.
-Text reason(XML_Error error)
-{
-    switch (error) {
-    case XML_ERROR_SYNTAX:
-        return u"error de sintaxis";
-    case XML_ERROR_INVALID_TOKEN:
-        return u"hay un carácter que ahí no se admite";
-    case XML_ERROR_NO_ELEMENTS:
-    case XML_ERROR_UNCLOSED_TOKEN:
-    case XML_ERROR_PARTIAL_CHAR:
-        return u"el texto termina antes de tiempo";
-    case XML_ERROR_TAG_MISMATCH:
-        return u"la etiqueta de cierre no es la del elemento abierto";
-    case XML_ERROR_DUPLICATE_ATTRIBUTE:
-        return u"hay un atributo repetido";
-    case XML_ERROR_JUNK_AFTER_DOC_ELEMENT:
-        return u"hay algo después del último elemento";
-    case XML_ERROR_UNDEFINED_ENTITY:
-        return u"se usa una entidad que XML no define";
-    case XML_ERROR_UNBOUND_PREFIX:
-        return u"se usa un prefijo sin espacio de nombres";
-    case XML_ERROR_UNKNOWN_ENCODING:
-    case XML_ERROR_INCORRECT_ENCODING:
-        return u"la codificación declarada no se conoce o no es la del archivo";
-    default:
-        return to_text(XML_ErrorString(error));
-    }
-}
 
 // Gives expat what the bytes of Windows code page 1252 stand for.
 int XMLCALL know_encoding(void*, const XML_Char* name, XML_Encoding* encoding)
@@ -86,7 +57,7 @@ public:
             XML_Parse(parser_.get(), bytes.data(), static_cast<int>(bytes.size()), true);
         if (status == XML_STATUS_OK) return;
         throw invalid_call(u"Línea " + decimal(line()) + u": " +
-                           (refusal_.empty() ? reason(XML_GetErrorCode(parser_.get())) : refusal_));
+                           (refusal_.empty() ? expat_reason(XML_GetErrorCode(parser_.get())) : refusal_));
     }
 
 private:

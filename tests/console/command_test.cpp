@@ -269,6 +269,48 @@ TEST_F(Command, documents_are_cancelled_and_deleted_by_their_key)
     EXPECT_EQ(tolvex({"folio", "9", "--bd", database}).exit_code, 1);
 }
 
+TEST_F(Command, what_was_issued_is_verified_and_a_lost_xml_written_again)
+{
+    demo();
+    const auto xml = path() / "demo/Facturas/A3.xml"; // the one with an addenda
+    const std::string issued = read_file(xml);
+    const Outcome right = tolvex({"verifica", "--bd", database});
+    EXPECT_EQ(right.exit_code, 0) << right.output;
+    EXPECT_EQ(right.output, "Documentos revisados: 4; no está bien: 0\n");
+    EXPECT_EQ(right.errors, "");
+    std::filesystem::remove(xml);
+    const Outcome lost = tolvex({"verifica", "--bd", database, "--empresa", "1"});
+    EXPECT_EQ(lost.exit_code, 1);
+    EXPECT_THAT(lost.output,
+                StartsWith("serie A, folio 3, empresa 1, sucursal 1: falta su XML, " + xml.string()));
+    EXPECT_THAT(lost.output, HasSubstr("escríbalo de nuevo: tolvex xml 3 --empresa 1 --sucursal 1 --bd " +
+                                       database + "\n"));
+    EXPECT_THAT(lost.output, HasSubstr("Documentos revisados: 4; no está bien: 1\n"));
+    const std::vector<std::string> rewrite{"xml", "3", "--empresa", "1", "--sucursal", "1", "--bd", database};
+    const Outcome written = tolvex(rewrite);
+    EXPECT_EQ(written.exit_code, 0) << written.errors;
+    EXPECT_EQ(written.output, xml.string() + "\n");
+    EXPECT_THAT(written.errors, HasSubstr("aviso: el receptor lleva addenda"));
+    EXPECT_EQ(read_file(xml), issued.substr(0, issued.find("<Addenda>")) + "</cfdi:Comprobante>\n");
+    EXPECT_THAT(tolvex(rewrite).errors, HasSubstr("ya estaba"));
+    EXPECT_EQ(tolvex({"verifica", "--bd", database, "--desde", "1999-01-01", "--hasta", "1999-12-31"}).output,
+              "Documentos revisados: 0; no está bien: 0\n");
+    EXPECT_EQ(tolvex({"xml", "1", "--empresa", "1", "--sucursal", "1", "--nota-de-credito", "--carpeta",
+                      "demo/.", "--bd", database})
+                  .exit_code,
+              0);
+    for (const std::vector<std::string>& wrong : std::vector<std::vector<std::string>>{
+             {"xml", "9", "--empresa", "1", "--sucursal", "1", "--bd", database},
+             {"xml", "1", "--empresa", "1", "--sucursal", "1", "--carpeta", "no/hay", "--bd", database},
+             {"verifica", "--empresa", "7", "--bd", database},
+             {"verifica", "--desde", "ayer", "--bd", database}}) {
+        const Outcome refused = tolvex(wrong);
+        EXPECT_EQ(refused.exit_code, 1) << wrong[1];
+        EXPECT_EQ(refused.output, "");
+        EXPECT_THAT(refused.errors, StartsWith("tolvex: "));
+    }
+}
+
 TEST_F(Command, master_data_come_from_a_file_and_are_modified_when_it_is_run_again)
 {
     write_file(path() / "tienda.toml", "[[empresa]]\nnombre = 'Ferretería'\nrfc = 'fna010101aaa'\n"

@@ -10,6 +10,7 @@
 #include "support/monthly_report.hpp"
 #include "support/sql_server.hpp"
 #include "support/tables.hpp"
+#include "support/test_certificate.hpp"
 
 #include <atomic>
 #include <chrono>
@@ -182,6 +183,33 @@ TEST_F(SqlServer, an_issued_document_is_stored_whole_and_reported)
     EXPECT_EQ(report[u"FechaFormato"].text(), u"15/03/2011 14:05:09");
     EXPECT_EQ(report[u"cRfc"].text(), u"PEGM800101AB1");
     EXPECT_EQ(report[u"nAnno"].int32(), 2011);
+}
+
+TEST_F(SqlServer, what_was_issued_is_verified_and_a_lost_xml_written_again)
+{
+    execute(u"Update FE_CERTIFICADOS Set cCertificado='" + Text(test_certificate) + u"'");
+    stage_document();
+    ASSERT_TRUE(issue_from_counter()) << to_utf8(last_error());
+    ASSERT_TRUE(issue_from_counter()) << to_utf8(last_error());
+    const auto findings = [&] {
+        std::vector<std::string> told;
+        const auto found = [&](const Finding& finding) { told.push_back(to_utf8(finding.what)); };
+        verify_documents({.company = 1,
+                          .from = Date::of(2011, 3, 15),
+                          .to = Date::of(2011, 3, 15),
+                          .folder = folder_text()},
+                         {found, {}});
+        return told;
+    };
+    EXPECT_THAT(findings(), IsEmpty());
+    const std::string issued = content("Facturas/A2.xml");
+    std::filesystem::remove(folder() / "Facturas/A2.xml");
+    EXPECT_THAT(findings(), ElementsAre(HasSubstr("falta su XML")));
+    write_xml(u"2", 1, 1, false, folder_text());
+    EXPECT_EQ(content("Facturas/A2.xml"), issued);
+    execute(u"Update FE_VENTAS_RESUMEN_DET Set nPrecio=1 Where nRenglon=1");
+    EXPECT_THAT(findings(),
+                ElementsAre(HasSubstr("precio del renglón 1"), HasSubstr("precio del renglón 1")));
 }
 
 TEST_F(SqlServer, folios_come_from_the_counter)

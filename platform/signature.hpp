@@ -1,0 +1,34 @@
+// Signatures of seals: RSA with PKCS #1 v1.5 padding (RFC 8017, 8.2), by the system's own cryptography.
+#pragma once
+
+#include <memory>
+#include <string_view>
+
+namespace tolvex {
+
+enum class Digest
+{
+    md5,
+    sha1
+};
+
+// A certificate and the public key in it.
+class Certificate
+{
+public:
+    // From its DER bytes. Throws Error 5 for what is no X.509 certificate, or one whose key is not RSA.
+    explicit Certificate(std::string_view der);
+    ~Certificate();
+    Certificate(const Certificate&) = delete;
+    Certificate& operator=(const Certificate&) = delete;
+
+    // Whether that is the signature of the message by the certificate's private key. A signature of any bytes
+    // and length is answered; throws Error 51 when the system's cryptography itself fails.
+    bool verifies(Digest digest, std::string_view message, std::string_view signature) const;
+
+private:
+    struct Native;
+    std::unique_ptr<Native> native_;
+};
+
+} // namespace tolvex
