@@ -1,7 +1,7 @@
 // On 32 bits the unwinder finds the frames of a module in a list that the module's start-up code adds to, and
-// where the host brings MinGW's shared run-time library that code adds to the host's list. The unwinder linked
-// into the component would then find none of its frames, and the first error would end the host. So the
-// component adds its frames to its own list as well.
+// where the host brings MinGW's shared run-time library that code adds to the host's list. The unwinder
+// linked into the component would then find none of its frames, and the first error would end the host. So
+// the component adds its frames to its own list as well.
 #ifdef __i386__
 
 #include "automation/component.hpp"

@@ -12,10 +12,13 @@ namespace tolvex {
 
 namespace {
 
-void append_byte(Text& bytes, unsigned byte)
+// The lead byte of characters from U+9000 on would not fit.
+Error no_such_character(TextView text, std::size_t place)
 {
-    if (byte > 0xFF) throw invalid_call();
-    bytes += static_cast<char16_t>(byte);
+    constexpr std::size_t shown = 20;
+    const std::size_t from = place < shown ? 0 : place - shown;
+    return invalid_call(u"La cadena original no puede llevar el carácter que sigue a «" +
+                        Text(text.substr(from, place - from)) + u"»");
 }
 
 constexpr TextView seal_files[] = {u"\\sello.bat", u"\\sello.txt", u"\\fi_md5.txt", u"\\utf8.txt"};
@@ -35,17 +38,20 @@ Text utf8_characters(TextView text)
 {
     Text bytes;
     bytes.reserve(text.size() + text.size() / 8);
-    for (const unsigned c : text) {
+    const auto append = [&](unsigned byte) { bytes += static_cast<char16_t>(byte); };
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        const unsigned c = text[i];
         if (c < 128) {
-            append_byte(bytes, c);
+            append(c);
         } else if (c < 2048) {
-            append_byte(bytes, (c / 64) | 192);
-            append_byte(bytes, (c & 63) | 128);
+            append((c / 64) | 192);
+            append((c & 63) | 128);
         } else {
             // Deliberate: 144 and 234 are not UTF-8's own lead byte; stored strings must stay as they are.
-            append_byte(bytes, (c / 144) | 234);
-            append_byte(bytes, ((c / 64) & 63) | 128);
-            append_byte(bytes, (c & 63) | 128);
+            if (((c / 144) | 234) > 0xFF) throw no_such_character(text, i);
+            append((c / 144) | 234);
+            append(((c / 64) & 63) | 128);
+            append((c & 63) | 128);
         }
     }
     return bytes;

@@ -13,9 +13,9 @@ Text xml_path(const Text& working_folder, const Text& name);
 // (yyyy-mm-ddThh:mm:ss); "…-2.xml" the second time that both are the same.
 Text earlier_xml_path(const Text& working_folder, const Text& name, const Text& moment, int times);
 
-// Writes the file under its document's name and gives its path. The folder is made if it is missing (one level
-// only); a file that has the name already is moved to Anteriores first. It is on disk before it takes its
-// name. Throws Error.
+// Writes the file under its document's name and gives its path. The folder is made if it is missing (one
+// level only); a file that has the name already is moved to Anteriores first. It is on disk before it takes
+// its name. Throws Error.
 Text write_xml_file(const XmlDocument& xml, const Text& working_folder, const Text& name);
 
 // Removes what interrupted issues left of files that were being written.

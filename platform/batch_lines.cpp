@@ -1,8 +1,5 @@
 #include "platform/batch_lines.hpp"
 
-#include "core/errors.hpp"
-#include "platform/batch_runner.hpp"
-
 namespace tolvex {
 
 namespace {
@@ -59,12 +56,6 @@ std::vector<BatchCommand> parse_batch(TextView batch)
         if (!command.words.empty()) commands.push_back(command);
     }
     return commands;
-}
-
-void require_batch_folder(TextView folder)
-{
-    if (folder.find(u' ') != TextView::npos)
-        throw invalid_call(u"La ruta de la carpeta de trabajo no puede llevar blancos: " + Text(folder));
 }
 
 } // namespace tolvex

@@ -17,8 +17,8 @@ enum class WindowStyle
 // file.
 int run_batch_file(TextView path, WindowStyle style = WindowStyle::unset);
 
-// Throws Error 5 for a folder that no batch file can name: its paths are not quoted, so a blank would end
-// them and what stands before it be run or written.
+// Throws Error 5, with the reason, for a folder that a batch file cannot name on this host: its paths are not
+// quoted, so a blank would end them and what stands before it be run or written.
 void require_batch_folder(TextView folder);
 
 // Text as the bytes that the host's command interpreter reads in a batch file. Throws Error 5 for a character

@@ -71,11 +71,12 @@ public:
     bool GetDatosCertificado(std::int16_t vlnEmpresa);
     // Loads the company. True also after an error half-way: see last_error().
     bool GetDatosEmpresa(std::int16_t vlnEmpresa);
-    // Issues the staged document: seal, database rows, XML file in RutaDeArchivos\Facturas, named by series and
-    // the number that begins at the folio's first zero; an earlier file of that name moves to its folder
+    // Issues the staged document: seal, database rows, XML file in RutaDeArchivos\Facturas, named by series
+    // and the number that begins at the folio's first zero; an earlier file of that name moves to its folder
     // Anteriores. One at a time per database and working folder, waiting 15 seconds at most. True only when
-    // every step succeeded; last_error() tells how far it got. With CtrlFolioInterno the folio is taken from the range and written into
-    // vlnFactura. vlTipoDocumento "ingreso" (any case) is an invoice, anything else a credit note.
+    // every step succeeded; last_error() tells how far it got. With CtrlFolioInterno the folio is taken from
+    // the range and written into vlnFactura. vlTipoDocumento "ingreso" (any case) is an invoice, anything
+    // else a credit note.
     bool GeneraFacturaElectronica(Text& vlnFactura, bool CtrlFolioInterno = false,
                                   const Text& vlTipoDocumento = u"ingreso", std::int16_t vlTasaDeIva = 16,
                                   bool vlGeneraAddenda = true);

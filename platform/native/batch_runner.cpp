@@ -1,6 +1,7 @@
 // Executes the command lines of a batch file one by one, never through a shell.
 #include "platform/batch_runner.hpp"
 
+#include "core/errors.hpp"
 #include "platform/batch_lines.hpp"
 #include "platform/files.hpp"
 #include "platform/native/host_path.hpp"
@@ -162,6 +163,12 @@ int run_batch_file(TextView path, WindowStyle style)
     for (const BatchCommand& command : parse_batch(to_text(files::read(path))))
         exit_code = run(command, style);
     return exit_code;
+}
+
+void require_batch_folder(TextView folder)
+{
+    if (folder.find(u' ') != TextView::npos)
+        throw invalid_call(u"La ruta de la carpeta de trabajo no puede llevar blancos: " + Text(folder));
 }
 
 std::string batch_file_bytes(TextView text) { return to_utf8(text); }

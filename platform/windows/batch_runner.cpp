@@ -1,6 +1,7 @@
 // Runs batch files through the script host shell's Run, with wait-on-return.
 #include "platform/batch_runner.hpp"
 
+#include "core/errors.hpp"
 #include "platform/batch_lines.hpp"
 #include "platform/files.hpp"
 #include "platform/last_line.hpp"
@@ -56,6 +57,26 @@ ComPtr<IDispatch> create_shell()
     return shell;
 }
 
+// Why the shell did not run a batch file, in its own words: an antivirus, a script host that was disabled.
+struct Refusal
+{
+    ~Refusal()
+    {
+        for (const BSTR text : {said.bstrSource, said.bstrDescription, said.bstrHelpFile})
+            SysFreeString(text);
+    }
+
+    Error as_error(HRESULT outcome, const Text& path) const
+    {
+        const HRESULT code = outcome == DISP_E_EXCEPTION && said.scode != 0 ? said.scode : outcome;
+        const Text reason =
+            said.bstrDescription ? from_wide(said.bstrDescription) : system_message(static_cast<DWORD>(code));
+        return {static_cast<std::int32_t>(code), u"No se pudo ejecutar " + path + u": " + reason};
+    }
+
+    EXCEPINFO said{};
+};
+
 int run_and_wait(const Text& path, WindowStyle style)
 {
     const ComPtr<IDispatch> shell = create_shell();
@@ -69,9 +90,10 @@ int run_and_wait(const Text& path, WindowStyle style)
                             Variant(quoted)};
     DISPPARAMS parameters{last_first, nullptr, 3, 0};
     Variant result;
-    check(shell->Invoke(method, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters, &result, nullptr,
-                        nullptr),
-          u"WScript.Shell.Run");
+    Refusal refusal;
+    const HRESULT outcome = shell->Invoke(method, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_METHOD, &parameters,
+                                          &result, &refusal.said, nullptr);
+    if (FAILED(outcome)) throw refusal.as_error(outcome, path);
     return result.vt == VT_I4 ? result.lVal : 0;
 }
 
@@ -83,6 +105,21 @@ Text encoded_seal(const BatchCommand& command)
                          std::find(words.begin(), words.end(), u"-base64") != words.end();
     const auto out = std::find(words.begin(), words.end(), u"-out");
     return encodes && out != words.end() && out + 1 != words.end() ? out[1] : Text();
+}
+
+// Whether the command interpreter takes it for something else than a letter of a name.
+bool has_another_meaning(char16_t c) { return TextView(u" \t&%^=;,()<>|!\"").find(c) != TextView::npos; }
+
+// Whether it is in the code page of batch files.
+bool is_readable(char16_t c)
+{
+    if (GetOEMCP() == CP_UTF8) return true;
+    const auto character = static_cast<wchar_t>(c);
+    char bytes[8];
+    BOOL unreadable = FALSE;
+    return WideCharToMultiByte(CP_OEMCP, WC_NO_BEST_FIT_CHARS, &character, 1, bytes, sizeof bytes, nullptr,
+                               &unreadable) > 0 &&
+           !unreadable;
 }
 
 } // namespace
@@ -97,18 +134,28 @@ int run_batch_file(TextView path, WindowStyle style)
     return exit_code;
 }
 
+void require_batch_folder(TextView folder)
+{
+    const auto refused = std::find_if(folder.begin(), folder.end(),
+                                      [](char16_t c) { return has_another_meaning(c) || !is_readable(c); });
+    if (refused == folder.end()) return;
+    const Text character = *refused == u' ' ? Text(u"blancos") : u"«" + Text(1, *refused) + u"»";
+    throw invalid_call(u"La ruta de la carpeta de trabajo no puede llevar " + character + u": " +
+                       Text(folder));
+}
+
 std::string batch_file_bytes(TextView text)
 {
     if (GetOEMCP() == CP_UTF8) return to_utf8(text);
+    const auto unreadable = std::find_if_not(text.begin(), text.end(), is_readable);
+    if (unreadable != text.end())
+        throw invalid_call(u"El intérprete de órdenes no puede leer «" + Text(1, *unreadable) +
+                           u"» en un archivo por lotes");
     const auto* start = reinterpret_cast<const wchar_t*>(text.data());
     const int length = static_cast<int>(text.size());
-    BOOL unreadable = FALSE;
-    std::string bytes(
-        WideCharToMultiByte(CP_OEMCP, WC_NO_BEST_FIT_CHARS, start, length, nullptr, 0, nullptr, nullptr),
-        '\0');
-    WideCharToMultiByte(CP_OEMCP, WC_NO_BEST_FIT_CHARS, start, length, bytes.data(),
-                        static_cast<int>(bytes.size()), nullptr, &unreadable);
-    if (unreadable) throw invalid_call();
+    std::string bytes(WideCharToMultiByte(CP_OEMCP, 0, start, length, nullptr, 0, nullptr, nullptr), '\0');
+    WideCharToMultiByte(CP_OEMCP, 0, start, length, bytes.data(), static_cast<int>(bytes.size()), nullptr,
+                        nullptr);
     return bytes;
 }
 

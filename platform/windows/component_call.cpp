@@ -6,8 +6,8 @@ namespace tolvex {
 
 namespace {
 
-// It waits without looking at messages: whoever is inside calls nothing of the host's meanwhile, so nobody who
-// waits can be waited for.
+// It waits without looking at messages: whoever is inside calls nothing of the host's meanwhile, so nobody
+// who waits can be waited for.
 class Door
 {
 public:

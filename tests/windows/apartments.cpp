@@ -1,4 +1,5 @@
-// Two apartments of one process, each with objects of its own, as classic ASP and background threads have them.
+// Two apartments of one process, each with objects of its own, as classic ASP and background threads have
+// them.
 #include "client.hpp"
 
 #include <gtest/gtest.h>

@@ -1,14 +1,15 @@
 #!/bin/bash
-# issue_test.sh 64|32 COMPONENT TOLVEX OPENSSL OPENSSL_2011 FACTURA    the same documents from both editions
+# issue_test.sh 64|32 COMPONENT TOLVEX OPENSSL OPENSSL_2011 FACTURA ROUGH_ARITHMETIC    the same documents from both editions
 #
 # TOLVEX (the native command) makes a station: database, key, master data. Copies of it issue the same documents,
 # with the hosts of examples/ and scripts in the test bed and with TOLVEX here; files and rows must be the same, bytes,
-# seals and all. OPENSSL and OPENSSL_2011 are Windows programs, FACTURA is examples/cpp built.
+# seals and all. OPENSSL and OPENSSL_2011 are Windows programs, FACTURA is
+# examples/cpp built, ROUGH_ARITHMETIC a host with less precision.
 set -euo pipefail
 
 here=$(dirname "$(readlink -f "$0")")
 . "$here/../checks.sh"
-bits=$1 component=$2 tolvex=$3 openssl=$4 openssl_2011=$5 factura=$6
+bits=$1 component=$2 tolvex=$3 openssl=$4 openssl_2011=$5 factura=$6 rough_arithmetic=$7
 project=$(dirname "$(dirname "$(dirname "$here")")")
 work=$(dirname "$component")/emision
 windows=$work/Facturación_Ñandú
@@ -32,7 +33,7 @@ prepare() {
     mkdir -p "$work/said" "$work/guiones"
     make_station "$work/nativa"
     for folder in nativa_2 nativa_sin_llave sin_openssl; do cp -r "$work/nativa" "$work/$folder"; done
-    for folder in Facturación_Ñandú coma_decimal openssl_2011 sin_llave "con blanco"; do
+    for folder in Facturación_Ñandú coma_decimal rough_arithmetic openssl_2011 sin_llave "con blanco"; do
         cp -r "$work/nativa" "$work/$folder"
         cp "$openssl" "$work/$folder/openssl.exe"
     done
@@ -40,6 +41,7 @@ prepare() {
     cp "$openssl_2011" "$work/openssl_2011/openssl.exe"
     rm "$work/sin_llave/pkey.key.pem" "$work/nativa_sin_llave/pkey.key.pem"
     cp "$factura" "$work/factura.exe"
+    cp "$rough_arithmetic" "$work/rough_arithmetic.exe"
     cp "$project"/examples/*script/factura.* "$here"/*.vbs "$here/documentos.txt" "$work/guiones/"
     printf '%s\n' 'CANCELA|6|2011-12-31 00:00:00' 'BORRA|7' | cat "$here/documentos.txt" - > "$work/guiones/despues.txt"
     for folder in "$work"/guiones/*; do iconv -f UTF-8 -t CP1252 -o "$folder" <(cat "$folder"); done
@@ -100,10 +102,12 @@ check() {
         "Documento: 4 -1, siguiente 5" "Documento: 5 -1, siguiente 6" "Documento: 2 -1, siguiente 6" \
         "Documento: 6 -1, siguiente 7" "Documento: 00000777 -1, siguiente 7" "Cierre: -1" "código 0"
     expect "archivo plano" said openssl_2011 "A4,A5,NC2,A6,A00000777" "código 0"
+    expect "con poca precisión" said rough_arithmetic "A4,A5,NC2,A6,A00000777" "como estaba" "código 0"
     expect "lo mismo en las dos ediciones" same_documents nativa Facturación_Ñandú
     expect "todos los documentos" test "$(find "$windows/Facturas" -name '*.xml' | wc -l)" = 12
     expect "ningún archivo de trabajo" no_work_files
     expect "lo mismo con coma decimal" same_documents nativa_2 coma_decimal
+    expect "lo mismo con poca precisión" same_documents nativa_2 rough_arithmetic
     expect "lo mismo de un archivo plano, con el openssl de 2011" same_documents nativa_2 openssl_2011
     # The exit code of openssl is not examined: without a key the seal stays empty, in both editions.
     expect "lo mismo sin llave" same_documents nativa_sin_llave sin_llave

@@ -1,5 +1,6 @@
 // openssl as it was in 2011: runs openssl-actual.exe beside it and ends the lines of the text that it encodes
-// with bare line feeds. No argument holds a blank. It does nothing for who lets it know the database's password.
+// with bare line feeds. No argument holds a blank. It does nothing for who lets it know the database's
+// password.
 #include <filesystem>
 #include <fstream>
 #include <iterator>

@@ -48,6 +48,7 @@ run cpp_sin_base CP1252 windows "$work/factura.exe" "$(station sin_openssl)" "${
 trap 'set_locale . ,' EXIT
 set_locale , .
 issue_documents coma_decimal documentos.txt
-TOLVEX_CLAVE=secreta run_script openssl_2011 flat_file.vbs "$(station openssl_2011)"
+TOLVEX_CLAVE=secreta run rough_arithmetic CP1252 windows "$work/rough_arithmetic.exe" "$(station rough_arithmetic)"
+run_script openssl_2011 flat_file.vbs "$(station openssl_2011)"
 
 end_of_checks

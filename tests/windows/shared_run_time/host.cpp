@@ -1,5 +1,5 @@
 // A host that brings MinGW's run-time library along, as programs made with Qt or GTK do.
-#include "client.hpp"
+#include "../client.hpp"
 
 #include <gtest/gtest.h>
 
