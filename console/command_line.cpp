@@ -1,7 +1,7 @@
 #include "console/command_line.hpp"
 
 #include "console/output.hpp"
-#include "console/password.hpp"
+#include "platform/password.hpp"
 
 #include <CLI/CLI.hpp>
 #include <cstdlib>

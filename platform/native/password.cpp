@@ -1,11 +1,11 @@
-#include "console/password.hpp"
+#include "platform/password.hpp"
 
 #include <csignal>
 #include <fcntl.h>
 #include <termios.h>
 #include <unistd.h>
 
-namespace tolvex::console {
+namespace tolvex {
 
 namespace {
 
@@ -78,4 +78,4 @@ std::optional<std::string> ask_for_password(const std::string& question)
     return password;
 }
 
-} // namespace tolvex::console
+} // namespace tolvex
