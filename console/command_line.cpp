@@ -17,7 +17,7 @@ constexpr auto description =
     "  tolvex demo --carpeta prueba            una empresa de prueba con sus documentos\n"
     "  tolvex emite ventas.txt --bd tienda.db  emite los documentos de un archivo plano\n"
     "  tolvex folio 1                          siguiente folio del rango 1\n"
-    "  tolvex imprime 15 --empresa 1 --pdf       el documento en PDF\n"
+    "  tolvex imprime 15 --empresa 1 --pdf     el documento en PDF\n"
     "  tolvex cancela 15 --empresa 1 --sucursal 1\n"
     "  tolvex verifica                         revisa todo lo emitido\n"
     "  tolvex xml 15 --empresa 1 --sucursal 1  escribe de nuevo el XML que falte";
