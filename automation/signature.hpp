@@ -27,6 +27,7 @@
 // first.
 #pragma once
 
+#include "automation/call_log.hpp"
 #include "automation/component.hpp"
 #include "automation/description.hpp"
 #include "automation/failures.hpp"
@@ -218,7 +219,9 @@ struct Entry<function, Value, std::tuple<Parameters...>, std::tuple<Out...>>
             const auto call = [&] {
                 return std::invoke(function, implementation, Argument<Parameters>(*raw)...);
             };
-            Result<Value>::give(call, *out...);
+            logged(self->described, reinterpret_cast<EntryPoint>(&early),
+                   {Travelling{Argument<Parameters>::type, raw}...},
+                   {Travelling{Result<Value>::type, out}...}, [&] { Result<Value>::give(call, *out...); });
         });
     }
 

@@ -2,25 +2,69 @@
 
 #include "core/errors.hpp"
 #include "database/errors.hpp"
+#include "database/statement_listener.hpp"
+
+#include <chrono>
 
 namespace tolvex {
+
+namespace {
+
+StatementListener& listener()
+{
+    static StatementListener one = nullptr;
+    return one;
+}
+
+// Runs a statement, which gives a value, within the hearing of the listener.
+template <class Operation>
+auto heard(TextView sql, Operation run)
+{
+    using Clock = std::chrono::steady_clock;
+    if (!listener()) return run();
+    const auto start = Clock::now();
+    const auto tell = [&](TextView failure) {
+        const auto taken = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start);
+        listener()({sql, taken.count(), failure});
+    };
+    try {
+        auto result = run();
+        tell({});
+        return result;
+    } catch (const Error& error) {
+        tell(error.description());
+        throw;
+    }
+}
+
+} // namespace
+
+void listen_to_statements(StatementListener wanted) { listener() = wanted; }
 
 void Connection::open() { driver_ = open_driver(connection_string, command_timeout); }
 
 void Connection::close() noexcept { driver_.reset(); }
 
-void Connection::execute(const Text& sql) { driver().execute(sql); }
+void Connection::execute(const Text& sql) { execute(sql, {}); }
 
-Recordset Connection::query(const Text& sql) { return Recordset(driver().query(sql)); }
+void Connection::execute(const Text& sql, const std::vector<Value>& parameters)
+{
+    heard(sql, [&] { return driver().execute(sql, parameters), true; });
+}
+
+Recordset Connection::query(const Text& sql)
+{
+    return heard(sql, [&] { return Recordset(driver().query(sql)); });
+}
 
 Recordset Connection::query(const Text& sql, const std::vector<NamedValue>& parameters)
 {
-    return Recordset(driver().query(sql, parameters));
+    return heard(sql, [&] { return Recordset(driver().query(sql, parameters)); });
 }
 
 Recordset Connection::call(const Text& procedure, const std::vector<NamedValue>& parameters)
 {
-    return Recordset(driver().call(procedure, parameters));
+    return heard(procedure, [&] { return Recordset(driver().call(procedure, parameters)); });
 }
 
 UpdatableRecordset Connection::open_updatable(const Text& sql) { return UpdatableRecordset(*this, sql); }

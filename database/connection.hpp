@@ -45,6 +45,7 @@ public:
 private:
     friend class UpdatableRecordset;
     friend class WriteBurst;
+    void execute(const Text& sql, const std::vector<Value>& parameters);
     Driver& driver();
 
     std::unique_ptr<Driver> driver_;

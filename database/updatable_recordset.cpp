@@ -112,7 +112,7 @@ void UpdatableRecordset::update()
         adding_
             ? u"Insert Into " + table_ + u"(" + join(names, u",") + u") Values(" + join(marks, u",") + u")"
             : u"Update " + table_ + u" Set " + join(assignments, u",") + u" Where " + condition_;
-    connection_.driver().execute(sql, values);
+    connection_.execute(sql, values);
     changes_.clear();
     adding_ = false;
 }

@@ -1,5 +1,8 @@
 #include "platform/batch_lines.hpp"
 
+#include "core/numbers.hpp"
+#include "platform/log.hpp"
+
 namespace tolvex {
 
 namespace {
@@ -46,6 +49,8 @@ BatchCommand parse_line(TextView line)
     return command;
 }
 
+bool announces_password(const Text& word) { return word == u"-passin" || word == u"-passout"; }
+
 } // namespace
 
 std::vector<BatchCommand> parse_batch(TextView batch)
@@ -56,6 +61,18 @@ std::vector<BatchCommand> parse_batch(TextView batch)
         if (!command.words.empty()) commands.push_back(command);
     }
     return commands;
+}
+
+void log_program(const BatchCommand& command, int exit_code, std::int64_t milliseconds)
+{
+    if (!log_is_kept()) return;
+    Text line = u"PROGRAMA";
+    bool is_password = false;
+    for (const Text& word : command.words) {
+        line += u" " + (is_password ? Text(u"***") : word);
+        is_password = announces_password(word);
+    }
+    log(line + u" (código " + decimal(exit_code) + u", " + decimal(milliseconds) + u" ms)");
 }
 
 } // namespace tolvex

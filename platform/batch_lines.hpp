@@ -14,4 +14,7 @@ struct BatchCommand
 // One command per line that is not empty. Words stand between blanks or in double quotes.
 std::vector<BatchCommand> parse_batch(TextView batch);
 
+// Tells the log of a command line that was run; what follows an option for passwords stays out of it.
+void log_program(const BatchCommand& command, int exit_code, std::int64_t milliseconds);
+
 } // namespace tolvex

@@ -3,6 +3,7 @@
 
 #include "core/errors.hpp"
 #include "platform/batch_lines.hpp"
+#include "platform/clock.hpp"
 #include "platform/files.hpp"
 #include "platform/native/host_path.hpp"
 
@@ -160,8 +161,11 @@ int run(const BatchCommand& command, WindowStyle style)
 int run_batch_file(TextView path, WindowStyle style)
 {
     int exit_code = 0;
-    for (const BatchCommand& command : parse_batch(to_text(files::read(path))))
+    for (const BatchCommand& command : parse_batch(to_text(files::read(path)))) {
+        const std::int64_t start = milliseconds_running();
         exit_code = run(command, style);
+        log_program(command, exit_code, milliseconds_running() - start);
+    }
     return exit_code;
 }
 

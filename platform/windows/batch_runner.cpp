@@ -3,6 +3,7 @@
 
 #include "core/errors.hpp"
 #include "platform/batch_lines.hpp"
+#include "platform/clock.hpp"
 #include "platform/files.hpp"
 #include "platform/last_line.hpp"
 #include "platform/windows/windows.hpp"
@@ -129,8 +130,12 @@ int run_batch_file(TextView path, WindowStyle style)
     // Run itself would show a box for a missing file and say that it ran.
     const std::vector<BatchCommand> commands = parse_batch(from_console_bytes(files::read(path)));
     const WithheldPassword withheld;
+    const std::int64_t start = milliseconds_running();
     const int exit_code = run_and_wait(files::native_path(path), style);
-    for (const BatchCommand& command : commands) restore_line_feeds(encoded_seal(command));
+    for (const BatchCommand& command : commands) {
+        log_program(command, exit_code, milliseconds_running() - start);
+        restore_line_feeds(encoded_seal(command));
+    }
     return exit_code;
 }
 

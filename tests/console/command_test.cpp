@@ -186,6 +186,17 @@ TEST_F(Command, ten_stations_in_one_folder_on_one_range_do_not_mix_their_documen
     EXPECT_EQ(folios.size(), 30u);
 }
 
+TEST_F(Command, a_log_is_kept_where_the_environment_names_a_file)
+{
+    demo();
+    EXPECT_EQ(tolvex({"emite", sales(1), "--bd", database}, "TOLVEX_BITACORA=bitacora.txt").exit_code, 0);
+    const std::string log = read_file(path() / "bitacora.txt");
+    for (const char* told : {" SQL set dateformat ymd (", "PROGRAMA ", "openssl enc -base64 ", "(código 0, ",
+                             " SQL update fe_folios set nultimofolio=4\\rwhere nfolio=1 ("})
+        EXPECT_THAT(log, HasSubstr(told));
+    EXPECT_EQ(tolvex({"folio", "1", "--bd", database}, "TOLVEX_BITACORA=no/hay/bitacora.txt").exit_code, 0);
+}
+
 TEST_F(Command, what_cannot_be_done_is_told_with_the_place_and_what_was_issued)
 {
     demo();

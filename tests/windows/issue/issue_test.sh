@@ -85,6 +85,7 @@ rows() {
 
 # NATIVE STATION, STATION
 same_documents() { diff -rq "$work/$1/Facturas" "$work/$2/Facturas" && diff <(rows "$work/$1") <(rows "$work/$2"); }
+logged() { for line in "$@"; do grep -q "^20[-0-9]* [:.0-9]* [0-9]*\.[0-9]* $line" "$work/bitácora.txt" || return; done; }
 no_work_files() { [ -z "$(cd "$windows" && ls sello.bat sello.txt utf8.txt fi_md5.txt ./Facturas/*.tmp 2> /dev/null)" ]; }
 next_folio() { [ "$("$tolvex" folio 1 --bd "$work/$1/tolvex.db")" = "$2" ]; }
 
@@ -103,6 +104,8 @@ check() {
         "Documento: 6 -1, siguiente 7" "Documento: 00000777 -1, siguiente 7" "Cierre: -1" "código 0"
     expect "archivo plano" said openssl_2011 "A4,A5,NC2,A6,A00000777" "código 0"
     expect "con poca precisión" said rough_arithmetic "A4,A5,NC2,A6,A00000777" "como estaba" "código 0"
+    expect "bitácora" logged 'LLAMADA ConfigFE.SetDatosConexion("", ***, ' 'PROGRAMA .*openssl dgst -sha1 ' \
+        'RESULTADO GeneraDocto.GeneraFacturaElectronica True vlnFactura="6" ' 'SQL update fe_folios set nultimofolio=6\\r'
     expect "lo mismo en las dos ediciones" same_documents nativa Facturación_Ñandú
     expect "todos los documentos" test "$(find "$windows/Facturas" -name '*.xml' | wc -l)" = 12
     expect "ningún archivo de trabajo" no_work_files
