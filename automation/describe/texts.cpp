@@ -37,8 +37,8 @@ std::wstring cpp_method(const Method& method)
     };
     for (const Parameter& parameter : method.parameters) add(parameter.type, parameter.name);
     if (method.result != VT_EMPTY) add(method.result, L"result");
-    return std::wstring(L"    virtual HRESULT STDMETHODCALLTYPE ") + method.name + L"(" + parameters +
-           L") = 0;\n";
+    return std::wstring(L"    // ") + method.help + L"\n    virtual HRESULT STDMETHODCALLTYPE " +
+           method.name + L"(" + parameters + L") = 0;\n";
 }
 
 std::wstring cpp_interface(const Class& described)
