@@ -102,8 +102,9 @@ std::wstring manifest(const std::wstring& architecture)
 {
     std::wstring text = L"<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
                         L"<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">\n"
-                        L"  <assemblyIdentity type=\"win32\" name=\"TOLVEX\" version=\"" +
-                        std::wstring(assembly_version) + L"\" processorArchitecture=\"" + architecture +
+                        L"  <assemblyIdentity type=\"win32\" name=\"" +
+                        std::wstring(assembly_name) + L"\" version=\"" + assembly_version +
+                        L"\" processorArchitecture=\"" + architecture +
                         L"\"/>\n  <file name=\"TOLVEX.dll\">\n";
     for (const Class& described : surface()) text += manifest_class(described);
     text += std::wstring(L"    <typelib tlbid=\"") + text_of(library_id) + L"\" version=\"" +
