@@ -39,6 +39,7 @@ using LateEntry = HRESULT (*)(Object& self, VARIANT* arguments, VARIANT& result)
 struct Method
 {
     const wchar_t* name;
+    const wchar_t* help; // one line for the host's programmer
     std::vector<Parameter> parameters;
     VARTYPE result; // VT_EMPTY: none; VT_VARIANT: a variant that is always Empty
     EntryPoint early;

@@ -9,10 +9,10 @@ enum class Scope
     user
 };
 
-// Writes all entries; after an error none is left. Throws Error with the code of the operating system.
+// Writes all entries; after an error none of them is left. Throws Error with the system's code.
 void register_for(Scope scope);
-// Removes all entries. What the component of the other bitness shares with this one stays as long as that is
-// registered.
+// Removes the entries that name this file: those of a copy elsewhere that registered itself since stay, as
+// does what the component of the other bitness shares with this one.
 void unregister_for(Scope scope);
 
 } // namespace tolvex::automation

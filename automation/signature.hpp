@@ -3,9 +3,10 @@
 //
 //   bool GeneraDocto::GetDatosSucursal(std::int16_t vlnEmpresa, std::int16_t vlnSucursal);
 //
-// the table of surface.cpp says no more than the names,
+// the table of surface.cpp says no more than the names and a line of help,
 //
-//   method<&GeneraDocto::GetDatosSucursal>(L"GetDatosSucursal", {{L"vlnEmpresa"}, {L"vlnSucursal"}})
+//   method<&GeneraDocto::GetDatosSucursal>(L"GetDatosSucursal",
+//       L"Carga la sucursal que emite y su certificado", {{L"vlnEmpresa"}, {L"vlnSucursal"}})
 //
 // and gets a Method with two parameters of type VT_I2, the result VT_BOOL, and these two:
 //
@@ -250,28 +251,32 @@ void add_types(std::vector<Parameter>& parameters, std::tuple<Parameters...>*)
 }
 
 template <auto function, class Result_>
-Method entry(const wchar_t* name, std::vector<Parameter> parameters)
+Method entry(const wchar_t* name, const wchar_t* help, std::vector<Parameter> parameters)
 {
     using Parameters = typename Signature<decltype(function)>::Parameters;
     add_types(parameters, static_cast<Parameters*>(nullptr));
     using Called = Entry<function, Result_, Parameters, typename Result<Result_>::Out>;
-    return {name, std::move(parameters), Result<Result_>::type, reinterpret_cast<EntryPoint>(&Called::early),
+    return {name,
+            help,
+            std::move(parameters),
+            Result<Result_>::type,
+            reinterpret_cast<EntryPoint>(&Called::early),
             &Called::late};
 }
 
 template <auto function, class Result_ = typename Signature<decltype(function)>::Value, std::size_t count>
-Method method(const wchar_t* name, const Parameter (&parameters)[count])
+Method method(const wchar_t* name, const wchar_t* help, const Parameter (&parameters)[count])
 {
     static_assert(count == std::tuple_size_v<typename Signature<decltype(function)>::Parameters>,
                   "one name for every parameter of the method");
     static_assert(count <= most_parameters);
-    return entry<function, Result_>(name, {parameters, parameters + count});
+    return entry<function, Result_>(name, help, {parameters, parameters + count});
 }
 
 template <auto function, class Result_ = typename Signature<decltype(function)>::Value>
-Method method(const wchar_t* name)
+Method method(const wchar_t* name, const wchar_t* help)
 {
-    return entry<function, Result_>(name, {});
+    return entry<function, Result_>(name, help, {});
 }
 
 template <class Implementation>

@@ -37,8 +37,8 @@ std::wstring cpp_method(const Method& method)
     };
     for (const Parameter& parameter : method.parameters) add(parameter.type, parameter.name);
     if (method.result != VT_EMPTY) add(method.result, L"result");
-    return std::wstring(L"    virtual HRESULT STDMETHODCALLTYPE ") + method.name + L"(" + parameters +
-           L") = 0;\n";
+    return std::wstring(L"    // ") + method.help + L"\n    virtual HRESULT STDMETHODCALLTYPE " +
+           method.name + L"(" + parameters + L") = 0;\n";
 }
 
 std::wstring cpp_interface(const Class& described)
@@ -102,8 +102,9 @@ std::wstring manifest(const std::wstring& architecture)
 {
     std::wstring text = L"<?xml version=\"1.0\" encoding=\"UTF-8\" standalone=\"yes\"?>\n"
                         L"<assembly xmlns=\"urn:schemas-microsoft-com:asm.v1\" manifestVersion=\"1.0\">\n"
-                        L"  <assemblyIdentity type=\"win32\" name=\"TOLVEX\" version=\"" +
-                        std::wstring(assembly_version) + L"\" processorArchitecture=\"" + architecture +
+                        L"  <assemblyIdentity type=\"win32\" name=\"" +
+                        std::wstring(assembly_name) + L"\" version=\"" + assembly_version +
+                        L"\" processorArchitecture=\"" + architecture +
                         L"\"/>\n  <file name=\"TOLVEX.dll\">\n";
     for (const Class& described : surface()) text += manifest_class(described);
     text += std::wstring(L"    <typelib tlbid=\"") + text_of(library_id) + L"\" version=\"" +

@@ -1,202 +1,293 @@
+// The type library in the file format of the system's own compilers (MSFT), word by word as they write dual
+// interfaces: CreateTypeLib2 of the test bed leaves out what early-bound tools ask for.
 #include "automation/describe/descriptions.hpp"
+#include "automation/describe/library_parts.hpp"
 
 #include "automation/variants.hpp"
 #include "platform/files.hpp"
 
-#include <stdexcept>
+#include <algorithm>
 
 namespace tolvex::automation {
 
 namespace {
 
-LPOLESTR writable(const std::wstring& text) { return const_cast<LPOLESTR>(text.c_str()); }
+constexpr Word methods_of_dispatch = 7; // what every dual interface starts with
+constexpr Word library_owner = 0xFFFFFFFE, base_owner = 2, dispatch_owner = 1;
+constexpr Word type_name = 0x38;
+constexpr Word type_size = 100;
+constexpr GUID base_library = {0x00020430, 0, 0, {0xc0, 0, 0, 0, 0, 0, 0, 0x46}}; // stdole2.tlb
 
-ComPtr<ITypeInfo> dispatch_interface()
+// A type of the library: what its record says besides what all have in common.
+struct TypeRecord
 {
-    ComPtr<ITypeLib> standard;
-    check(LoadTypeLib(L"stdole2.tlb", standard.GetAddressOf()), u"loading stdole2.tlb");
-    ComPtr<ITypeInfo> found;
-    check(standard->GetTypeInfoOfGuid(IID_IDispatch, found.GetAddressOf()), u"finding IDispatch");
-    return found;
-}
-
-ComPtr<ICreateTypeInfo> new_type(ICreateTypeLib2& library, const std::wstring& name, TYPEKIND kind,
-                                 const GUID& id, const wchar_t* description)
-{
-    ComPtr<ICreateTypeInfo> type;
-    check(library.CreateTypeInfo(writable(name), kind, type.GetAddressOf()), u"CreateTypeInfo");
-    check(type->SetGuid(id), u"SetGuid");
-    check(type->SetVersion(library_major, library_minor), u"SetVersion");
-    check(type->SetDocString(writable(description)), u"SetDocString");
-    return type;
-}
-
-void add_base(ICreateTypeInfo& type, ITypeInfo& base, INT flags)
-{
-    HREFTYPE reference = 0;
-    check(type.AddRefTypeInfo(&base, &reference), u"AddRefTypeInfo");
-    check(type.AddImplType(0, reference), u"AddImplType");
-    if (flags) check(type.SetImplTypeFlags(0, flags), u"SetImplTypeFlags");
-}
-
-TYPEDESC by_reference(TYPEDESC& pointed)
-{
-    TYPEDESC pointer{};
-    pointer.vt = VT_PTR;
-    pointer.lptdesc = &pointed;
-    return pointer;
-}
-
-// Wine's type library writer has no currency values and keeps one byte of True. A currency goes through it as
-// a text that takes as many bytes, and both are put right in the file.
-class Corrections
-{
-public:
-    Variant storable(Variant value)
-    {
-        if (value.vt != VT_CY) return value;
-        amounts_.push_back(value.cyVal);
-        return Variant(to_text(mark(amounts_.size() - 1)));
-    }
-
-    void apply(std::string& file) const
-    {
-        for (std::size_t i = 0; i < amounts_.size(); ++i) {
-            const auto* bytes = reinterpret_cast<const char*>(&amounts_[i]);
-            replace(file, std::string({VT_BSTR, 0, 4, 0, 0, 0}) + mark(i),
-                    std::string({VT_CY, 0}) + std::string(bytes, sizeof(CY)));
-        }
-        replace(file, {"\xFF\x00\x00\xAC", 4}, {"\xFF\xFF\x00\xAC", 4});
-    }
-
-private:
-    static std::string mark(std::size_t i)
-    {
-        return {'$', '0', static_cast<char>('0' + i / 10), static_cast<char>('0' + i % 10)};
-    }
-
-    static void replace(std::string& file, const std::string& stored, const std::string& meant)
-    {
-        const std::size_t place = file.find(stored);
-        if (place == std::string::npos || file.find(stored, place + 1) != std::string::npos)
-            throw std::runtime_error("a default value is not where it was expected in the type library");
-        file.replace(place, stored.size(), meant);
-    }
-
-    std::vector<CY> amounts_;
+    Word kind;
+    Word methods;
+    Word id;
+    Word flags;
+    Word name;
+    Word description;
+    Word table_size;
+    Word base; // an interface: its own base; a class: the place of its interface in the references
+    Word inherited;
+    std::string functions;
 };
 
-// The function description of one method and everything that it points to.
-class Description
+class Writer
 {
 public:
-    Description(const Method& method, std::size_t index, Corrections& corrections)
-        : corrections_(corrections), pointed_(most_parameters + 1), defaults_(most_parameters)
-    {
-        for (const Parameter& parameter : method.parameters) add_parameter(parameter);
-        if (method.result != VT_EMPTY) add(method.result, PARAMFLAG_FOUT | PARAMFLAG_FRETVAL);
-        function_.memid = static_cast<MEMBERID>(index) + 1;
-        function_.lprgelemdescParam = elements_.data();
-        function_.funckind = FUNC_PUREVIRTUAL;
-        function_.invkind = INVOKE_FUNC;
-        function_.callconv = CC_STDCALL;
-        function_.cParams = static_cast<SHORT>(elements_.size());
-        function_.elemdescFunc.tdesc.vt = VT_HRESULT;
-        name_all(method);
-    }
-    Description(const Description&) = delete;
+    explicit Writer(SYSKIND system) : system_(system), names_(system) {}
 
-    void add_to(ICreateTypeInfo& type, std::size_t index)
-    {
-        check(type.AddFuncDesc(static_cast<UINT>(index), &function_), u"AddFuncDesc");
-        check(type.SetFuncAndParamNames(static_cast<UINT>(index), names_.data(),
-                                        static_cast<UINT>(names_.size())),
-              u"SetFuncAndParamNames");
-    }
+    std::string file();
 
 private:
-    // Both directions, as Visual Basic describes an argument by reference.
-    void add_parameter(const Parameter& parameter)
-    {
-        ELEMDESC& element = add(parameter.type, PARAMFLAG_FIN | PARAMFLAG_FOUT);
-        if (!parameter.is_optional()) return;
-        PARAMDESCEX& value = defaults_[elements_.size() - 1];
-        value.cBytes = sizeof value;
-        value.varDefaultValue = corrections_.storable(default_of(parameter)).release();
-        element.paramdesc.pparamdescex = &value;
-        element.paramdesc.wParamFlags |= PARAMFLAG_FOPT | PARAMFLAG_FHASDEFAULT;
-    }
+    Word pointer_size() const { return system_ == SYS_WIN64 ? 8 : 4; }
+    Word alignment() const { return pointer_size() << 11; }
+    Word next_type() const { return static_cast<Word>(types_.size()) * type_size; }
 
-    ELEMDESC& add(VARTYPE type, int flags)
-    {
-        TYPEDESC& pointed = pointed_[elements_.size()];
-        pointed.vt = type;
-        ELEMDESC element{};
-        element.tdesc = by_reference(pointed);
-        element.paramdesc.wParamFlags = static_cast<USHORT>(flags);
-        return elements_.emplace_back(element);
-    }
+    void add_library();
+    void add_interface(const Class& described);
+    void add_class(const Class& described);
 
-    void name_all(const Method& method)
-    {
-        names_.push_back(const_cast<LPOLESTR>(method.name));
-        for (const Parameter& parameter : method.parameters)
-            names_.push_back(const_cast<LPOLESTR>(parameter.name));
-    }
+    std::string functions_of(const Class& described, Word owner);
+    std::string function_record(const Method& method, std::size_t index);
+    std::string parameter_records(const Method& method);
+    std::string default_values(const Method& method);
 
-    Corrections& corrections_;
-    FUNCDESC function_{};
-    std::vector<ELEMDESC> elements_;
-    std::vector<TYPEDESC> pointed_;
-    std::vector<PARAMDESCEX> defaults_;
-    std::vector<LPOLESTR> names_;
+    std::string assembled() const;
+    std::string header() const;
+    std::string type_records(Word functions_at) const;
+
+    SYSKIND system_;
+    LibraryTexts texts_;
+    LibraryNames names_;
+    LibraryIdentifiers identifiers_;
+    LibraryPointers pointers_;
+    LibraryDefaults defaults_;
+    std::vector<TypeRecord> types_;
+    std::string references_, imported_types_, imported_files_;
+    Word library_id_ = 0, library_text_ = 0, library_name_ = 0;
 };
 
-ComPtr<ICreateTypeInfo> add_interface(ICreateTypeLib2& library, const Class& described, ITypeInfo& dispatch,
-                                      Corrections& corrections)
+Word default_count(const Method& method)
 {
-    auto type = new_type(library, interface_name(described), TKIND_INTERFACE, described.interface_id,
-                         described.description);
-    add_base(*type.Get(), dispatch, 0);
-    check(type->SetTypeFlags(TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FNONEXTENSIBLE),
-          u"SetTypeFlags");
-    for (std::size_t i = 0; i < described.methods.size(); ++i)
-        Description(described.methods[i], i, corrections).add_to(*type.Get(), i);
-    check(type->LayOut(), u"LayOut");
-    return type;
+    return static_cast<Word>(
+        std::count_if(method.parameters.begin(), method.parameters.end(),
+                      [](const Parameter& parameter) { return parameter.is_optional(); }));
 }
 
-void add_class(ICreateTypeLib2& library, const Class& described, ITypeInfo& dispatch,
-               Corrections& corrections)
+Word argument_count(const Method& method)
 {
-    const auto interface_type = add_interface(library, described, dispatch, corrections);
-    ComPtr<ITypeInfo> made;
-    check(interface_type.As(&made), u"ITypeInfo");
-    auto type = new_type(library, described.name, TKIND_COCLASS, described.class_id, described.description);
-    check(type->SetTypeFlags(TYPEFLAG_FCANCREATE), u"SetTypeFlags");
-    add_base(*type.Get(), *made.Get(), IMPLTYPEFLAG_FDEFAULT);
-    check(type->LayOut(), u"LayOut");
+    return static_cast<Word>(method.parameters.size()) + (method.result != VT_EMPTY ? 1 : 0);
+}
+
+// --- what the library says ---
+
+void Writer::add_library()
+{
+    library_id_ = identifiers_.add(library_id, library_owner);
+    library_name_ = names_.add(library_name);
+    library_text_ = texts_.add(library_description);
+    const Word base = identifiers_.add(base_library, base_owner);
+    const Word dispatch = identifiers_.add(IID_IDispatch, dispatch_owner);
+    put(imported_types_, {Word{TKIND_INTERFACE} << 24 | 0x10000, 0, dispatch});
+    const std::string name = "stdole2.tlb";
+    put(imported_files_, {base, 0, 2});
+    imported_files_ += static_cast<char>(name.size() << 2 | 1);
+    imported_files_ += '\0';
+    imported_files_ += name;
+    pad(imported_files_);
+}
+
+void Writer::add_interface(const Class& described)
+{
+    const Word place = next_type(), methods = static_cast<Word>(described.methods.size());
+    TypeRecord type{};
+    type.kind = TKIND_DISPATCH | 0x230 | alignment(); // 0x10: dual
+    type.methods = methods;
+    type.id = identifiers_.add(described.interface_id, place);
+    type.flags = TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FNONEXTENSIBLE | TYPEFLAG_FDISPATCHABLE;
+    type.name = names_.add(interface_name(described), place, type_name);
+    type.description = texts_.add(described.description);
+    type.table_size = (methods_of_dispatch + methods) * pointer_size();
+    type.base = dispatch_owner;
+    type.inherited = methods_of_dispatch << 16 | 2; // IDispatch and IUnknown
+    type.functions = functions_of(described, place);
+    types_.push_back(std::move(type));
+}
+
+void Writer::add_class(const Class& described)
+{
+    const Word interface_place = next_type() - type_size, place = next_type();
+    TypeRecord type{};
+    type.kind = TKIND_COCLASS | 0x220 | 4 << 11;
+    type.id = identifiers_.add(described.class_id, place);
+    type.flags = TYPEFLAG_FCANCREATE;
+    type.name = names_.add(described.name, place, type_name);
+    type.description = texts_.add(described.description);
+    type.base = static_cast<Word>(references_.size());
+    put(references_, {interface_place, IMPLTYPEFLAG_FDEFAULT, nothing, nothing});
+    types_.push_back(std::move(type));
+}
+
+// The methods' records, then their dispatch identifiers, names and places.
+std::string Writer::functions_of(const Class& described, Word owner)
+{
+    std::string records, ids, names, places;
+    for (std::size_t i = 0; i < described.methods.size(); ++i) {
+        const Method& method = described.methods[i];
+        put(places, {static_cast<Word>(records.size())});
+        put(ids, {static_cast<Word>(i + 1)});
+        put(names, {names_.add(method.name, owner)});
+        records += function_record(method, i);
+    }
+    std::string functions;
+    put(functions, {static_cast<Word>(records.size())});
+    return functions + records + ids + names + places;
+}
+
+std::string Writer::function_record(const Method& method, std::size_t index)
+{
+    const Word arguments = argument_count(method);
+    const std::string values = default_values(method);
+    const std::string rest = values + parameter_records(method);
+    const Word length = 8 * sizeof(Word) + static_cast<Word>(rest.size());
+    const Word number = static_cast<Word>(index) << 16;
+    const Word table_place = (methods_of_dispatch + static_cast<Word>(index)) * pointer_size();
+    // What a reader needs for the description in memory, as the system's compilers count it.
+    const Word described_size = 0x34 + 0x18 * (arguments + default_count(method));
+    const Word kind = FUNC_PUREVIRTUAL | INVOKE_FUNC << 3 | CC_STDCALL << 8 |
+                      (default_count(method) ? 0x1000 : 0) | (method.result != VT_EMPTY ? 0x4000 : 0);
+    std::string record;
+    put(record, {length | number, 0x80000000 | VT_HRESULT << 16 | VT_HRESULT, 0,
+                 table_place | described_size << 16, kind | number, arguments, 0, texts_.add(method.help)});
+    return record + rest;
+}
+
+// One for every argument where any parameter has one.
+std::string Writer::default_values(const Method& method)
+{
+    std::string values;
+    if (default_count(method) == 0) return values;
+    for (const Parameter& parameter : method.parameters)
+        put(values, {parameter.is_optional() ? defaults_.add(default_of(parameter)) : nothing});
+    if (method.result != VT_EMPTY) put(values, {nothing});
+    return values;
+}
+
+// Parameters go in both directions, as Visual Basic describes an argument by reference.
+std::string Writer::parameter_records(const Method& method)
+{
+    std::string records;
+    for (const Parameter& parameter : method.parameters) {
+        const Word optional = parameter.is_optional() ? PARAMFLAG_FOPT | PARAMFLAG_FHASDEFAULT : 0;
+        put(records, {pointers_.add(parameter.type), names_.add(parameter.name),
+                      PARAMFLAG_FIN | PARAMFLAG_FOUT | optional});
+    }
+    if (method.result != VT_EMPTY)
+        put(records, {pointers_.add(method.result), nothing, PARAMFLAG_FOUT | PARAMFLAG_FRETVAL});
+    return records;
+}
+
+// --- the file ---
+
+std::string Writer::file()
+{
+    add_library();
+    for (const Class& described : surface()) {
+        add_interface(described);
+        add_class(described);
+    }
+    return assembled();
+}
+
+std::string Writer::assembled() const
+{
+    // As they follow each other in the file; the number is the place in its directory.
+    std::vector<std::pair<std::size_t, std::string>> parts = {
+        {0, type_records(0)}, {4, identifiers_.heads()}, {5, identifiers_.part()}, {3, references_},
+        {1, imported_types_}, {2, imported_files_},      {6, names_.heads()},      {7, names_.part()},
+        {8, texts_.part()},   {9, pointers_.part()},     {11, defaults_.part()}};
+    std::array<std::pair<Word, Word>, 15> directory; // place and size
+    directory.fill({nothing, 0});
+    std::string file = header();
+    auto end = static_cast<Word>(file.size() + directory.size() * 4 * sizeof(Word));
+    for (const auto& [number, bytes] : parts) {
+        directory[number] = {end, static_cast<Word>(bytes.size())};
+        end += directory[number].second;
+    }
+    parts.front().second = type_records(end);
+    for (const auto& [place, size] : directory) put(file, {place, size, nothing, 0xF});
+    for (const auto& part : parts) file += part.second;
+    for (const TypeRecord& type : types_) file += type.functions;
+    return file;
+}
+
+std::string Writer::header() const
+{
+    std::string header;
+    put(header, {0x5446534D,
+                 0x10002,
+                 library_id_,
+                 0x409,
+                 LOCALE_NEUTRAL,
+                 0x40u | system_,
+                 library_major | Word{library_minor} << 16,
+                 0,
+                 static_cast<Word>(types_.size()),
+                 library_text_,
+                 0,
+                 0,
+                 names_.count(),
+                 names_.characters(),
+                 library_name_,
+                 nothing,
+                 nothing,
+                 0x20,
+                 0x80,
+                 dispatch_owner,
+                 1});
+    for (Word place = 0; place < next_type(); place += type_size) put(header, {place});
+    return header;
+}
+
+std::string Writer::type_records(Word functions_at) const
+{
+    std::string records;
+    for (Word i = 0; i < types_.size(); ++i) {
+        const TypeRecord& type = types_[i];
+        put(records, {type.kind | i << 16,
+                      functions_at,
+                      0,
+                      0,
+                      3,
+                      0,
+                      type.methods,
+                      0,
+                      0,
+                      0,
+                      0,
+                      type.id,
+                      type.flags,
+                      type.name,
+                      library_major | Word{library_minor} << 16,
+                      type.description,
+                      0,
+                      0,
+                      nothing,
+                      1 | type.table_size << 16,
+                      pointer_size(),
+                      type.base,
+                      type.inherited,
+                      0,
+                      nothing});
+        functions_at += static_cast<Word>(type.functions.size());
+    }
+    return records;
 }
 
 } // namespace
 
-void write_type_library(const Text& path, SYSKIND system)
-{
-    ComPtr<ICreateTypeLib2> library;
-    check(CreateTypeLib2(system, wide(path), library.GetAddressOf()), u"CreateTypeLib2");
-    check(library->SetName(writable(library_name)), u"SetName");
-    check(library->SetGuid(library_id), u"SetGuid");
-    check(library->SetVersion(library_major, library_minor), u"SetVersion");
-    check(library->SetLcid(LOCALE_NEUTRAL), u"SetLcid");
-    check(library->SetDocString(writable(library_description)), u"SetDocString");
-    const auto dispatch = dispatch_interface();
-    Corrections corrections;
-    for (const Class& described : surface())
-        add_class(*library.Get(), described, *dispatch.Get(), corrections);
-    check(library->SaveAllChanges(), u"SaveAllChanges");
-    std::string file = files::read(path);
-    corrections.apply(file);
-    files::write(path, file);
-}
+void write_type_library(const Text& path, SYSKIND system) { files::write(path, Writer(system).file()); }
 
 } // namespace tolvex::automation

@@ -12,16 +12,27 @@ namespace TOLVEX {
 class DECLSPEC_UUID("E5D12766-6044-4089-ACA0-5C83D9554D3B") GeneraDocto;
 struct DECLSPEC_UUID("6C5D5277-BCEA-4933-86CD-678407FF3506") _GeneraDocto : public IDispatch
 {
+    // Carga la sucursal que emite y el número de su certificado. False si no existe o hubo un error.
     virtual HRESULT STDMETHODCALLTYPE GetDatosSucursal(SHORT* vlnEmpresa, SHORT* vlnSucursal, VARIANT_BOOL* result) = 0;
+    // Carga el certificado de la sucursal. Da True también después de un error a medio camino.
     virtual HRESULT STDMETHODCALLTYPE GetDatosCertificado(SHORT* vlnEmpresa, VARIANT_BOOL* result) = 0;
+    // Carga la empresa que emite. Da True también después de un error a medio camino.
     virtual HRESULT STDMETHODCALLTYPE GetDatosEmpresa(SHORT* vlnEmpresa, VARIANT_BOOL* result) = 0;
+    // Emite el documento preparado: sello, base de datos y XML. True sólo si todo salió bien.
     virtual HRESULT STDMETHODCALLTYPE GeneraFacturaElectronica(BSTR* vlnFactura, VARIANT_BOOL* CtrlFolioInterno, BSTR* vlTipoDocumento, SHORT* vlTasaDeIva, VARIANT_BOOL* vlGeneraAddenda, VARIANT_BOOL* result) = 0;
+    // No hace nada.
     virtual HRESULT STDMETHODCALLTYPE Main() = 0;
+    // Imprime un documento con un reporte, o lo guarda como PDF en la carpeta de trabajo.
     virtual HRESULT STDMETHODCALLTYPE ImprimeDocuento(BSTR* FolioDocto, SHORT* Empresa, SHORT* Sucursal, VARIANT_BOOL* NotadeCredito, BSTR* vlArchivoReporte, VARIANT* GenerarPDF, SHORT* vlNumeroDeCopias) = 0;
+    // Muestra un documento en el visor.
     virtual HRESULT STDMETHODCALLTYPE ImprimeDocuentoConVisor(BSTR* FolioDocto, SHORT* Empresa, SHORT* Sucursal, VARIANT_BOOL* NotadeCredito, BSTR* vlArchivoReporte) = 0;
+    // Marca un documento como cancelado. True si la instrucción corrió, exista o no el documento.
     virtual HRESULT STDMETHODCALLTYPE CancelaFacturaElectronica(BSTR* FolioDocto, DATE* FechaCancelacion, SHORT* Empresa, SHORT* Sucursal, VARIANT_BOOL* NotadeCredito, VARIANT_BOOL* result) = 0;
+    // Borra un documento con su receptor y sus renglones.
     virtual HRESULT STDMETHODCALLTYPE BorraFacturaElectronica(SHORT* Empresa, SHORT* Sucursal, BSTR* FolioDocto, VARIANT_BOOL* result) = 0;
+    // Deja en FolioFactura el folio que sigue en la serie de Caja; "0" y False si no hay más.
     virtual HRESULT STDMETHODCALLTYPE fgObtenFolioFactura(BSTR* Caja, BSTR* FolioFactura, VARIANT_BOOL* result) = 0;
+    // Emite los documentos de un archivo plano; devuelve serie y folio de cada uno, separados por comas.
     virtual HRESULT STDMETHODCALLTYPE GeneraFacturaElectronicaDesdeArchivoPlano(BSTR* prtRutaArchivo, BSTR* prtArchivo, BSTR* prtUsuario, BSTR* prtContraseña, BSTR* prtServidor, BSTR* prtBaseDeDatos, BSTR* result) = 0;
 };
 
@@ -29,8 +40,11 @@ struct DECLSPEC_UUID("6C5D5277-BCEA-4933-86CD-678407FF3506") _GeneraDocto : publ
 class DECLSPEC_UUID("E2777ABB-FD1F-46FB-86B3-BA7D5C79EDED") ConfigFE;
 struct DECLSPEC_UUID("7F505F27-ABAC-431B-BB94-0CFC22C215AB") _ConfigFE : public IDispatch
 {
+    // Abre la conexión con los datos de SetDatosConexion; cierra antes la que esté abierta.
     virtual HRESULT STDMETHODCALLTYPE AbrirConexion(VARIANT_BOOL* result) = 0;
+    // Guarda usuario, contraseña, base de datos y servidor para AbrirConexion.
     virtual HRESULT STDMETHODCALLTYPE SetDatosConexion(BSTR* UserBd, BSTR* PswBd, BSTR* Bd, BSTR* ServerBd, VARIANT* result) = 0;
+    // Cierra la conexión.
     virtual HRESULT STDMETHODCALLTYPE CierraConexion(VARIANT_BOOL* result) = 0;
 };
 
@@ -38,6 +52,7 @@ struct DECLSPEC_UUID("7F505F27-ABAC-431B-BB94-0CFC22C215AB") _ConfigFE : public 
 class DECLSPEC_UUID("3D0FE61A-2100-466B-A0D8-4A2DE2693087") Cliente;
 struct DECLSPEC_UUID("D5FB3FC7-65A6-4E4C-A4C5-69CA7F043D83") _Cliente : public IDispatch
 {
+    // Prepara receptor y encabezado del documento. Los totales son textos con punto decimal.
     virtual HRESULT STDMETHODCALLTYPE SetDatosClientes(BSTR* Rfc, BSTR* Nombre, BSTR* Calle, BSTR* NumeroExt, BSTR* NumeroInt, BSTR* Colonia, BSTR* Localidad, BSTR* Estado, BSTR* Municipio, BSTR* Pais, BSTR* CodigoPos, BSTR* Subtotal, BSTR* Descuento, BSTR* Impuesto, BSTR* Total, SHORT* FormaPago, BSTR* ClaveFolio, DATE* FechaHoraDocto, BSTR* RutaDeArchivos, CY* IvaRet, CY* ISRRet, BSTR* moneda, CY* Paridad, BSTR* vlDatoAdicional, BSTR* vlDatoAdicional_2, BSTR* vlDatoAdicional_3, VARIANT* result) = 0;
 };
 
@@ -45,7 +60,9 @@ struct DECLSPEC_UUID("D5FB3FC7-65A6-4E4C-A4C5-69CA7F043D83") _Cliente : public I
 class DECLSPEC_UUID("A8E15A8D-7C01-411D-B2D4-F32BC7EFF6D9") DetFacturas;
 struct DECLSPEC_UUID("B6A53709-6444-44FB-A0DC-9FB4397DCBA1") _DetFacturas : public IDispatch
 {
+    // Agrega un renglón al documento.
     virtual HRESULT STDMETHODCALLTYPE SetDetalleDocto(BSTR* FolioDocto, BSTR* TipoDocumento, BSTR* CveProducto, BSTR* Producto, CY* Cantidad, BSTR* Unidad, CY* PrecioSinIva, CY* Iva, CY* Importe, CY* PorcIva, VARIANT* result) = 0;
+    // Quita todos los renglones.
     virtual HRESULT STDMETHODCALLTYPE InicializaDetalleFactura(VARIANT* result) = 0;
 };
 
@@ -53,8 +70,11 @@ struct DECLSPEC_UUID("B6A53709-6444-44FB-A0DC-9FB4397DCBA1") _DetFacturas : publ
 class DECLSPEC_UUID("9606B6E7-26A9-4207-AB93-EF3D80E08BD3") Addenda;
 struct DECLSPEC_UUID("525C6E62-FB86-413A-BAAC-09C591E0510B") _Addenda : public IDispatch
 {
+    // Agrega un valor de la addenda del documento.
     virtual HRESULT STDMETHODCALLTYPE SetAddenda(BSTR* cRfcCte, SHORT* nRama, SHORT* nPadre, BSTR* cValor, VARIANT* result) = 0;
+    // Quita todos los valores de la addenda, del documento y de sus renglones.
     virtual HRESULT STDMETHODCALLTYPE InicializaAddenda(VARIANT* result) = 0;
+    // Agrega un valor de la addenda de un renglón.
     virtual HRESULT STDMETHODCALLTYPE SetAddendaDet(LONG* nRenglon, BSTR* cRfcCte, SHORT* nRama, SHORT* nPadre, BSTR* cValor, VARIANT* result) = 0;
 };
 
@@ -62,10 +82,15 @@ struct DECLSPEC_UUID("525C6E62-FB86-413A-BAAC-09C591E0510B") _Addenda : public I
 class DECLSPEC_UUID("26C58DF9-663E-483B-B17A-4C45957097E1") Maestros;
 struct DECLSPEC_UUID("58ED4CD3-6E4D-415F-98AE-F6E31E67B2DF") _Maestros : public IDispatch
 {
+    // Abre la ventana de empresas.
     virtual HRESULT STDMETHODCALLTYPE MuestraEmpresas(BSTR* UserBd, BSTR* PswBd, BSTR* Bd, BSTR* ServerBd) = 0;
+    // Abre la ventana de sucursales de una empresa.
     virtual HRESULT STDMETHODCALLTYPE MuestraSucursales(BSTR* UserBd, BSTR* PswBd, BSTR* Bd, BSTR* ServerBd, SHORT* Empresa) = 0;
+    // Abre la ventana de certificados de una empresa.
     virtual HRESULT STDMETHODCALLTYPE MuestraCertificados(BSTR* UserBd, BSTR* PswBd, BSTR* Bd, BSTR* ServerBd, SHORT* Empresa) = 0;
+    // Abre la ventana del reporte mensual de folios utilizados.
     virtual HRESULT STDMETHODCALLTYPE GeneraReporteDeFoliosUtilizados(BSTR* UserBd, BSTR* PswBd, BSTR* Bd, BSTR* ServerBd, BSTR* vlRutaDelReporte) = 0;
+    // Abre la ventana de series y folios de una empresa.
     virtual HRESULT STDMETHODCALLTYPE MuestraSeriesyFolios(BSTR* UserBd, BSTR* PswBd, BSTR* Bd, BSTR* ServerBd, SHORT* Empresa) = 0;
 };
 

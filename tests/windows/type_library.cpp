@@ -1,9 +1,12 @@
-// The registered type library says what surface.txt, written by hand, says about the public surface.
+// The registered type library says what surface.txt, written by hand, says about the public surface, in the
+// words in which the system's compilers describe dual interfaces.
 #include "client.hpp"
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <fstream>
+#include <iterator>
 #include <map>
 
 namespace {
@@ -60,6 +63,7 @@ std::string line_of(ITypeInfo* type, const std::string& class_name, const FUNCDE
         const PARAMDESC& parameter = function.lprgelemdescParam[i].paramdesc;
         EXPECT_EQ(pointer.vt, VT_PTR);
         if (parameter.wParamFlags & PARAMFLAG_FRETVAL) {
+            EXPECT_EQ(parameter.wParamFlags, PARAMFLAG_FOUT | PARAMFLAG_FRETVAL);
             result = type_name(pointer.lptdesc->vt);
             continue;
         }
@@ -82,6 +86,43 @@ ComPtr<ITypeInfo> implemented_by(ITypeInfo* type, UINT place)
     return found;
 }
 
+TYPEATTR attributes(ITypeInfo* type)
+{
+    TYPEATTR* found = nullptr;
+    EXPECT_EQ(type->GetTypeAttr(&found), S_OK);
+    const TYPEATTR copy = *found;
+    type->ReleaseTypeAttr(found);
+    return copy;
+}
+
+std::wstring help_of(ITypeInfo* type, MEMBERID member)
+{
+    Bstr help;
+    type->GetDocumentation(member, nullptr, &help, nullptr, nullptr);
+    return help.str();
+}
+
+// The two views of a dual interface, and the class that offers it.
+void expect_dual(ITypeInfo* coclass, ITypeInfo* dispatch, ITypeInfo* type, UINT methods)
+{
+    constexpr WORD dual =
+        TYPEFLAG_FDUAL | TYPEFLAG_FOLEAUTOMATION | TYPEFLAG_FNONEXTENSIBLE | TYPEFLAG_FDISPATCHABLE;
+    const TYPEATTR of_dispatch = attributes(dispatch), of_interface = attributes(type);
+    EXPECT_EQ(of_dispatch.typekind, TKIND_DISPATCH);
+    EXPECT_EQ(of_dispatch.wTypeFlags, dual & ~TYPEFLAG_FOLEAUTOMATION); // as the system shows this view
+    EXPECT_EQ(of_dispatch.cFuncs, methods_of_dispatch + methods);
+    EXPECT_EQ(of_dispatch.cbSizeVft, methods_of_dispatch * sizeof(void*));
+    EXPECT_EQ(of_interface.typekind, TKIND_INTERFACE);
+    EXPECT_EQ(of_interface.wTypeFlags, dual);
+    EXPECT_EQ(of_interface.cFuncs, methods);
+    EXPECT_EQ(of_interface.cbSizeVft, (methods_of_dispatch + methods) * sizeof(void*));
+    EXPECT_EQ(name_of(implemented_by(type, 0).Get()), "IDispatch");
+    INT offered = 0;
+    coclass->GetImplTypeFlags(0, &offered);
+    EXPECT_EQ(offered, IMPLTYPEFLAG_FDEFAULT);
+    EXPECT_EQ(attributes(coclass).wTypeFlags, TYPEFLAG_FCANCREATE);
+}
+
 void describe(ITypeInfo* coclass, std::vector<std::string>& lines)
 {
     constexpr UINT interface_itself = static_cast<UINT>(-1); // not its view as a dispatch interface
@@ -89,12 +130,16 @@ void describe(ITypeInfo* coclass, std::vector<std::string>& lines)
     const ComPtr<ITypeInfo> type = implemented_by(dispatch.Get(), interface_itself);
     EXPECT_EQ(name_of(dispatch.Get()), "_" + name_of(coclass));
     FUNCDESC* function = nullptr;
-    for (UINT i = 0; type->GetFuncDesc(i, &function) == S_OK; ++i) {
+    UINT methods = 0;
+    for (; type->GetFuncDesc(methods, &function) == S_OK; ++methods) {
         lines.push_back(line_of(type.Get(), name_of(coclass), *function));
-        EXPECT_EQ(function->memid, static_cast<MEMBERID>(i + 1));
-        EXPECT_EQ(function->oVft, static_cast<SHORT>((methods_of_dispatch + i) * sizeof(void*)));
+        EXPECT_EQ(function->memid, static_cast<MEMBERID>(methods + 1));
+        EXPECT_EQ(function->oVft, static_cast<SHORT>((methods_of_dispatch + methods) * sizeof(void*)));
+        EXPECT_EQ(function->elemdescFunc.tdesc.vt, VT_HRESULT);
+        EXPECT_NE(help_of(type.Get(), function->memid), L"") << lines.back();
         type->ReleaseFuncDesc(function);
     }
+    expect_dual(coclass, dispatch.Get(), type.Get(), methods);
 }
 
 std::vector<std::string> described_lines()
@@ -120,6 +165,81 @@ std::vector<std::string> surface_lines()
     for (std::string line; std::getline(file, line);)
         if (!line.empty() && line[0] != '#') lines.push_back(line);
     return lines;
+}
+
+// The words of a library in a file, for what no interface of the system tells.
+class LibraryFile
+{
+public:
+    explicit LibraryFile(const std::string& name)
+    {
+        std::ifstream file(TOLVEX_SOURCE_DIR "/automation/described/" + name, std::ios::binary);
+        bytes_.assign(std::istreambuf_iterator<char>(file), {});
+    }
+
+    std::uint32_t word(std::size_t place) const
+    {
+        std::uint32_t found = 0;
+        std::memcpy(&found, bytes_.substr(place).data(), sizeof found);
+        return found;
+    }
+
+    bool has(const std::string& bytes) const { return bytes_.find(bytes) != std::string::npos; }
+    std::uint32_t type_count() const { return word(0x20); }
+    std::size_t type(std::uint32_t number) const
+    {
+        constexpr std::size_t header = 84, directory = 15 * 16, record = 100;
+        return header + 4 * type_count() + directory + record * number;
+    }
+
+private:
+    std::string bytes_;
+};
+
+// What the system's own compilers write for a dual interface of that bitness and for a class.
+void expect_compilers_words(const std::string& name, std::uint32_t dual)
+{
+    SCOPED_TRACE(name);
+    const LibraryFile file(name);
+    ASSERT_EQ(file.type_count(), 12u);
+    EXPECT_TRUE(file.has(std::string("\x05\x00\x64\xF9PswBd", 9))); // w hashed as English has it
+    for (std::uint32_t i = 0; i < file.type_count(); ++i) {
+        const bool is_interface = i % 2 == 0;
+        EXPECT_EQ(file.word(file.type(i)) & 0xFFFF, is_interface ? dual : 0x2225);
+        EXPECT_EQ(file.word(file.type(i) + 0x30), is_interface ? 0x11C0u : 0x2u);  // flags
+        EXPECT_EQ(file.word(file.type(i) + 0x58), is_interface ? 0x70002u : 0x0u); // inherited functions
+    }
+}
+
+// The mark of a function with a result, in interface order.
+std::string marks_of_results(const std::string& name)
+{
+    const LibraryFile file(name);
+    std::string marks;
+    for (std::uint32_t i = 0; i < file.type_count(); ++i) {
+        std::size_t place = file.word(file.type(i) + 4) + 4;
+        for (std::uint32_t left = file.word(file.type(i) + 0x18); left > 0; --left) {
+            marks += file.word(place + 16) & 0x4000 ? 'r' : '-';
+            place += file.word(place) & 0xFFFF;
+        }
+    }
+    return marks;
+}
+
+TEST(TypeLibrary, has_the_words_of_the_compilers_in_both_files)
+{
+    expect_compilers_words("TOLVEX-win64.tlb", 0x4234);
+    expect_compilers_words("TOLVEX-win32.tlb", 0x2234);
+    for (const char* name : {"TOLVEX-win64.tlb", "TOLVEX-win32.tlb"})
+        EXPECT_EQ(marks_of_results(name), "rrrr---rrrrrrrrrrrrr-----");
+}
+
+TEST(TypeLibrary, helps_with_every_method_in_the_users_letters)
+{
+    const Apartment apartment;
+    ComPtr<ITypeInfo> type;
+    create<IDispatch>(L"TOLVEX.DetFacturas")->GetTypeInfo(0, 0, type.GetAddressOf());
+    EXPECT_EQ(help_of(type.Get(), 1), L"Agrega un rengl\u00f3n al documento.");
 }
 
 TEST(TypeLibrary, is_the_surface_written_by_hand)
