@@ -85,7 +85,7 @@ rows() {
 
 # NATIVE STATION, STATION
 same_documents() { diff -rq "$work/$1/Facturas" "$work/$2/Facturas" && diff <(rows "$work/$1") <(rows "$work/$2"); }
-logged() { for line in "$@"; do grep -q "^20[-0-9]* [:.0-9]* [0-9]*\.[0-9]* $line" "$work/bitácora.txt" || return; done; }
+logged() { for line in "$@"; do grep -q "^20[-0-9]* [:.0-9]* [0-9]*\.[0-9]* $line" "$work/bitacora.txt" || return; done; }
 no_work_files() { [ -z "$(cd "$windows" && ls sello.bat sello.txt utf8.txt fi_md5.txt ./Facturas/*.tmp 2> /dev/null)" ]; }
 next_folio() { [ "$("$tolvex" folio 1 --bd "$work/$1/tolvex.db")" = "$2" ]; }
 
