@@ -52,7 +52,8 @@ CallLog::CallLog(const Class& called, EntryPoint early, std::vector<Travelling> 
 void CallLog::ended(const std::vector<Travelling>& results, const Text& error) const
 {
     Text line = u"RESULTADO " + name_;
-    for (const Travelling& result : results) line += u" " + in_words(result);
+    for (const Travelling& result : results)
+        if (result.type != VT_VARIANT) line += u" " + in_words(result); // those are always Empty
     for (std::size_t i = 0; i < arguments_.size(); ++i)
         if (method_.parameters[i].written)
             line += u" " + from_wide(method_.parameters[i].name) + u"=" + in_words(arguments_[i]);

@@ -104,7 +104,7 @@ check() {
         "Documento: 6 -1, siguiente 7" "Documento: 00000777 -1, siguiente 7" "Cierre: -1" "código 0"
     expect "archivo plano" said openssl_2011 "A4,A5,NC2,A6,A00000777" "código 0"
     expect "con poca precisión" said rough_arithmetic "A4,A5,NC2,A6,A00000777" "como estaba" "código 0"
-    expect "bitácora" logged 'LLAMADA ConfigFE.SetDatosConexion("", ***, ' 'PROGRAMA .*openssl dgst -sha1 ' \
+    expect "bitácora" logged 'LLAMADA ConfigFE.SetDatosConexion("", \*\*\*, ' 'PROGRAMA .*openssl dgst -sha1 ' \
         'RESULTADO GeneraDocto.GeneraFacturaElectronica True vlnFactura="6" ' 'SQL update fe_folios set nultimofolio=6\\r'
     expect "lo mismo en las dos ediciones" same_documents nativa Facturación_Ñandú
     expect "todos los documentos" test "$(find "$windows/Facturas" -name '*.xml' | wc -l)" = 12
