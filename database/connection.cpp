@@ -39,7 +39,7 @@ auto heard(TextView sql, Operation run)
 
 } // namespace
 
-void listen_to_statements(StatementListener wanted) { listener() = wanted; }
+void listen_to_statements(StatementListener one) { listener() = one; }
 
 void Connection::open() { driver_ = open_driver(connection_string, command_timeout); }
 

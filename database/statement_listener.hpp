@@ -15,6 +15,6 @@ struct EndedStatement
 using StatementListener = void (*)(const EndedStatement&);
 
 // One for the process; null for none, as at first.
-void listen_to_statements(StatementListener listener);
+void listen_to_statements(StatementListener one);
 
 } // namespace tolvex

@@ -9,9 +9,9 @@ namespace tolvex {
 
 namespace {
 
-Text& file()
+const Text& file()
 {
-    static auto& name = *new Text(log_file_of_environment());
+    static const auto& name = *new Text(log_file_of_environment());
     return name;
 }
 
@@ -46,7 +46,5 @@ void log(TextView line)
         append_to_log(file(),
                       to_utf8(moment() + u" " + process_and_thread() + u" " + in_one_line(line) + u"\r\n"));
 }
-
-void keep_log_in(const Text& name) { file() = name; }
 
 } // namespace tolvex

@@ -13,9 +13,6 @@ bool log_is_kept();
 // must not disturb what is logged.
 void log(TextView line);
 
-// Keeps it in that file from now on, in place of what the environment says; in none when it is empty.
-void keep_log_in(const Text& file);
-
 // How its host keeps it: an adapter's work.
 Text log_file_of_environment();
 Text process_and_thread();
