@@ -70,9 +70,9 @@ Text write_xml_file(const XmlDocument& xml, const Text& working_folder, const Te
 
 void remove_unfinished_xml_files(const Text& working_folder)
 {
-    const Text folder = facturas_path(working_folder);
-    for (const Text& name : files::names_ending(folder, u".xml.tmp"))
-        files::remove_if_there(folder + u"\\" + name);
+    const Text within = facturas_path(working_folder) + u"\\";
+    for (const Text& name : files::names_ending(facturas_path(working_folder), u".xml.tmp"))
+        files::remove_if_there(within + name);
 }
 
 } // namespace tolvex

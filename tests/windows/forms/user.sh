@@ -5,6 +5,9 @@
 
 press() { xdotool key --delay 20 "$@"; }
 
+# With time between: a program under load sees the key before AltGr.
+press_with_altgr() { xdotool keydown ISO_Level3_Shift sleep 0.05 key "$1" sleep 0.05 keyup ISO_Level3_Shift; }
+
 # writes TEXT: letters, digits and what paths are made of, on a Latin American keyboard.
 writes() {
     local i letter keys=()
@@ -20,7 +23,7 @@ writes() {
             ñ) keys+=(ntilde) ;;
             .) keys+=(period) ;;
             :) keys+=(colon) ;;
-            \\) keys+=(backslash) ;;
+            \\) press "${keys[@]}" && keys=() && press_with_altgr apostrophe ;;
             *) keys+=("$letter") ;;
         esac
     done
