@@ -3,7 +3,7 @@
 
 # --- the keyboard ----------------------------------------------------------------------------------------------------
 
-press() { xdotool key --delay 20 "$@"; }
+press() { [ $# = 0 ] || xdotool key --delay 20 "$@"; }
 
 # With time between: a program under load sees the key before AltGr.
 press_with_altgr() { xdotool keydown ISO_Level3_Shift sleep 0.05 key "$1" sleep 0.05 keyup ISO_Level3_Shift; }
