@@ -46,6 +46,8 @@ private:
         const auto issued = [&](const IssuedDocument& document) {
             progress.clear();
             print_line(files::native_path(document.xml_path));
+            if (!document.warning.empty())
+                say_warning(document.series + document.folio + u": " + document.warning);
         };
         const auto line_done = [&](std::size_t line, std::size_t lines) { progress.show(line, lines); };
         const FlatFileResult result =

@@ -162,7 +162,7 @@ void FlatFile::run_emite(const Record& r)
     if (result.stored != Stored::nothing && !result.issued) throw wrong(last_error());
     if (!result.issued) throw wrong(u"el documento no se emitió: " + last_error());
     has_receiver_ = false; // the next document begins with its own CLIENTE
-    issued_.push_back({session_.gSerie, vlnFactura, result.xml_path});
+    issued_.push_back({session_.gSerie, vlnFactura, result.xml_path, last_error()});
     if (events_.issued) events_.issued(issued_.back());
     // Issuing does not notice a failing openssl; a file must not go on with documents that nobody accepts.
     if (result.sello.empty())

@@ -11,6 +11,7 @@ struct IssuedDocument
 {
     Text series, folio;
     Text xml_path; // as documented, with backslashes
+    Text warning;  // what did not keep it from being issued; empty for nothing
 };
 
 // What a caller may want to hear while a file is issued.
