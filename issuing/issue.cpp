@@ -91,8 +91,8 @@ void Issue::take_turn()
 {
     const Text& folder = session_.gRutaDeArchivos;
     turn_.emplace(connection(), folder);
-    if (options_.discards_old_work_files) remove_seal_files(folder);
     if (discard_old_batch(folder)) remove_unfinished_xml_files(folder);
+    if (options_.discards_old_work_files) remove_seal_files(folder);
 }
 
 bool Issue::take_folio()

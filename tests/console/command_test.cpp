@@ -132,11 +132,13 @@ TEST_F(Command, imprime_makes_the_pdf_of_a_document_and_says_what_its_layout_lac
 TEST_F(Command, emite_prints_the_path_of_every_document)
 {
     demo();
+    for (const char* left : {"demo/sello.bat", "demo/Facturas/A77.xml.tmp"}) write_file(path() / left, "");
     const Outcome issued = tolvex({"emite", sales(2), "--bd", database});
     EXPECT_EQ(issued.exit_code, 0) << issued.errors;
     EXPECT_EQ(issued.output, (path() / "demo/Facturas/A4.xml").string() + "\n" +
                                  (path() / "demo/Facturas/A5.xml").string() + "\n");
     EXPECT_EQ(issued.errors, "");
+    EXPECT_FALSE(exists(path() / "demo/Facturas/A77.xml.tmp")); // of an issue that was interrupted
     EXPECT_EQ(tolvex({"emite", sales(1), "--bd", database, "--raiz-extendida"}).exit_code, 0);
     EXPECT_THAT(read_file(path() / "demo/Facturas/A6.xml"), HasSubstr(" folio=\"6\""));
 }
