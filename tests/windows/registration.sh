@@ -38,7 +38,9 @@ has() { LC_ALL=C grep -qiE "$1" <<< "$registry"; }
 has_no() { ! has "$1"; }
 is_as_before() { diff <(LC_ALL=C sort <<< "$before") <(LC_ALL=C sort <<< "$registry"); }
 
-# The parents CLSID, Interface and TypeLib come with a user's first registration and belong to the system.
+# The parents CLSID, Interface and TypeLib come with a user's first registration and belong to the system; the test
+# bed's script host registers itself when it first runs.
+makes_no_objects
 regsvr32 "$bits" "$component" /n /i:user
 regsvr32 "$bits" "$component" /u /n /i:user
 look HKLM HKCU
