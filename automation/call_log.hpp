@@ -38,7 +38,7 @@ void logged(const Class& called, EntryPoint early, std::initializer_list<Travell
     try {
         call();
     } catch (const std::exception& error) {
-        log.ended({}, to_text(error.what()));
+        log.ended({}, words_of(error));
         throw;
     }
     log.ended(results, last_error());

@@ -34,9 +34,10 @@ std::string bytes_of_text(TextView text)
 {
     std::string bytes;
     bytes.reserve(text.size());
-    for (const char16_t c : text) {
-        if (c > 0xFF) throw invalid_call();
-        bytes += static_cast<char>(c);
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (text[i] > 0xFF)
+            throw invalid_call(u"El carácter «" + character_at(text, i) + u"» no cabe en un byte");
+        bytes += static_cast<char>(text[i]);
     }
     return bytes;
 }

@@ -8,7 +8,8 @@ namespace tolvex {
 
 // One character per byte, U+0000 to U+00FF.
 Text text_of_bytes(std::string_view bytes);
-// The bytes of a text whose characters are all below U+0100. Throws Error 5 for any other.
+// The bytes of a text whose characters are all below U+0100. Throws Error 5, which names the character, for
+// any other.
 std::string bytes_of_text(TextView text);
 
 Text from_windows_1252(std::string_view bytes);

@@ -1,5 +1,7 @@
 #include "core/errors.hpp"
 
+#include <new>
+
 namespace tolvex {
 
 namespace {
@@ -58,6 +60,12 @@ Error not_available(TextView operation)
 Error with_detail(const Error& error, TextView detail)
 {
     return {error.number(), error.description() + u": " + Text(detail)};
+}
+
+Text words_of(const std::exception& error)
+{
+    if (dynamic_cast<const std::bad_alloc*>(&error)) return u"No hay memoria suficiente";
+    return to_text(error.what());
 }
 
 void remember_error(const Text& description) { last_description() = description; }

@@ -32,6 +32,9 @@ Error with_detail(const Error& error, TextView detail);
 // Number of errors that come from the database driver (the automation "unspecified failure", 0x80004005).
 constexpr std::int32_t database_error = static_cast<std::int32_t>(0x80004005);
 
+// What an exception says; in Spanish also when memory runs out.
+Text words_of(const std::exception& error);
+
 void remember_error(const Text& description);
 void forget_error();
 
@@ -41,10 +44,8 @@ Result trapping(Result on_error, Operation operation)
 {
     try {
         return operation();
-    } catch (const Error& error) {
-        remember_error(error.description());
     } catch (const std::exception& error) {
-        remember_error(to_text(error.what()));
+        remember_error(words_of(error));
     }
     return on_error;
 }

@@ -193,7 +193,7 @@ FlatFileResult issue_flat_file_records(Session& session, const Text& path, const
         }
     } catch (const std::exception& error) {
         const Text place = line == 0 ? Text() : u"Línea " + decimal(static_cast<std::int64_t>(line)) + u": ";
-        result.failure = place + to_text(error.what());
+        result.failure = place + words_of(error);
     }
     result.documents = file.issued();
     return result;
@@ -212,7 +212,7 @@ Text issue_flat_file(Session& session, const Text& folder, const Text& name, con
         read_dates_as_year_month_day(*session.gConexion);
         result = issue_flat_file_records(session, path, {});
     } catch (const std::exception& error) {
-        result.failure = to_text(error.what());
+        result.failure = words_of(error);
     }
     session.gConexion = shared;
     if (!result.failure.empty()) {

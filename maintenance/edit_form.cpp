@@ -214,7 +214,7 @@ void EditForm::save(FormView& view)
         store(view, form);
         if (form.in_transaction) connection().commit();
     } catch (const std::exception& error) {
-        return fail_to_save(to_text(error.what()));
+        return fail_to_save(words_of(error));
     }
     show_message(u"Se han guardado correctamente los datos", u"Aviso", MessageIcon::information);
     if (saved_) saved_();

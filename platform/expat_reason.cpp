@@ -1,5 +1,7 @@
 #include "platform/expat_reason.hpp"
 
+#include "core/numbers.hpp"
+
 namespace tolvex {
 
 Text expat_reason(XML_Error error)
@@ -27,7 +29,7 @@ Text expat_reason(XML_Error error)
     case XML_ERROR_INCORRECT_ENCODING:
         return u"la codificación declarada no se conoce o no es la del archivo";
     default:
-        return to_text(XML_ErrorString(error));
+        return u"error " + decimal(error) + u" del lector de XML";
     }
 }
 

@@ -1,6 +1,8 @@
 #include "database/embedded/database.hpp"
 
 #include "core/errors.hpp"
+#include "core/numbers.hpp"
+#include "database/embedded/reasons.hpp"
 
 #include <filesystem>
 #include <utility>
@@ -21,12 +23,11 @@ Text why_it_does_not_open(const Text& file)
            u"carpeta";
 }
 
-Error refused(const Text& words)
+Error refused()
 {
     return {database_error, u"La base de datos embebida sólo admite consultar, agregar, cambiar y borrar "
                             u"registros, y la instrucción pedía otra cosa: no se ejecutó. Vea si un dato "
-                            u"capturado lleva apóstrofos (" +
-                                words + u")"};
+                            u"capturado lleva apóstrofos"};
 }
 
 class Unrestricted
@@ -59,10 +60,11 @@ void Database::check(int code) const
     if (code == SQLITE_OK || code == SQLITE_ROW || code == SQLITE_DONE) return;
     const bool described = handle() && sqlite3_errcode(handle()) == code;
     const Text words = to_text(described ? sqlite3_errmsg(handle()) : sqlite3_errstr(code));
-    if (was_refused(words)) throw refused(words);
+    if (was_refused(words)) throw refused();
     const Text reason = why(code);
-    if (reason.empty()) throw Error(database_error, words);
-    throw Error(database_error, u"Base de datos " + file_ + u": " + reason + u" (" + words + u")");
+    if (reason.empty()) throw Error(database_error, reason_in_spanish(words));
+    throw Error(database_error,
+                u"Base de datos " + file_ + u": " + reason + u" (SQLite " + decimal(code) + u")");
 }
 
 void Database::run(const std::string& sql) { rows(sql); }

@@ -20,7 +20,7 @@ public:
 
     const Text& file() const { return file_; }
     sqlite3* handle() const { return handle_.get(); }
-    // Throws Error(database_error), with the engine's own text, unless the code says that all went well.
+    // Throws Error(database_error), with the engine's reason, unless the code says that all went well.
     void check(int code) const;
     // Runs one statement of the engine's own SQL, or several. This and the two below are for what the driver
     // itself has to say and may do anything; statements of callers are restricted (rights.hpp).

@@ -2,9 +2,9 @@
 
 #include "core/errors.hpp"
 #include "platform/native/host_path.hpp"
+#include "platform/native/reason_of.hpp"
 
 #include <cerrno>
-#include <cstring>
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -38,7 +38,7 @@ private:
         const int flags = O_CREAT | O_CLOEXEC | O_NOFOLLOW;
         int descriptor = open(path.c_str(), O_RDWR | flags, 0666);
         if (descriptor < 0 && errno == EACCES) descriptor = open(path.c_str(), O_RDONLY | flags, 0666);
-        if (descriptor < 0) throw path_error(to_text(path), to_text(std::strerror(errno)));
+        if (descriptor < 0) throw path_error(to_text(path), reason_of(errno));
         return descriptor;
     }
 

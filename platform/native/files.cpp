@@ -2,10 +2,10 @@
 
 #include "core/errors.hpp"
 #include "platform/native/host_path.hpp"
+#include "platform/native/reason_of.hpp"
 
 #include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <fcntl.h>
 #include <unistd.h>
 
@@ -14,30 +14,6 @@ namespace tolvex::files {
 namespace {
 
 namespace fs = std::filesystem;
-
-Text reason(int error)
-{
-    switch (error) {
-    case ENOENT:
-        return u"no existe la carpeta";
-    case ENOTDIR:
-        return u"una parte de la ruta no es una carpeta";
-    case EISDIR:
-        return u"es una carpeta";
-    case EACCES:
-    case EPERM:
-        return u"no hay permiso";
-    case EROFS:
-        return u"el disco es de sólo lectura";
-    case ENOSPC:
-    case EDQUOT:
-        return u"el disco está lleno";
-    case EFBIG:
-        return u"el archivo es demasiado grande";
-    default:
-        return to_text(std::strerror(error));
-    }
-}
 
 struct Close
 {
@@ -50,7 +26,7 @@ File open(const fs::path& path, const char* mode)
     File file(std::fopen(path.c_str(), mode));
     if (file) return file;
     if (errno == ENOENT && *mode == 'r') throw file_not_found(to_text(path.string()));
-    throw path_error(to_text(path.string()), reason(errno));
+    throw path_error(to_text(path.string()), reason_of(errno));
 }
 
 class NativeOutputFile : public OutputFile
@@ -69,7 +45,7 @@ public:
     }
 
 private:
-    [[noreturn]] void fail() const { throw device_error(to_text(path_.string()), reason(errno)); }
+    [[noreturn]] void fail() const { throw device_error(to_text(path_.string()), reason_of(errno)); }
 
     const fs::path path_;
     File file_;
@@ -79,7 +55,7 @@ private:
 File create_private(const fs::path& path)
 {
     const int descriptor = ::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600);
-    if (descriptor < 0) throw path_error(to_text(path.string()), reason(errno));
+    if (descriptor < 0) throw path_error(to_text(path.string()), reason_of(errno));
     return File(fdopen(descriptor, "wb"));
 }
 
@@ -136,7 +112,7 @@ void create_folder(TextView path)
 {
     std::error_code error;
     if (!fs::create_directory(host_path(path), error) && error)
-        throw path_error(native_path(path), reason(error.value()));
+        throw path_error(native_path(path), reason_of(error.value()));
 }
 
 std::uint64_t size(TextView path)
@@ -156,7 +132,7 @@ std::string read(TextView path)
     char buffer[65'536];
     while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, file.get()))
         bytes.append(buffer, count);
-    if (std::ferror(file.get())) throw device_error(to_text(host.string()), reason(errno));
+    if (std::ferror(file.get())) throw device_error(to_text(host.string()), reason_of(errno));
     return bytes;
 }
 
@@ -179,7 +155,7 @@ void write_anew(TextView path, std::string_view bytes)
 void flush(TextView path)
 {
     const fs::path host = host_path(path);
-    if (const int error = flushed(host, O_RDONLY)) throw device_error(to_text(host.string()), reason(error));
+    if (const int error = flushed(host, O_RDONLY)) throw device_error(to_text(host.string()), reason_of(error));
 }
 
 std::unique_ptr<OutputFile> create(TextView path)
@@ -193,7 +169,7 @@ void keep_private(TextView path)
     const fs::path host = host_path(path);
     std::error_code error;
     fs::permissions(host, fs::perms::owner_read | fs::perms::owner_write, error);
-    if (error) throw path_error(to_text(host.string()), reason(error.value()));
+    if (error) throw path_error(to_text(host.string()), reason_of(error.value()));
 }
 
 void move_over(TextView from, TextView to)
@@ -202,7 +178,7 @@ void move_over(TextView from, TextView to)
     const fs::path target = host_path(to_text(given.parent_path().string())) / given.filename();
     std::error_code error;
     fs::rename(host_path(from), target, error);
-    if (error) throw path_error(to_text(target.string()), reason(error.value()));
+    if (error) throw path_error(to_text(target.string()), reason_of(error.value()));
     flush_folder_of(target);
 }
 
@@ -214,7 +190,7 @@ bool move_unless_taken(TextView from, TextView to)
     if (error == EEXIST) return false;
     if (error == ENOENT && !fs::exists(fs::symlink_status(source)))
         throw file_not_found(to_text(source.string()));
-    throw path_error(to_text(target.string()), reason(error));
+    throw path_error(to_text(target.string()), reason_of(error));
 }
 
 void remove(TextView path)
@@ -222,7 +198,7 @@ void remove(TextView path)
     std::error_code error;
     const fs::path host = host_path(path);
     const bool removed = fs::remove(host, error);
-    if (error) throw path_error(to_text(host.string()), reason(error.value()));
+    if (error) throw path_error(to_text(host.string()), reason_of(error.value()));
     if (!removed) throw file_not_found(to_text(host.string()));
 }
 
@@ -231,7 +207,7 @@ bool remove_if_there(TextView path)
     const fs::path host = new_host_path(path);
     if (unlink(host.c_str()) == 0) return true;
     if (errno == ENOENT || errno == ENOTDIR) return false;
-    throw path_error(to_text(host.string()), reason(errno));
+    throw path_error(to_text(host.string()), reason_of(errno));
 }
 
 std::vector<Text> names_ending(TextView folder, TextView ending)

@@ -1,10 +1,11 @@
 #include "platform/native/temporary_pdf.hpp"
 
 #include "core/errors.hpp"
+#include "platform/native/reason_of.hpp"
 #include "platform/pages/pdf.hpp"
 
+#include <cerrno>
 #include <cstdlib>
-#include <cstring>
 #include <filesystem>
 
 namespace tolvex {
@@ -12,7 +13,7 @@ namespace tolvex {
 TemporaryPdf::TemporaryPdf(const std::vector<pages::Page>& pages, const pages::DocumentProperties& properties)
 {
     std::string folder = (std::filesystem::temp_directory_path() / "tolvex-XXXXXX").string();
-    if (!mkdtemp(folder.data())) throw path_error(to_text(folder), to_text(std::strerror(errno)));
+    if (!mkdtemp(folder.data())) throw path_error(to_text(folder), reason_of(errno));
     folder_ = folder;
     path_ = folder + "/documento.pdf";
     pages::PdfFile file(to_text(path_), properties);

@@ -80,7 +80,7 @@ Pixels decode(const Picture& picture)
     const unsigned top = is_gif ? offset(frame.Get(), L"/imgdesc/Top") : 0;
     if (left + width > static_cast<unsigned>(picture.width) ||
         top + height > static_cast<unsigned>(picture.height))
-        throw invalid_call();
+        throw invalid_call(u"el primer cuadro del GIF se sale de la imagen");
     std::string bgra(std::size_t{4} * width * height, '\0');
     check(source->CopyPixels(nullptr, 4 * width, static_cast<UINT>(bgra.size()),
                              reinterpret_cast<BYTE*>(bgra.data())),

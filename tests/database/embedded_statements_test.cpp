@@ -172,17 +172,21 @@ TEST_F(EmbeddedStatements, batches_and_transactions_run_whole)
     expect({{u"select cRfc from FE_EMPRESAS", u"X/X"}});
 }
 
-TEST_F(EmbeddedStatements, what_is_wrong_comes_back_in_the_engines_own_words)
+TEST_F(EmbeddedStatements, what_is_wrong_comes_back_in_spanish)
 {
     expect({
-        {u"select * from FE_NADA", u"Error: no such table: FE_NADA"},
+        {u"select * from FE_NADA", u"Error: No existe la tabla FE_NADA"},
         {u"select 'a' + 1", u"Error: No coinciden los tipos"},
         {u"select convert(varchar(10),dFecha,999) from FE_VENTAS_RESUMEN",
          u"Error: convert: el estilo 999 no existe para fechas"},
         {u"select @cIndFactura", u"Error: Faltan valores para los parámetros de la instrucción SQL"},
         {Text(u"select 1\0drop", 13), u"Error: La instrucción SQL contiene un carácter nulo"},
         {u"", u""},
-        {u"))((+ - case end , [ \"", u"Error: near \")\": syntax error"},
+        {u"))((+ - case end , [ \"", u"Error: Error de sintaxis cerca de «)»"},
+        {u"select 1 where '", u"Error: No se entiende «'»: quizá un texto entre apóstrofos no termina"},
+        {u"insert into FE_FOLIOS values(1,2)", u"Error: La tabla FE_FOLIOS tiene 12 columnas y se dieron 2 valores"},
+        {u"insert into FE_FOLIOS(nFolio,cNada) values(1,2)", u"Error: La tabla FE_FOLIOS no tiene la columna cNada"},
+        {u"select left('abc', -1)", u"Error: se pide un número negativo de caracteres de un texto"},
     });
     for (const Text sql : {u"select top", u"select a=", u"cast(", u"convert(int", u"delete", u"with (nolock",
                            u"dbo.", u"select (", u"1+", u"begin", u"N'"})

@@ -63,7 +63,7 @@ Value day(const Arguments& arguments) { return calendar_of(arguments[0]).day; }
 std::int64_t count_of(const Value& value)
 {
     const double count = std::trunc(value.number());
-    if (count < 0) throw invalid_call();
+    if (count < 0) throw invalid_call(u"se pide un número negativo de caracteres de un texto");
     return static_cast<std::int64_t>(std::min(count, 2e9));
 }
 
