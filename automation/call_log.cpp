@@ -17,6 +17,11 @@ const Method& method_of(const Class& called, EntryPoint early)
                          [&](const Method& method) { return method.early == early; });
 }
 
+Text name_of(const Class& called, const Method& method)
+{
+    return from_wide(called.name) + u"." + from_wide(method.name);
+}
+
 // The two names that the surface has for them.
 bool is_password(const Parameter& parameter)
 {
@@ -40,13 +45,20 @@ Text in_words(const Travelling& value)
 } // namespace
 
 CallLog::CallLog(const Class& called, EntryPoint early, std::vector<Travelling> arguments)
-    : method_(method_of(called, early)), name_(from_wide(called.name) + u"." + from_wide(method_.name)),
-      arguments_(std::move(arguments)), start_(milliseconds_running())
+    : method_(method_of(called, early)), name_(name_of(called, method_)), arguments_(std::move(arguments)),
+      start_(milliseconds_running())
 {
     std::vector<Text> words;
     for (std::size_t i = 0; i < arguments_.size(); ++i)
         words.push_back(is_password(method_.parameters[i]) ? Text(u"***") : in_words(arguments_[i]));
     log(u"LLAMADA " + name_ + u"(" + join(words, u", ") + u")");
+}
+
+void log_refused_call(const Class& called, const Method& method, const Text& reason) noexcept
+try {
+    if (log_is_kept()) log(u"LLAMADA " + name_of(called, method) + u" ERROR en los argumentos: " + reason);
+} catch (...) {
+    return; // the host gets the reason all the same
 }
 
 void CallLog::ended(const std::vector<Travelling>& results, const Text& error) const

@@ -29,6 +29,9 @@ private:
     const std::int64_t start_;
 };
 
+// A call whose arguments do not fit the method, which then does not begin.
+void log_refused_call(const Class& called, const Method& method, const Text& reason) noexcept;
+
 template <class Operation>
 void logged(const Class& called, EntryPoint early, std::initializer_list<Travelling> arguments,
             std::initializer_list<Travelling> results, Operation call)

@@ -1,5 +1,6 @@
 // Late-bound calls: names to identifiers, and the arguments that a host gives to the values that a method
 // takes.
+#include "automation/call_log.hpp"
 #include "automation/failures.hpp"
 #include "automation/object.hpp"
 #include "automation/variants.hpp"
@@ -119,13 +120,27 @@ private:
     std::array<Variant, most_parameters> values_;
 };
 
+// A call whose arguments do not fit, which the log is told.
+HRESULT refused(const Class& called, const Method& method, HRESULT reason)
+{
+    log_refused_call(called, method, system_message(static_cast<DWORD>(reason)));
+    return reason;
+}
+
 HRESULT call(Object& self, const Method& method, const DISPPARAMS& given, VARIANT& result, UINT& at_fault)
 {
     Arguments arguments(method);
     HRESULT outcome = arguments.assign(given, at_fault);
-    if (FAILED(outcome)) return outcome;
-    if (arguments.misses_one()) return DISP_E_PARAMNOTOPTIONAL;
-    outcome = guard(self.described, [&] { arguments.convert(at_fault); });
+    if (FAILED(outcome)) return refused(self.described, method, outcome);
+    if (arguments.misses_one()) return refused(self.described, method, DISP_E_PARAMNOTOPTIONAL);
+    outcome = guard(self.described, [&] {
+        try {
+            arguments.convert(at_fault);
+        } catch (const Error& error) {
+            log_refused_call(self.described, method, error.description());
+            throw;
+        }
+    });
     if (FAILED(outcome)) return outcome;
     outcome = method.late(self, arguments.values(), result);
     arguments.write_back();

@@ -1,10 +1,10 @@
 #include "console/command_line.hpp"
 
 #include "console/output.hpp"
-#include "platform/password.hpp"
+#include "platform/terminal.hpp"
 
 #include <CLI/CLI.hpp>
-#include <cstdlib>
+#include <algorithm>
 
 namespace tolvex::console {
 
@@ -33,24 +33,32 @@ void add_connection_options(CLI::App& app, Place& place)
 {
     app.add_option("--servidor", place.server,
                    "Servidor SQL Server (host o host,puerto), o sqlite: para un archivo")
-        ->envname("TOLVEX_SERVIDOR")
         ->capture_default_str();
     app.add_option("--bd", place.database, "Base de datos; con sqlite:, la ruta del archivo")
-        ->envname("TOLVEX_BD")
         ->capture_default_str();
-    app.add_option("--usuario", place.user, "Usuario del servidor")->envname("TOLVEX_USUARIO");
+    app.add_option("--usuario", place.user, "Usuario del servidor");
     app.add_option("--clave", place.password,
                    "Contraseña del usuario. Así escrita, otros usuarios del equipo pueden verla: es mejor "
-                   "TOLVEX_CLAVE, o dejar que se pida en la terminal")
-        ->envname(password_variable);
+                   "TOLVEX_CLAVE, o dejar que se pida en la terminal");
+}
+
+Place place_of_environment()
+{
+    Place place;
+    for (const auto& [variable, value] : {std::pair{"TOLVEX_SERVIDOR", &place.server},
+                                          {"TOLVEX_BD", &place.database},
+                                          {"TOLVEX_USUARIO", &place.user},
+                                          {password_variable, &place.password}})
+        *value = terminal::environment(variable).value_or(*value);
+    return place;
 }
 
 void ask_for_missing_password(const CLI::App& app, Place& place)
 {
-    const bool given = app.get_option("--clave")->count() > 0;
+    const bool given = app.get_option("--clave")->count() > 0 || terminal::environment(password_variable);
     if (given || place.user.empty() || is_embedded(place)) return;
     place.password =
-        ask_for_password("Contraseña de " + place.user + " en " + place.server + ": ").value_or("");
+        terminal::ask_for_password("Contraseña de " + place.user + " en " + place.server + ": ").value_or("");
 }
 
 void speak_spanish(CLI::App& app)
@@ -147,7 +155,7 @@ void Options::flag_or_value(const char* name, bool& given, std::string& value, c
 
 void Options::flag(const char* name, bool& value, const char* help) { app_.add_flag(name, value, help); }
 
-int run_command_line(int argc, char** argv, const std::vector<std::unique_ptr<Command>>& commands)
+int run_command_line(std::vector<std::string> words, const std::vector<std::unique_ptr<Command>>& commands)
 {
     CLI::App app{description, "tolvex"};
     app.footer(connection_notes);
@@ -155,7 +163,7 @@ int run_command_line(int argc, char** argv, const std::vector<std::unique_ptr<Co
     app.fallthrough(); // connection options may stand before or after the command
     app.failure_message(usage_message);
     speak_spanish(app);
-    Place place;
+    Place place = place_of_environment();
     add_connection_options(app, place);
 
     int result = 0;
@@ -165,14 +173,16 @@ int run_command_line(int argc, char** argv, const std::vector<std::unique_ptr<Co
         Options options(*added);
         command->declare(options);
         added->callback([&app, &result, &place, order = command.get()] {
-            unsetenv(password_variable); // the programs that a command starts have no use for it
             if (order->needs_database()) ask_for_missing_password(app, place);
+            terminal::forget_environment(
+                password_variable); // programs that a command starts have no use for it
             result = order->run(place);
         });
     }
 
     try {
-        app.parse(argc, argv);
+        std::reverse(words.begin(), words.end()); // the library wants the last one first
+        app.parse(std::move(words));
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : wrong_usage;
     } catch (const std::exception& error) {

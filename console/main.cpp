@@ -1,5 +1,6 @@
 // The command-line program: the same operations as the classes, one command each.
 #include "console/command_line.hpp"
+#include "platform/terminal.hpp"
 
 int main(int argc, char** argv)
 {
@@ -20,5 +21,5 @@ int main(int argc, char** argv)
     commands.push_back(reporte_command());
     commands.push_back(imprime_command());
     commands.push_back(revisa_reporte_command());
-    return run_command_line(argc, argv, commands);
+    return run_command_line(tolvex::terminal::take(argc, argv), commands);
 }

@@ -1,11 +1,12 @@
 #include "console/progress_line.hpp"
 
+#include "platform/terminal.hpp"
+
 #include <fmt/core.h>
-#include <unistd.h>
 
 namespace tolvex::console {
 
-ProgressLine::ProgressLine(const char* unit) : unit_(unit), on_terminal_(isatty(STDERR_FILENO) != 0) {}
+ProgressLine::ProgressLine(const char* unit) : unit_(unit), on_terminal_(terminal::shows_errors()) {}
 
 void ProgressLine::show(std::size_t done, std::size_t all)
 {

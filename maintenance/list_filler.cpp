@@ -58,8 +58,7 @@ void LlenaLista(Session& session, FormView& view, TextView list, const Text& sql
         for (; !rows.eof(); rows.move_next()) view.add_row(list, row_of(rows));
     } catch (const std::exception& error) {
         // Deliberate: the blanks at the start.
-        show_message(u"      Un error ha Ocurrido - " + words_of(error), u"Seguridad",
-                     MessageIcon::critical);
+        show_message(u"      Un error ha Ocurrido - " + words_of(error), u"Seguridad", MessageIcon::critical);
     }
 }
 

@@ -146,7 +146,8 @@ build_once() {
 }
 
 install_packages cmake ninja-build gcc libc6-dev make perl xz-utils patch dpkg-dev tcl ca-certificates \
-    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix libz-mingw-w64-dev googletest
+    g++-mingw-w64-x86-64-posix g++-mingw-w64-i686-posix libz-mingw-w64-dev googletest \
+    libfmt-dev libcli11-dev libtomlplusplus-dev
 mkdir -p "$windows"
 rm -rf "$work"
 build_once build_sqlite compile_sqlite

@@ -2,7 +2,7 @@
 // seals verified with openssl.
 #include "console/command.hpp"
 #include "console/demo/demo_files.hpp"
-#include "console/demo/own_command.hpp"
+#include "console/master_data/registration.hpp"
 #include "console/output.hpp"
 #include "core/code_pages.hpp"
 #include "core/display_patterns.hpp"
@@ -15,6 +15,7 @@
 #include "platform/batch_runner.hpp"
 #include "platform/clock.hpp"
 #include "platform/files.hpp"
+#include "platform/given_answers.hpp"
 #include "printing/default_layout.hpp"
 #include "printing/document_report.hpp"
 #include "schema/sample_addenda.hpp"
@@ -155,27 +156,27 @@ void Demo::openssl(const std::vector<Text>& commands)
 void Demo::make_certificate()
 {
     if (files::exists(path(u"llave.key")) && files::exists(path(u"certificado.cer"))) return;
-    const Text plain_key = path(u"llave.tmp");
+    const Text plain_key = path(u"llave.tmp"), request = path(u"solicitud.tmp");
+    files::write(request, certificate_request);
     openssl({u"genrsa -out " + plain_key + u" 2048",
-             u"req -x509 -new -sha1 -key " + plain_key + u" -set_serial 0x" +
-                 serial_in_hex(certificate_number) +
-                 u" -days 1460 -subj \"/C=MX/O=Abarrotes La Esperanza/CN=Abarrotes La Esperanza\" -outform "
-                 u"DER -out " +
+             u"req -x509 -new -sha1 -config " + request + u" -key " + plain_key + u" -set_serial 0x" +
+                 serial_in_hex(certificate_number) + u" -days 1460 -outform DER -out " +
                  path(u"certificado.cer"),
              u"pkcs8 -topk8 -v1 PBE-SHA1-3DES -in " + plain_key + u" -outform DER -passout pass:" +
                  Text(key_password) + u" -out " + path(u"llave.key")});
     files::remove(plain_key);
+    files::remove(request);
     print_line(u"Llave y certificado " + Text(certificate_number) + u" hechos con openssl");
 }
 
 // As an installation script would: the master data from a file, the key's password typed by nobody.
 void Demo::register_master_data()
 {
-    disconnect();
-    if (run_own_command({"maestros", to_utf8(files::native_path(path(u"maestros.toml")))}, place_,
-                        to_utf8(key_password) + "\n") != 0)
-        throw invalid_call(u"No se pudieron registrar los datos maestros de la demostración");
-    connect(place_);
+    const Text file = path(u"maestros.toml");
+    {
+        const GivenAnswers answers(to_utf8(key_password) + "\n");
+        register_companies(read_entries(file), file);
+    }
     find_numbers();
     store_sample_addenda(shared_connection(session()));
     openssl({u"x509 -inform DER -in " + path(u"certificado.cer") + u" -out " + path(u"certificado.pem")});
@@ -271,7 +272,10 @@ public:
     int run(const Place& place) override
     {
         const Text path = files::absolute_path(to_text(folder_));
-        Demo(is_embedded(place) ? Place{"sqlite:", to_utf8(path) + "/tolvex.db", "", ""} : place, path).run();
+        Demo(is_embedded(place) ? Place{"sqlite:", to_utf8(files::native_path(path + u"\\tolvex.db")), "", ""}
+                                : place,
+             path)
+            .run();
         return 0;
     }
 

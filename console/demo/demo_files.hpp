@@ -101,4 +101,14 @@ telefono = "4737320000"
   hasta = 100000
 )";
 
+// Whom the certificate is for, as openssl reads it; it may have no settings of its own.
+inline constexpr const char* certificate_request = R"([req]
+prompt = no
+distinguished_name = emisor
+[emisor]
+C = MX
+O = Abarrotes La Esperanza
+CN = Abarrotes La Esperanza
+)";
+
 } // namespace tolvex::console

@@ -23,7 +23,8 @@ constexpr Reason reasons[] = {
     {u"no such function: %", u"No existe la función %"},
     {u"ambiguous column name: %", u"Más de una tabla tiene la columna %"},
     {u"table % has no column named %", u"La tabla % no tiene la columna %"},
-    {u"table % has % columns but % values were supplied", u"La tabla % tiene % columnas y se dieron % valores"},
+    {u"table % has % columns but % values were supplied",
+     u"La tabla % tiene % columnas y se dieron % valores"},
     {u"% values for % columns", u"Se dieron % valores para % columnas"},
     {u"wrong number of arguments to function %()", u"La función % lleva otro número de argumentos"},
     {u"misuse of aggregate: %()", u"La función de grupo % no puede ir ahí"},
@@ -48,13 +49,13 @@ std::optional<std::vector<TextView>> pieces(TextView pattern, TextView words)
     std::vector<TextView> found;
     for (;;) {
         const auto gap = pattern.find(u'%');
-        if (gap == TextView::npos)
-            return words == pattern ? std::optional(std::move(found)) : std::nullopt;
+        if (gap == TextView::npos) return words == pattern ? std::optional(std::move(found)) : std::nullopt;
         if (!words.starts_with(pattern.substr(0, gap))) return std::nullopt;
         words.remove_prefix(gap);
         pattern.remove_prefix(gap + 1);
         const TextView next = pattern.substr(0, pattern.find(u'%'));
-        const auto end = pattern == next ? words.size() - std::min(next.size(), words.size()) : words.find(next);
+        const auto end =
+            pattern == next ? words.size() - std::min(next.size(), words.size()) : words.find(next);
         if (end == TextView::npos) return std::nullopt;
         found.push_back(words.substr(0, end));
         words.remove_prefix(end);

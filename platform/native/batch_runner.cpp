@@ -5,7 +5,9 @@
 #include "platform/batch_lines.hpp"
 #include "platform/clock.hpp"
 #include "platform/files.hpp"
+#include "platform/given_answers.hpp"
 #include "platform/native/host_path.hpp"
+#include "platform/native/reason_of.hpp"
 
 #include <cerrno>
 #include <cstdlib>
@@ -51,10 +53,49 @@ public:
     {
         posix_spawn_file_actions_addopen(&actions_, descriptor, path.c_str(), flags, S_IRUSR | S_IWUSR);
     }
+    void take(int descriptor, int opened) { posix_spawn_file_actions_adddup2(&actions_, opened, descriptor); }
     const posix_spawn_file_actions_t* get() const { return &actions_; }
 
 private:
     posix_spawn_file_actions_t actions_;
+};
+
+// What a started program is beyond that.
+class Attributes
+{
+public:
+    Attributes() { posix_spawnattr_init(&attributes_); }
+    ~Attributes() { posix_spawnattr_destroy(&attributes_); }
+    Attributes(const Attributes&) = delete;
+
+    void without_terminal() { posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSID); }
+    const posix_spawnattr_t* get() const { return &attributes_; }
+
+private:
+    posix_spawnattr_t attributes_;
+};
+
+// What is written is in the pipe at once: answers are short.
+class Answers
+{
+public:
+    explicit Answers(const std::string& lines)
+    {
+        int ends[2];
+        if (pipe2(ends, O_CLOEXEC) != 0)
+            throw invalid_call(u"no se pudo contestar al programa: " + reason_of(errno));
+        output_ = ends[0];
+        const bool whole = ::write(ends[1], lines.data(), lines.size()) == static_cast<ssize_t>(lines.size());
+        close(ends[1]);
+        if (!whole) throw invalid_call(u"no se pudo contestar al programa");
+    }
+    ~Answers() { close(output_); }
+    Answers(const Answers&) = delete;
+
+    int output() const { return output_; }
+
+private:
+    int output_;
 };
 
 std::vector<std::string> host_words(const BatchCommand& command)
@@ -108,15 +149,16 @@ private:
     mode_t before_;
 };
 
-std::optional<pid_t> start(std::vector<std::string> words, const Redirections& files)
+std::optional<pid_t> start(std::vector<std::string> words, const Redirections& files,
+                           const Attributes& attributes = {})
 {
     std::vector<char*> arguments;
     for (std::string& word : words) arguments.push_back(word.data());
     arguments.push_back(nullptr);
     const PrivateFiles private_files;
     pid_t process = 0;
-    const int error = posix_spawnp(&process, arguments.front(), files.get(), nullptr, arguments.data(),
-                                   inherited_environment().data());
+    const int error = posix_spawnp(&process, arguments.front(), files.get(), attributes.get(),
+                                   arguments.data(), inherited_environment().data());
     return error == 0 ? std::optional(process) : std::nullopt;
 }
 
@@ -138,6 +180,25 @@ int wait_for(pid_t process)
     return WIFEXITED(status) ? WEXITSTATUS(status) : 128 + WTERMSIG(status);
 }
 
+std::optional<pid_t> start_with_answers(const std::vector<std::string>& words, Redirections& files,
+                                        const std::string& lines)
+{
+    const Answers answers(lines);
+    files.take(STDIN_FILENO, answers.output());
+    files.open(STDERR_FILENO, "/dev/null", O_WRONLY);
+    Attributes attributes;
+    attributes.without_terminal();
+    return start(words, files, attributes);
+}
+
+std::optional<pid_t> start_where_it_can_ask(const std::vector<std::string>& words, Redirections& files)
+{
+    if (const std::string* lines = GivenAnswers::current()) return start_with_answers(words, files, *lines);
+    std::optional<pid_t> process;
+    if (needs_window()) process = start_in_window(words, files);
+    return process ? process : start(words, files);
+}
+
 int run(const BatchCommand& command, WindowStyle style)
 {
     Redirections files;
@@ -149,9 +210,8 @@ int run(const BatchCommand& command, WindowStyle style)
         files.open(STDOUT_FILENO, host_word(command.output), O_WRONLY | O_CREAT | O_TRUNC);
 
     const std::vector<std::string> words = host_words(command);
-    std::optional<pid_t> process;
-    if (style == WindowStyle::visible && needs_window()) process = start_in_window(words, files);
-    if (!process) process = start(words, files);
+    const auto process =
+        style == WindowStyle::visible ? start_where_it_can_ask(words, files) : start(words, files);
     // As the command interpreter does, a program that cannot be started does not stop the lines after it.
     return process ? wait_for(*process) : command_not_found;
 }

@@ -155,7 +155,8 @@ void write_anew(TextView path, std::string_view bytes)
 void flush(TextView path)
 {
     const fs::path host = host_path(path);
-    if (const int error = flushed(host, O_RDONLY)) throw device_error(to_text(host.string()), reason_of(error));
+    if (const int error = flushed(host, O_RDONLY))
+        throw device_error(to_text(host.string()), reason_of(error));
 }
 
 std::unique_ptr<OutputFile> create(TextView path)

@@ -1,4 +1,4 @@
-// Runs batch files through the script host shell's Run, with wait-on-return.
+// Runs batch files through the script host shell's Run, with wait-on-return; for the command, their lines themselves.
 #include "platform/batch_runner.hpp"
 
 #include "core/errors.hpp"
@@ -6,6 +6,7 @@
 #include "platform/clock.hpp"
 #include "platform/files.hpp"
 #include "platform/last_line.hpp"
+#include "platform/windows/batch_programs.hpp"
 #include "platform/windows/windows.hpp"
 
 #include <algorithm>
@@ -123,19 +124,36 @@ bool is_readable(char16_t c)
            !unreadable;
 }
 
+int run_in_shell(const Text& path, const std::vector<BatchCommand>& commands, WindowStyle style)
+{
+    const std::int64_t start = milliseconds_running();
+    const int exit_code = run_and_wait(path, style);
+    for (const BatchCommand& command : commands)
+        log_program(command, exit_code, milliseconds_running() - start);
+    return exit_code;
+}
+
+int run_one_by_one(const std::vector<BatchCommand>& commands, WindowStyle style)
+{
+    int exit_code = 0;
+    for (const BatchCommand& command : commands) {
+        const std::int64_t start = milliseconds_running();
+        exit_code = run_in_console(command, style);
+        log_program(command, exit_code, milliseconds_running() - start);
+    }
+    return exit_code;
+}
+
 } // namespace
 
 int run_batch_file(TextView path, WindowStyle style)
 {
-    // Run itself would show a box for a missing file and say that it ran.
+    // The shell's Run itself would show a box for a missing file and say that it ran.
     const std::vector<BatchCommand> commands = parse_batch(from_console_bytes(files::read(path)));
     const WithheldPassword withheld;
-    const std::int64_t start = milliseconds_running();
-    const int exit_code = run_and_wait(files::native_path(path), style);
-    for (const BatchCommand& command : commands) {
-        log_program(command, exit_code, milliseconds_running() - start);
-        restore_line_feeds(encoded_seal(command));
-    }
+    const int exit_code = programs_run_in_console() ? run_one_by_one(commands, style)
+                                                    : run_in_shell(files::native_path(path), commands, style);
+    for (const BatchCommand& command : commands) restore_line_feeds(encoded_seal(command));
     return exit_code;
 }
 

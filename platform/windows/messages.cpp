@@ -1,5 +1,7 @@
 #include "platform/messages.hpp"
 
+#include "platform/terminal.hpp"
+#include "platform/windows/batch_programs.hpp"
 #include "platform/windows/component_call.hpp"
 #include "platform/windows/screen.hpp"
 #include "platform/windows/windows.hpp"
@@ -35,6 +37,7 @@ void write_to_event_log(const Message& message)
 
 MessageAnswer show_natively(const Message& message)
 {
+    if (programs_run_in_console()) return terminal::show(message);
     if (somebody_sees_windows()) {
         const Interlude until_it_is_read;
         const UINT style = static_cast<UINT>(message.icon) | static_cast<UINT>(message.buttons);

@@ -1,6 +1,8 @@
 #include "platform/windows/windows.hpp"
 
+#include <cwchar>
 #include <new>
+#include <string>
 
 namespace tolvex {
 
@@ -17,8 +19,9 @@ Text system_message(DWORD code)
     DWORD length = FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr, code,
                                   0, buffer, std::size(buffer), nullptr);
     while (length > 0 && buffer[length - 1] <= L' ') --length;
-    buffer[length] = L'\0';
-    return length > 0 ? from_wide(buffer) : u"código " + to_text(std::to_string(code));
+    if (length == 0)
+        length = static_cast<DWORD>(swprintf(buffer, std::size(buffer), L"código 0x%08lX", code));
+    return from_wide(std::wstring(buffer, length).c_str());
 }
 
 void check(HRESULT result, const char16_t* what)

@@ -117,9 +117,8 @@ TEST_F(EmbeddedFile, what_cannot_be_opened_is_named_with_the_reason)
     EXPECT_THAT(failure_of_opening(u"/proc/tolvex.db"),
                 HasSubstr("no hay permiso")); // for the superuser neither
     std::ofstream(folder_.path() / "nota.txt") << std::string(5000, 'x');
-    EXPECT_THAT(
-        failure_of_opening(folder_.file("nota.txt")),
-        HasSubstr("nota.txt: el archivo no es una base de datos; indique otro (SQLite 26)"));
+    EXPECT_THAT(failure_of_opening(folder_.file("nota.txt")),
+                HasSubstr("nota.txt: el archivo no es una base de datos; indique otro (SQLite 26)"));
 }
 
 TEST_F(EmbeddedFile, a_damaged_file_says_so)
@@ -151,8 +150,8 @@ TEST_F(EmbeddedFile, who_waits_too_long_for_another_writer_is_told_so)
     const auto start = std::chrono::steady_clock::now();
     const std::string busy = database_failure([&] { waiting.execute(add_document); });
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
-    EXPECT_THAT(busy, AllOf(HasSubstr("Año 2011.db: otro programa está escribiendo"),
-                            HasSubstr("(SQLite 5)")));
+    EXPECT_THAT(busy,
+                AllOf(HasSubstr("Año 2011.db: otro programa está escribiendo"), HasSubstr("(SQLite 5)")));
     writer.commit();
     waiting.execute(add_document);
     EXPECT_EQ(documents(waiting), 2);

@@ -184,8 +184,10 @@ TEST_F(EmbeddedStatements, what_is_wrong_comes_back_in_spanish)
         {u"", u""},
         {u"))((+ - case end , [ \"", u"Error: Error de sintaxis cerca de «)»"},
         {u"select 1 where '", u"Error: No se entiende «'»: quizá un texto entre apóstrofos no termina"},
-        {u"insert into FE_FOLIOS values(1,2)", u"Error: La tabla FE_FOLIOS tiene 12 columnas y se dieron 2 valores"},
-        {u"insert into FE_FOLIOS(nFolio,cNada) values(1,2)", u"Error: La tabla FE_FOLIOS no tiene la columna cNada"},
+        {u"insert into FE_FOLIOS values(1,2)",
+         u"Error: La tabla FE_FOLIOS tiene 14 columnas y se dieron 2 valores"},
+        {u"insert into FE_FOLIOS(nFolio,cNada) values(1,2)",
+         u"Error: La tabla FE_FOLIOS no tiene la columna cNada"},
         {u"select left('abc', -1)", u"Error: se pide un número negativo de caracteres de un texto"},
     });
     for (const Text sql : {u"select top", u"select a=", u"cast(", u"convert(int", u"delete", u"with (nolock",

@@ -43,6 +43,7 @@ prepare() {
     cp "$factura" "$work/factura.exe"
     cp "$rough_arithmetic" "$work/rough_arithmetic.exe"
     cp "$project"/examples/*script/factura.* "$here"/*.vbs "$here/documentos.txt" "$work/guiones/"
+    echo 'CreateObject("TOLVEX.GeneraDocto").GetDatosEmpresa "doce"' > "$work/guiones/argumento_malo.vbs"
     printf '%s\n' 'CANCELA|6|2011-12-31 00:00:00' 'BORRA|7' | cat "$here/documentos.txt" - > "$work/guiones/despues.txt"
     for folder in "$work"/guiones/*; do iconv -f UTF-8 -t CP1252 -o "$folder" <(cat "$folder"); done
 }
@@ -105,7 +106,8 @@ check() {
     expect "archivo plano" said openssl_2011 "A4,A5,NC2,A6,A00000777" "código 0"
     expect "con poca precisión" said rough_arithmetic "A4,A5,NC2,A6,A00000777" "como estaba" "código 0"
     expect "bitácora" logged 'LLAMADA ConfigFE.SetDatosConexion("", \*\*\*, ' 'PROGRAMA .*openssl dgst -sha1 ' \
-        'RESULTADO GeneraDocto.GeneraFacturaElectronica True vlnFactura="6" ' 'SQL update fe_folios set nultimofolio=6\\r'
+        'RESULTADO GeneraDocto.GeneraFacturaElectronica True vlnFactura="6" ' 'SQL update fe_folios set nultimofolio=6\\r' \
+        'LLAMADA GeneraDocto.GetDatosEmpresa ERROR en los argumentos: No coinciden los tipos: argumento vlnEmpresa'
     expect "lo mismo en las dos ediciones" same_documents nativa Facturación_Ñandú
     expect "todos los documentos" test "$(find "$windows/Facturas" -name '*.xml' | wc -l)" = 12
     expect "ningún archivo de trabajo" no_work_files

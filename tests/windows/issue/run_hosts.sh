@@ -37,6 +37,7 @@ run_script vbscript factura.vbs "$(station Facturación_Ñandú)"
 run_script jscript factura.js "$(station Facturación_Ñandú)" 00000120
 run cpp CP1252 windows "$work/factura.exe" "$(station Facturación_Ñandú)"
 TOLVEX_BITACORA="$(station bitacora.txt)" issue_documents Facturación_Ñandú despues.txt
+TOLVEX_BITACORA="$(station bitacora.txt)" run_script argumento_malo argumento_malo.vbs
 for folder in sin_openssl sin_llave "con blanco"; do run_script "$folder" factura.vbs "$(station "$folder")"; done
 run_script sin_carpeta factura.vbs "$(station no_existe)" "$(station sin_openssl)\\tolvex.db" sqlite:
 

@@ -1,11 +1,13 @@
-#include "platform/password.hpp"
+#include "platform/terminal.hpp"
 
+#include <algorithm>
 #include <csignal>
+#include <cstdlib>
 #include <fcntl.h>
 #include <termios.h>
 #include <unistd.h>
 
-namespace tolvex {
+namespace tolvex::terminal {
 
 namespace {
 
@@ -68,6 +70,21 @@ private:
 
 } // namespace
 
+// Texts are UTF-8 here anyway, and programs share the terminal.
+std::vector<std::string> take(int argc, char** argv) { return {argv + std::min(argc, 1), argv + argc}; }
+
+bool shows_errors() { return isatty(STDERR_FILENO) != 0; }
+
+bool takes_answers() { return isatty(STDIN_FILENO) != 0; }
+
+std::optional<std::string> environment(const char* variable)
+{
+    const char* value = std::getenv(variable);
+    return value ? std::optional<std::string>(value) : std::nullopt;
+}
+
+void forget_environment(const char* variable) { unsetenv(variable); }
+
 std::optional<std::string> ask_for_password(const std::string& question)
 {
     const SilentTerminal terminal;
@@ -78,4 +95,4 @@ std::optional<std::string> ask_for_password(const std::string& question)
     return password;
 }
 
-} // namespace tolvex
+} // namespace tolvex::terminal

@@ -1,9 +1,14 @@
-#include "platform/password.hpp"
+#include "platform/terminal.hpp"
 
 #include "core/text.hpp"
+#include "platform/windows/batch_programs.hpp"
 #include "platform/windows/windows.hpp"
 
-namespace tolvex {
+#include <shellapi.h>
+
+#include <cstdlib>
+
+namespace tolvex::terminal {
 
 namespace {
 
@@ -45,7 +50,47 @@ Text unseen_line(HANDLE input)
     return line.substr(0, line.find_first_of(u"\r\n"));
 }
 
+UINT code_page_before = 0;
+
+void give_code_page_back() { SetConsoleOutputCP(code_page_before); }
+
+bool is_terminal(DWORD file)
+{
+    DWORD mode = 0;
+    return GetConsoleMode(GetStdHandle(file), &mode) != 0;
+}
+
 } // namespace
+
+std::vector<std::string> take(int, char**)
+{
+    code_page_before = GetConsoleOutputCP();
+    if (code_page_before != 0 && SetConsoleOutputCP(CP_UTF8)) std::atexit(give_code_page_back);
+    run_programs_in_console();
+    static const ComponentsInUse for_good;
+    int count = 0;
+    wchar_t** words = CommandLineToArgvW(GetCommandLineW(), &count);
+    std::vector<std::string> given;
+    for (int i = 1; i < count; ++i) given.push_back(to_utf8(from_wide(words[i])));
+    LocalFree(words);
+    return given;
+}
+
+bool shows_errors() { return is_terminal(STD_ERROR_HANDLE); }
+
+bool takes_answers() { return is_terminal(STD_INPUT_HANDLE); }
+
+std::optional<std::string> environment(const char* variable)
+{
+    const Text name = to_text(variable);
+    const DWORD size = GetEnvironmentVariableW(wide(name), nullptr, 0);
+    if (size == 0) return {};
+    Text value(size, u'\0');
+    value.resize(GetEnvironmentVariableW(wide(name), wide(value), size));
+    return to_utf8(value);
+}
+
+void forget_environment(const char* variable) { SetEnvironmentVariableW(wide(to_text(variable)), nullptr); }
 
 std::optional<std::string> ask_for_password(const std::string& question)
 {
@@ -57,4 +102,4 @@ std::optional<std::string> ask_for_password(const std::string& question)
     return to_utf8(password);
 }
 
-} // namespace tolvex
+} // namespace tolvex::terminal

@@ -1,0 +1,31 @@
+// The terminal of a command-line program, and what it was told there.
+#pragma once
+
+#include "tolvex/messages.hpp"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace tolvex::terminal {
+
+// Makes this process a program of the terminal, at its start: what it prints there is UTF-8, its messages go there,
+// and the programs that it runs ask and answer there instead of in windows of their own. The words of the command
+// line after the program's name, in UTF-8.
+std::vector<std::string> take(int argc, char** argv);
+
+// Whether a person sees standard error; whether one types what is read from standard input.
+bool shows_errors();
+bool takes_answers();
+
+// A variable of the environment, in UTF-8. One that is forgotten is inherited by no program.
+std::optional<std::string> environment(const char* variable);
+void forget_environment(const char* variable);
+
+// Asks the question and reads a line without showing it; nothing where there is no terminal.
+std::optional<std::string> ask_for_password(const std::string& question);
+
+// Prints a message on standard error. Where nobody answers, the answer to a question is no.
+MessageAnswer show(const Message& message);
+
+} // namespace tolvex::terminal
