@@ -5,8 +5,9 @@
 
 namespace tolvex {
 
-// While it lives, programs that ask the user (WindowStyle::visible) read these lines from their standard input and
-// have no terminal to ask at, nor to complain on. One at a time; for programs of the terminal, never in a host.
+// While it lives, programs that ask the user (WindowStyle::visible) read these lines from their standard
+// input and have no terminal to ask at, nor to complain on. One at a time; for programs of the terminal,
+// never in a host.
 class GivenAnswers
 {
 public:

@@ -9,9 +9,9 @@
 
 namespace tolvex::terminal {
 
-// Makes this process a program of the terminal, at its start: what it prints there is UTF-8, its messages go there,
-// and the programs that it runs ask and answer there instead of in windows of their own. The words of the command
-// line after the program's name, in UTF-8.
+// Makes this process a program of the terminal, at its start: what it prints there is UTF-8, its messages go
+// there, and the programs that it runs ask and answer there instead of in windows of their own. The words of
+// the command line after the program's name, in UTF-8.
 std::vector<std::string> take(int argc, char** argv);
 
 // Whether a person sees standard error; whether one types what is read from standard input.

@@ -5,8 +5,8 @@
 
 namespace tolvex::embedded {
 
-// The engine's English text in Spanish: "near ")": syntax error" is "Error de sintaxis cerca de «)»". A text that
-// is not known here, such as one of our own functions, stays as it is.
+// The engine's English text in Spanish: "near ")": syntax error" is "Error de sintaxis cerca de «)»". A text
+// that is not known here, such as one of our own functions, stays as it is.
 Text reason_in_spanish(TextView words);
 
 } // namespace tolvex::embedded

@@ -91,8 +91,8 @@ Text in_quotes(const Text& word)
     return word.empty() || word.find_first_of(u" \t") != Text::npos ? u"\"" + word + u"\"" : word;
 }
 
-// A program that asks gets its answers where they come from; no other may take what is typed or piped to us, and
-// an interruption of ours does not reach it.
+// A program that asks gets its answers where they come from; no other may take what is typed or piped to us,
+// and an interruption of ours does not reach it.
 struct Start
 {
     File input, output, errors;

@@ -1,4 +1,5 @@
-// Runs batch files through the script host shell's Run, with wait-on-return; for the command, their lines themselves.
+// Runs batch files through the script host shell's Run, with wait-on-return; for the command, their lines
+// themselves.
 #include "platform/batch_runner.hpp"
 
 #include "core/errors.hpp"
