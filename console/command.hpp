@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -30,11 +31,23 @@ public:
     void option(const char* name, std::string& value, const char* help);
     void option(const char* name, std::int16_t& value, const char* help);
     void flag(const char* name, bool& value, const char* help);
+    // Any number of words by their place; one of the choices after an option.
+    void arguments(const char* name, std::vector<std::string>& values, const char* help);
+    void option(const char* name, std::string& value, const std::vector<std::string>& choices,
+                const char* help);
+    void option(const char* name, std::size_t& value, const char* help);
     // With or without a value after it.
     void flag_or_value(const char* name, bool& given, std::string& value, const char* help);
 
 private:
     CLI::App& app_;
+};
+
+// Words that do not make an order together: told like a badly written one. The reason is in Spanish.
+class WrongOrder : public std::runtime_error
+{
+public:
+    using std::runtime_error::runtime_error;
 };
 
 class Command

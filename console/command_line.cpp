@@ -76,7 +76,8 @@ void speak_spanish(CLI::App& app)
                                            {"REQUIRED", "(obligatorio)"},
                                            {"Env", "Entorno"},
                                            {"TEXT", "TEXTO"},
-                                           {"INT", "NÚMERO"}})
+                                           {"INT", "NÚMERO"},
+                                           {"UINT", "NÚMERO"}})
         formatter->label(english, spanish);
     formatter->column_width(32);
 }
@@ -87,6 +88,11 @@ std::string named(const std::string& message, const std::string& before, const s
     const auto start = message.find(before);
     const auto from = before.empty() || start == std::string::npos ? 0 : start + before.size();
     return message.substr(from, after.empty() ? std::string::npos : message.find(after, from) - from);
+}
+
+std::string with_hint(const std::string& reason)
+{
+    return "tolvex: " + reason + "\nVea «tolvex --help» o «tolvex ORDEN --help».\n";
 }
 
 // What is wrong with the command line, in Spanish.
@@ -107,7 +113,7 @@ std::string usage_message(const CLI::App*, const CLI::Error& error)
         reason = "no es uno de los valores posibles: " + named(message, ": ", " not in");
     else if (kind == CLI::ExitCodes::ArgumentMismatch)
         reason = "falta el valor de " + named(message, "", ":");
-    return "tolvex: " + reason + "\nVea «tolvex --help» o «tolvex ORDEN --help».\n";
+    return with_hint(reason);
 }
 
 } // namespace
@@ -155,6 +161,24 @@ void Options::flag_or_value(const char* name, bool& given, std::string& value, c
 
 void Options::flag(const char* name, bool& value, const char* help) { app_.add_flag(name, value, help); }
 
+void Options::arguments(const char* name, std::vector<std::string>& values, const char* help)
+{
+    app_.add_option(name, values, help)->option_text("...");
+}
+
+void Options::option(const char* name, std::string& value, const std::vector<std::string>& choices,
+                     const char* help)
+{
+    app_.add_option(name, value, help)
+        ->check(CLI::IsMember(choices))
+        ->option_text(CLI::detail::join(choices, "|"));
+}
+
+void Options::option(const char* name, std::size_t& value, const char* help)
+{
+    app_.add_option(name, value, help);
+}
+
 int run_command_line(std::vector<std::string> words, const std::vector<std::unique_ptr<Command>>& commands)
 {
     CLI::App app{description, "tolvex"};
@@ -185,6 +209,9 @@ int run_command_line(std::vector<std::string> words, const std::vector<std::uniq
         app.parse(std::move(words));
     } catch (const CLI::ParseError& error) {
         return app.exit(error) == 0 ? 0 : wrong_usage;
+    } catch (const WrongOrder& error) {
+        std::fputs(with_hint(error.what()).c_str(), stderr);
+        return wrong_usage;
     } catch (const std::exception& error) {
         say_error(error.what());
         return 1;

@@ -5,7 +5,14 @@
 
 namespace tolvex::console {
 
-void print_line(const Text& text) { fmt::print("{}\n", to_utf8(text)); }
+void print_line(const Text& text) { print_line(to_utf8(text)); }
+
+// At once: who reads must know what is done even if the program is killed.
+void print_line(const std::string& text)
+{
+    fmt::print("{}\n", text);
+    std::fflush(stdout);
+}
 
 void say_error(const std::string& reason) noexcept { std::fprintf(stderr, "tolvex: %s\n", reason.c_str()); }
 

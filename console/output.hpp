@@ -8,6 +8,7 @@
 namespace tolvex::console {
 
 void print_line(const Text& text);
+void print_line(const std::string& text);
 
 // Standard error itself may be full or gone.
 void say_error(const std::string& reason) noexcept;

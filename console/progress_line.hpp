@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 
 namespace tolvex::console {
 
@@ -18,6 +19,7 @@ private:
     static constexpr std::size_t none = 101;
     const char* const unit_;
     const bool on_terminal_;
+    const std::int64_t start_; // of the work, in milliseconds running
     std::size_t shown_ = none; // percent
 };
 

@@ -1,5 +1,5 @@
-// Text as bytes of one character each: the one-to-one form in which seals are made, and Windows code page
-// 1252, in which Mexican users' programs write.
+// Text as bytes of one character each: the one-to-one form in which seals are made, and the code pages in which
+// Mexican users' programs write, 1252 of Windows and 850 of DOS.
 #pragma once
 
 #include "tolvex/types.hpp"
@@ -13,6 +13,7 @@ Text text_of_bytes(std::string_view bytes);
 std::string bytes_of_text(TextView text);
 
 Text from_windows_1252(std::string_view bytes);
+Text from_code_page_850(std::string_view bytes);
 // Throws Error 5, which names the character, for one that the code page lacks.
 std::string to_windows_1252(TextView text);
 

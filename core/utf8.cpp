@@ -90,6 +90,13 @@ std::string to_utf8(TextView text)
     return bytes;
 }
 
+std::size_t utf8_length(std::string_view bytes)
+{
+    std::size_t position = 0;
+    char32_t c = 0;
+    return !bytes.empty() && next_code_point(bytes, position, c) ? position : 0;
+}
+
 bool is_valid_utf8(std::string_view bytes)
 {
     char32_t c = 0;

@@ -3,10 +3,11 @@
 #include "core/errors.hpp"
 #include "core/numbers.hpp"
 #include "core/text.hpp"
-#include "flat_file/lines.hpp"
+#include "flat_file/known_records.hpp"
 #include "flat_file/record.hpp"
 #include "issuing/issue.hpp"
-#include "issuing/master_data.hpp"
+#include "platform/clock.hpp"
+#include "platform/files.hpp"
 #include "platform/messages.hpp"
 #include "staging/addenda.hpp"
 #include "staging/header.hpp"
@@ -16,30 +17,22 @@ namespace tolvex {
 
 namespace {
 
-// The text without its last name and the separator before it.
-Text folder_of(const Text& path)
-{
-    const auto separator = path.find_last_of(u"\\/");
-    return separator == Text::npos ? Text(u".") : path.substr(0, separator);
-}
-
 // The records of one file, run one after the other.
 class FlatFile
 {
 public:
-    FlatFile(Session& session, const Text& path, const FlatFileEvents& events)
-        : session_(session), folder_(folder_of(path)), events_(events)
+    FlatFile(Session& session, const Text& folder, const FlatFileEvents& events)
+        : session_(session), folder_(folder), events_(events)
     {}
 
     void run(const Record& record);
     const std::vector<IssuedDocument>& issued() const { return issued_; }
+    // Whether the last record ended a document whose rows are all there: it must not be issued again.
+    bool is_past_a_document() const { return is_past_a_document_; }
 
 private:
-    void run_emisor(const Record& record);
     void run_cliente(const Record& record);
     void run_detalle(const Record& record);
-    void run_addenda(const Record& record);
-    void run_addendadet(const Record& record);
     void run_emite(const Record& record);
 
     Session& session_;
@@ -48,43 +41,29 @@ private:
     std::vector<IssuedDocument> issued_;
     bool has_issuer_ = false;
     bool has_receiver_ = false;
+    bool is_past_a_document_ = false;
 };
 
 void FlatFile::run(const Record& record)
 {
-    const Text name = record.name();
-    if (name == u"EMISOR") return run_emisor(record);
-    if (name == u"CLIENTE") return run_cliente(record);
-    if (name == u"DETALLE") return run_detalle(record);
-    if (name == u"ADDENDA") return run_addenda(record);
-    if (name == u"ADDENDADET") return run_addendadet(record);
-    if (name == u"EMITE") return run_emite(record);
-    throw wrong(u"no se conoce el registro \"" + name + u"\"");
-}
-
-// A load that trapped an error half-way still says True; here that counts as a failure.
-void require(bool loaded, const Text& what)
-{
-    if (!last_error().empty()) throw wrong(u"no se pudo cargar " + what + u": " + last_error());
-    if (!loaded) throw wrong(u"no existe " + what);
-}
-
-void FlatFile::run_emisor(const Record& record)
-{
-    record.expect_values(2, 2);
-    const std::int16_t nEmpresa = record.int16(1, u"nEmpresa");
-    const std::int16_t nSucursal = record.int16(2, u"nSucursal");
-    forget_error();
-    has_issuer_ = false;
-    require(load_company(session_, nEmpresa), u"la empresa " + decimal(nEmpresa));
-    require(load_branch(session_, nEmpresa, nSucursal), u"la sucursal " + decimal(nSucursal));
-    require(load_certificate(session_, nEmpresa), u"el certificado " + decimal(session_.gnCertificado));
-    has_issuer_ = true;
+    is_past_a_document_ = false;
+    if (record.is(u"EMISOR")) {
+        has_issuer_ = false;
+        load_issuer(session_, record.int16(1), record.int16(2));
+        has_issuer_ = true;
+    }
+    if (record.is(u"CLIENTE")) run_cliente(record);
+    if (record.is(u"DETALLE")) run_detalle(record);
+    if (record.is(u"ADDENDA"))
+        stage_addenda(session_, record.text(1), record.int16(2), record.int16(3), record.text(4));
+    if (record.is(u"ADDENDADET"))
+        stage_line_addenda(session_, record.int32(1), record.text(2), record.int16(3), record.int16(4),
+                           record.text(5));
+    if (record.is(u"EMITE")) run_emite(record);
 }
 
 void FlatFile::run_cliente(const Record& r)
 {
-    r.expect_values(19, 26);
     stage_header(session_, {.Rfc = r.text(1),
                             .Nombre = r.text(2),
                             .Calle = r.text(3),
@@ -96,18 +75,18 @@ void FlatFile::run_cliente(const Record& r)
                             .Municipio = r.text(9),
                             .Pais = r.text(10),
                             .CodigoPos = r.text(11),
-                            .Subtotal = r.amount_text(12, u"Subtotal"),
-                            .Descuento = r.amount_text(13, u"Descuento"),
-                            .Impuesto = r.amount_text(14, u"Impuesto"),
-                            .Total = r.amount_text(15, u"Total"),
-                            .FormaPago = r.int16(16, u"FormaPago"),
+                            .Subtotal = r.amount_text(12),
+                            .Descuento = r.amount_text(13),
+                            .Impuesto = r.amount_text(14),
+                            .Total = r.amount_text(15),
+                            .FormaPago = r.int16(16),
                             .ClaveFolio = trim(r.text(17)),
-                            .FechaHoraDocto = r.date(18, u"FechaHoraDocto"),
+                            .FechaHoraDocto = r.date(18),
                             .RutaDeArchivos = r.text(19, folder_),
-                            .IvaRet = r.amount(20, u"IvaRet", 0),
-                            .ISRRet = r.amount(21, u"ISRRet", 0),
+                            .IvaRet = r.amount(20, 0),
+                            .ISRRet = r.amount(21, 0),
                             .moneda = r.text(22, u"PESOS"),
-                            .Paridad = r.amount(23, u"Paridad", 1),
+                            .Paridad = r.amount(23, 1),
                             .vlDatoAdicional = r.text(24),
                             .vlDatoAdicional_2 = r.text(25),
                             .vlDatoAdicional_3 = r.text(26)});
@@ -118,56 +97,90 @@ void FlatFile::run_cliente(const Record& r)
 
 void FlatFile::run_detalle(const Record& r)
 {
-    r.expect_values(10, 10);
     stage_line(session_, {.FolioDocto = r.text(1),
                           .TipoDocumento = r.text(2),
                           .CveProducto = r.text(3),
                           .Producto = r.text(4),
-                          .Cantidad = r.amount(5, u"Cantidad"),
+                          .Cantidad = r.amount(5),
                           .Unidad = r.text(6),
-                          .PrecioSinIva = r.amount(7, u"PrecioSinIva"),
-                          .Iva = r.amount(8, u"Iva"),
-                          .Importe = r.amount(9, u"Importe"),
-                          .PorcIva = r.amount(10, u"PorcIva")});
-}
-
-void FlatFile::run_addenda(const Record& r)
-{
-    r.expect_values(3, 4);
-    stage_addenda(session_, r.text(1), r.int16(2, u"nRama"), r.int16(3, u"nPadre"), r.text(4));
-}
-
-void FlatFile::run_addendadet(const Record& r)
-{
-    r.expect_values(4, 5);
-    stage_line_addenda(session_, r.int32(1, u"nRenglon"), r.text(2), r.int16(3, u"nRama"),
-                       r.int16(4, u"nPadre"), r.text(5));
+                          .PrecioSinIva = r.amount(7),
+                          .Iva = r.amount(8),
+                          .Importe = r.amount(9),
+                          .PorcIva = r.amount(10)});
 }
 
 void FlatFile::run_emite(const Record& r)
 {
-    r.expect_values(0, 5);
     if (!has_issuer_) throw wrong(u"EMITE necesita antes un registro EMISOR");
     if (!has_receiver_) throw wrong(u"EMITE necesita antes un registro CLIENTE");
     IssueOptions options;
     options.discards_old_work_files = true;
-    options.CtrlFolioInterno = r.boolean(2, u"CtrlFolioInterno", options.CtrlFolioInterno);
-    options.vlTipoDocumento = trim(r.text(3, options.vlTipoDocumento));
-    if (!r.text(4).empty()) options.vlTasaDeIva = r.int16(4, u"vlTasaDeIva");
-    options.vlGeneraAddenda = r.boolean(5, u"vlGeneraAddenda", options.vlGeneraAddenda);
+    options.CtrlFolioInterno = r.boolean(2, options.CtrlFolioInterno);
+    options.vlTipoDocumento = r.document_kind(3);
+    options.vlTasaDeIva = r.int16(4, options.vlTasaDeIva);
+    options.vlGeneraAddenda = r.boolean(5, options.vlGeneraAddenda);
 
     Text vlnFactura = trim(r.text(1));
     forget_error();
+    const std::int64_t start = milliseconds_running();
     const IssueResult result = issue_document(session_, vlnFactura, options);
+    is_past_a_document_ = result.stored == Stored::wholly;
     if (result.stored != Stored::nothing && !result.issued) throw wrong(last_error());
     if (!result.issued) throw wrong(u"el documento no se emitió: " + last_error());
     has_receiver_ = false; // the next document begins with its own CLIENTE
-    issued_.push_back({session_.gSerie, vlnFactura, result.xml_path, last_error()});
+    issued_.push_back({session_.gSerie, vlnFactura, result.identifier, session_.gTotal, result.xml_path,
+                       last_error(), milliseconds_running() - start});
     if (events_.issued) events_.issued(issued_.back());
     // Issuing does not notice a failing openssl; a file must not go on with documents that nobody accepts.
     if (result.sello.empty())
         throw wrong(u"el documento se emitió con el sello vacío: revise openssl y pkey.key.pem en la carpeta "
                     u"de trabajo");
+}
+
+// The text without its last name and the separator before it.
+Text folder_of(const Text& path)
+{
+    const auto separator = path.find_last_of(u"\\/");
+    return separator == Text::npos ? Text(u".") : path.substr(0, separator);
+}
+
+// A message box holds no more.
+constexpr std::size_t most_shown = 20;
+
+Text faults_in_words(const Review& review, std::size_t most)
+{
+    std::vector<Text> texts;
+    for (const LineFinding& fault : review.faults)
+        if (texts.size() < most) texts.push_back(fault.in_words());
+    if (review.fault_count > texts.size())
+        texts.push_back(u"… y " + decimal(review.fault_count - texts.size()) + u" faltas más");
+    texts.push_back(u"No se emitió nada: corrija el archivo y emítalo otra vez.");
+    return join(texts, u"\n");
+}
+
+Text joined(const Text& folder, const Text& name)
+{
+    const bool ends = folder.empty() || folder.ends_with(u'\\') || folder.ends_with(u'/');
+    return ends ? folder + name : folder + u"\\" + name;
+}
+
+// What a host's file comes to: its documents, or what the message says.
+struct Outcome
+{
+    Text documents, message, error;
+};
+
+Outcome reviewed_and_issued(Session& session, const Text& path)
+{
+    const Lines lines(files::read(path));
+    const FlatFileOptions options = {.folder = folder_of(path)};
+    const Review review = review_flat_file(session, lines, options);
+    if (review.fault_count > 0)
+        return {{}, faults_in_words(review, most_shown), faults_in_words(review, Review::most_findings)};
+    const FlatFileResult result = issue_flat_file_records(session, lines, options, {});
+    if (result.failure.empty()) return {result.series_and_folios(), {}, {}};
+    const Text message = result.failure + u". " + result.progress();
+    return {result.series_and_folios(), message, message};
 }
 
 } // namespace
@@ -179,21 +192,40 @@ Text FlatFileResult::series_and_folios() const
     return join(list, u",");
 }
 
-FlatFileResult issue_flat_file_records(Session& session, const Text& path, const FlatFileEvents& events)
+Text FlatFileResult::progress() const
+{
+    const Text rest = u"; lo que falta comienza en la línea " + decimal(static_cast<std::int64_t>(next_line));
+    if (documents.empty()) return u"No se emitió ningún documento" + rest;
+    const Text last = documents.back().series + documents.back().folio;
+    if (documents.size() == 1) return u"Se emitió un documento, " + last + rest;
+    return u"Se emitieron " + decimal(static_cast<std::int64_t>(documents.size())) +
+           u" documentos, el último " + last + rest;
+}
+
+FlatFileResult issue_flat_file_records(Session& session, const Lines& lines, const FlatFileOptions& options,
+                                       const FlatFileEvents& events)
 {
     FlatFileResult result;
-    std::size_t line = 0;
-    FlatFile file(session, path, events);
+    FlatFile file(session, options.folder, events);
+    result.next_line = options.from_line;
+    std::size_t line = 1;
     try {
-        const std::vector<Text> lines = lines_of_file(path);
-        while (line < lines.size()) {
-            const Text& text = lines[line++];
-            if (!is_skipped(text)) file.run(Record(text));
-            if (events.line_done) events.line_done(line, lines.size());
+        for (; line <= lines.count(); ++line) {
+            if (const Text text = lines.text(line); counts(text, line, options)) {
+                Record record(text);
+                if (options.plain_text) record.make_plain();
+                file.run(record);
+                if (file.is_past_a_document()) {
+                    result.next_line = line + 1;
+                    if (line < lines.count() && events.must_stop && events.must_stop())
+                        throw wrong(u"se interrumpió después de este documento");
+                }
+            }
+            if (events.line_done) events.line_done(line, lines.count());
         }
     } catch (const std::exception& error) {
-        const Text place = line == 0 ? Text() : u"Línea " + decimal(static_cast<std::int64_t>(line)) + u": ";
-        result.failure = place + words_of(error);
+        result.failure = LineFinding{line, words_of(error)}.in_words();
+        if (file.is_past_a_document()) result.next_line = line + 1;
     }
     result.documents = file.issued();
     return result;
@@ -202,24 +234,22 @@ FlatFileResult issue_flat_file_records(Session& session, const Text& path, const
 Text issue_flat_file(Session& session, const Text& folder, const Text& name, const ConnectionData& data)
 {
     const std::shared_ptr<Connection> shared = session.gConexion;
-    const Text path = folder.empty() || folder.ends_with(u'\\') || folder.ends_with(u'/')
-                          ? folder + name
-                          : folder + u"\\" + name;
-    FlatFileResult result;
+    const Text path = joined(folder, name);
+    Outcome outcome;
     try {
         session.gConexion = std::make_shared<Connection>();
         open_connection(*session.gConexion, data);
         read_dates_as_year_month_day(*session.gConexion);
-        result = issue_flat_file_records(session, path, {});
+        outcome = reviewed_and_issued(session, path);
     } catch (const std::exception& error) {
-        result.failure = words_of(error);
+        outcome.message = outcome.error = words_of(error);
     }
     session.gConexion = shared;
-    if (!result.failure.empty()) {
-        remember_error(result.failure);
-        show_message(result.failure, u"Facturación Electronica", MessageIcon::exclamation);
+    if (!outcome.message.empty()) {
+        show_message(outcome.message, u"Facturación Electronica", MessageIcon::exclamation);
+        remember_error(outcome.error);
     }
-    return result.series_and_folios();
+    return outcome.documents;
 }
 
 } // namespace tolvex

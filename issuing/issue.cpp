@@ -40,7 +40,6 @@ private:
     bool load_folio_range();
     void take_turn();
     bool take_folio();
-    double folio_number() const;
     void seal();
     Text store();
     void remove_work_files();
@@ -61,14 +60,14 @@ IssueResult Issue::run()
     if (!load_folio_range()) return {};
     take_turn();
     if (options_.CtrlFolioInterno && !take_folio()) return {};
-    document_ = document_values(session_, folio_number(), options_);
+    document_ = document_values(session_, folio_number(vlnFactura_), options_);
     seal();
     const Text identifier = store();
     const Text xml_path = write_comprobante(session_, document_, identifier, options_.vlGeneraAddenda);
     if (xml_path.empty()) return {};
     remove_work_files();
     if (turn_->waited_in_vain()) remember_error(Text(without_a_turn));
-    return {true, document_.sello, xml_path, stored_};
+    return {true, document_.sello, identifier, xml_path, stored_};
 }
 
 bool Issue::fail(const Text& message, const Text& title, MessageIcon icon)
@@ -102,13 +101,6 @@ bool Issue::take_folio()
     connection().roll_back();
     return fail(u"No se pudo obtener folio de factura, favor de verificar", u"Facturación Electronica",
                 MessageIcon::information);
-}
-
-// Deliberate: the number starts at the first "0" of a zero-padded folio, so A00123 is 123 and 120 is 0.
-double Issue::folio_number() const
-{
-    const auto first_zero = vlnFactura_.find(u'0');
-    return std::floor(to_number(first_zero == Text::npos ? vlnFactura_ : vlnFactura_.substr(first_zero)));
 }
 
 void Issue::seal()
@@ -162,13 +154,19 @@ Text Issue::failure(const Text& reason) const
 
 } // namespace
 
+double folio_number(TextView folio)
+{
+    const auto first_zero = folio.find(u'0');
+    return std::floor(to_number(first_zero == TextView::npos ? folio : folio.substr(first_zero)));
+}
+
 IssueResult issue_document(Session& session, Text& vlnFactura, const IssueOptions& options)
 {
     Issue issue(session, vlnFactura, options);
     const IssueResult result = trapping(IssueResult(), [&] { return issue.run(); });
     if (result.issued) return result;
     remember_error(issue.failure(last_error()));
-    return {false, {}, {}, issue.stored()};
+    return {false, {}, {}, {}, issue.stored()};
 }
 
 } // namespace tolvex

@@ -205,7 +205,8 @@ void Demo::issue(const DemoFile& file)
 {
     const Text name = to_text(file.name);
     files::write(path(name), to_utf8(filled_in(file.content)));
-    const FlatFileResult result = issue_flat_file_records(session(), path(name), {});
+    const Lines lines(files::read(path(name)));
+    const FlatFileResult result = issue_flat_file_records(session(), lines, {.folder = folder_}, {});
     if (!result.failure.empty()) throw invalid_call(files::native_path(path(name)) + u": " + result.failure);
     for (const IssuedDocument& document : result.documents) {
         print_line(u"\n" + name + u": " + document.series + document.folio);

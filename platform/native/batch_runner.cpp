@@ -10,6 +10,7 @@
 #include "platform/native/reason_of.hpp"
 
 #include <cerrno>
+#include <csignal>
 #include <cstdlib>
 #include <fcntl.h>
 #include <mutex>
@@ -68,10 +69,26 @@ public:
     ~Attributes() { posix_spawnattr_destroy(&attributes_); }
     Attributes(const Attributes&) = delete;
 
-    void without_terminal() { posix_spawnattr_setflags(&attributes_, POSIX_SPAWN_SETSID); }
+    void without_terminal() { add(POSIX_SPAWN_SETSID); }
+    // Ctrl-C at the terminal, or the end of a service, is for us to heed.
+    void without_interruptions()
+    {
+        sigset_t blocked;
+        sigemptyset(&blocked);
+        for (const int signal : {SIGINT, SIGTERM}) sigaddset(&blocked, signal);
+        posix_spawnattr_setsigmask(&attributes_, &blocked);
+        add(POSIX_SPAWN_SETSIGMASK);
+    }
     const posix_spawnattr_t* get() const { return &attributes_; }
 
 private:
+    void add(int flag)
+    {
+        short flags = 0;
+        posix_spawnattr_getflags(&attributes_, &flags);
+        posix_spawnattr_setflags(&attributes_, static_cast<short>(flags | flag));
+    }
+
     posix_spawnattr_t attributes_;
 };
 
@@ -150,7 +167,7 @@ private:
 };
 
 std::optional<pid_t> start(std::vector<std::string> words, const Redirections& files,
-                           const Attributes& attributes = {})
+                           const Attributes& attributes = Attributes())
 {
     std::vector<char*> arguments;
     for (std::string& word : words) arguments.push_back(word.data());
@@ -210,8 +227,10 @@ int run(const BatchCommand& command, WindowStyle style)
         files.open(STDOUT_FILENO, host_word(command.output), O_WRONLY | O_CREAT | O_TRUNC);
 
     const std::vector<std::string> words = host_words(command);
-    const auto process =
-        style == WindowStyle::visible ? start_where_it_can_ask(words, files) : start(words, files);
+    Attributes attributes;
+    attributes.without_interruptions();
+    const auto process = style == WindowStyle::visible ? start_where_it_can_ask(words, files)
+                                                       : start(words, files, attributes);
     // As the command interpreter does, a program that cannot be started does not stop the lines after it.
     return process ? wait_for(*process) : command_not_found;
 }

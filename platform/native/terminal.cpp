@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
 #include <fcntl.h>
 #include <termios.h>
@@ -68,6 +69,19 @@ private:
     inline static termios before_{};
 };
 
+volatile std::sig_atomic_t interrupted = 0;
+
+void notice(int) { interrupted = 1; }
+
+void notice_interruptions()
+{
+    struct sigaction action
+    {};
+    action.sa_handler = notice;
+    action.sa_flags = static_cast<int>(SA_RESETHAND | SA_RESTART); // the second one ends the process
+    for (const int signal : {SIGINT, SIGTERM}) sigaction(signal, &action, nullptr);
+}
+
 } // namespace
 
 // Texts are UTF-8 here anyway, and programs share the terminal.
@@ -76,6 +90,20 @@ std::vector<std::string> take(int argc, char** argv) { return {argv + std::min(a
 bool shows_errors() { return isatty(STDERR_FILENO) != 0; }
 
 bool takes_answers() { return isatty(STDIN_FILENO) != 0; }
+
+std::string input()
+{
+    std::string bytes;
+    char buffer[65'536];
+    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, stdin)) bytes.append(buffer, count);
+    return bytes;
+}
+
+bool is_interrupted()
+{
+    static const bool is_noticing = (notice_interruptions(), true);
+    return is_noticing && interrupted != 0;
+}
 
 std::optional<std::string> environment(const char* variable)
 {

@@ -6,7 +6,15 @@
 
 #include <shellapi.h>
 
+#ifndef ENABLE_VIRTUAL_TERMINAL_PROCESSING
+#define ENABLE_VIRTUAL_TERMINAL_PROCESSING 4 // newer than the oldest Windows that we speak of
+#endif
+
+#include <atomic>
+#include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
+#include <io.h>
 
 namespace tolvex::terminal {
 
@@ -50,6 +58,10 @@ Text unseen_line(HANDLE input)
     return line.substr(0, line.find_first_of(u"\r\n"));
 }
 
+std::atomic<bool> interrupted = false;
+
+BOOL WINAPI notice(DWORD) { return !interrupted.exchange(true); }
+
 UINT code_page_before = 0;
 
 void give_code_page_back() { SetConsoleOutputCP(code_page_before); }
@@ -76,9 +88,30 @@ std::vector<std::string> take(int, char**)
     return given;
 }
 
-bool shows_errors() { return is_terminal(STD_ERROR_HANDLE); }
+// One that takes a line back, which old consoles do not.
+bool shows_errors()
+{
+    DWORD mode = 0;
+    const HANDLE errors = GetStdHandle(STD_ERROR_HANDLE);
+    return GetConsoleMode(errors, &mode) && SetConsoleMode(errors, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+}
 
 bool takes_answers() { return is_terminal(STD_INPUT_HANDLE); }
+
+std::string input()
+{
+    _setmode(_fileno(stdin), _O_BINARY);
+    std::string bytes;
+    char buffer[65'536];
+    while (const std::size_t count = std::fread(buffer, 1, sizeof buffer, stdin)) bytes.append(buffer, count);
+    return bytes;
+}
+
+bool is_interrupted()
+{
+    static const bool is_noticing = SetConsoleCtrlHandler(notice, TRUE) != 0;
+    return is_noticing && interrupted;
+}
 
 std::optional<std::string> environment(const char* variable)
 {

@@ -1,45 +1,11 @@
-#include "flat_file/flat_file.hpp"
+#include "flat_file/flat_file_station.hpp"
 
 #include "core/code_pages.hpp"
-#include "core/errors.hpp"
-#include "core/text.hpp"
-#include "support/station.hpp"
 
 namespace tolvex::testing {
 namespace {
 
-// The shortest good records; a document takes all four.
-const std::string emisor = "EMISOR|1|1\n";
-const std::string cliente =
-    "CLIENTE|PEGM800101AB1|María Peña|Niños Héroes|120||Del Valle||Distrito Federal|Benito Juárez"
-    "|México|03100|900|0|144|1044|1|1|2011-03-15 14:05:09|\n";
-const std::string detalle = "DETALLE|1|F|CAF-01|Café|5|KG|180|144|900|16\n";
-const std::string emite = "EMITE||1|Ingreso || 0 \n";
-const std::string document = cliente + detalle + emite;
-
-class FlatFile : public Station
-{
-protected:
-    Text issue_file(const std::string& bytes)
-    {
-        write_file(folder() / "ventas.txt", bytes);
-        messages.clear();
-        return genera_docto.GeneraFacturaElectronicaDesdeArchivoPlano(folder_text(), u"ventas.txt", u"", u"",
-                                                                      u"sqlite:", database_path());
-    }
-
-    // The file stops with a message that holds each of the texts.
-    void expect_stop(const std::string& bytes, const Text& issued, const std::vector<Text>& texts)
-    {
-        EXPECT_EQ(issue_file(bytes), issued) << bytes;
-        ASSERT_EQ(messages.size(), 1u) << bytes;
-        EXPECT_EQ(messages[0].title, u"Facturación Electronica");
-        EXPECT_EQ(last_error(), messages[0].text);
-        for (const Text& text : texts)
-            EXPECT_NE(messages[0].text.find(text), Text::npos)
-                << to_utf8(messages[0].text) << "\n lacks " << to_utf8(text);
-    }
-};
+using FlatFile = FlatFileStation;
 
 TEST_F(FlatFile, issues_its_documents_one_after_the_other)
 {
@@ -103,69 +69,22 @@ TEST_F(FlatFile, addenda_values_go_to_their_nodes)
               std::string::npos);
 }
 
-TEST_F(FlatFile, the_first_wrong_record_stops_it_with_its_line_and_reason)
+// The rest of the file begins after the last document whose rows are all there.
+TEST_F(FlatFile, a_document_that_fails_stops_it_and_what_was_issued_stays)
 {
-    const auto with = [](std::string record, const std::string& what, const std::string& instead) {
-        return record.replace(record.find(what), what.size(), instead);
-    };
-    const std::string receiver = emisor + cliente, line = receiver + detalle;
-    for (const auto& [bytes, reason] : std::initializer_list<std::pair<std::string, std::vector<Text>>>{
-             {"FACTURA|1\n", {u"Línea 1", u"FACTURA"}},
-             {"EMISOR|1\n", {u"EMISOR lleva 2 valores y trae 1"}},
-             {"EMISOR|uno|1\n", {u"nEmpresa", u"uno"}},
-             {"EMISOR|1.5|1\n", {u"nEmpresa"}},
-             {"EMISOR|40000|1\n", {u"nEmpresa"}},
-             {"\n# otra\nEMISOR|7|1\n", {u"Línea 3", u"empresa 7"}},
-             {"EMISOR|1|9\n", {u"sucursal 9"}},
-             {"EMISOR|1|2\n", {u"certificado 0"}},
-             {emisor + with(cliente, "|900|", "|novecientos|"), {u"Línea 2", u"Subtotal", u"novecientos"}},
-             {emisor + with(cliente, "|144|", "||"), {u"Impuesto"}},
-             {emisor + with(cliente, "|1044|1|", "|1044|uno|"), {u"FormaPago"}},
-             {emisor + with(cliente, "03-15", "02-29"), {u"FechaHoraDocto", u"2011-02-29"}},
-             {emisor + with(cliente, "09|\n", "09\n"), {u"CLIENTE lleva 19 a 26 valores y trae 18"}},
-             {emisor + with(cliente, "09|\n", "09||||||||x|y\n"), {u"CLIENTE", u"27"}},
-             {emisor + with(cliente, "09|\n", "09||mucho\n"), {u"IvaRet"}},
-             {receiver + with(detalle, "|5|", "|cinco|"), {u"Línea 3", u"Cantidad", u"cinco"}},
-             {receiver + with(detalle, "|5|", "|999999999999999999|"), {u"Cantidad"}},
-             {receiver + with(detalle, "|16\n", "\n"), {u"DETALLE lleva 10 valores y trae 9"}},
-             {receiver + "ADDENDA|X|2\n", {u"ADDENDA lleva 3 a 4 valores y trae 2"}},
-             {receiver + "ADDENDA|X|dos|1|v\n", {u"nRama"}},
-             {receiver + "ADDENDADET|3000000000|X|2|1|v\n", {u"nRenglon"}},
-             {line + "EMITE|1|si\n", {u"CtrlFolioInterno", u"si"}},
-             {line + "EMITE|1|1||dieciséis\n", {u"vlTasaDeIva"}},
-             {line + "EMITE|1|1|||1|1\n", {u"EMITE lleva 0 a 5 valores y trae 6"}},
-             {emisor + detalle + emite, {u"Línea 3", u"CLIENTE"}},
-             {document, {u"Línea 3", u"EMISOR"}}})
-        expect_stop(bytes, u"", reason);
-    EXPECT_EQ(count(u"FE_VENTAS_RESUMEN"), 0);
-}
-
-TEST_F(FlatFile, what_was_issued_before_the_stop_stays_and_the_result_tells_it)
-{
-    expect_stop(emisor + document + document + "DETALLE|mal\n" + document, u"A1,A2", {u"8"});
-    expect_stop(emisor + document + emite, u"A3",
-                {u"5", u"CLIENTE"}); // a document begins with its own CLIENTE
-    EXPECT_EQ(count(u"FE_VENTAS_RESUMEN"), 3);
-    EXPECT_EQ(counter(1).int32(), 3);
-}
-
-TEST_F(FlatFile, a_document_that_is_not_issued_stops_it_with_the_reason)
-{
-    expect_stop(emisor + document + cliente + detalle + "EMITE|A1\n" + document, u"A1",
-                {u"7", u"no se emitió"});
-    std::string quoted = document;
-    quoted.replace(quoted.find("María"), 6, "O'Hara");
-    expect_stop(emisor + quoted, u"", {u"4"});
-    std::filesystem::remove(folder() / "pkey.key.pem");
-    std::filesystem::remove_all(folder() / "Facturas");
-    write_file(folder() / "Facturas", "");
-    expect_stop(emisor + document, u"", {u"4", u"Facturas"});
-
-    std::string of_missing_range = document;
-    of_missing_range.replace(of_missing_range.find("|1|1|2011"), 9, "|1|9|2011");
-    EXPECT_EQ(issue_file(emisor + of_missing_range), u"");
-    ASSERT_EQ(messages.size(), 2u); // told by the issue, and again by the file
-    EXPECT_NE(messages[1].text.find(messages[0].text), Text::npos);
+    std::filesystem::create_directory(folder() / "otra");
+    std::filesystem::copy(folder() / "pkey.key.pem", folder() / "otra/pkey.key.pem");
+    write_file(folder() / "otra/Facturas", ""); // no folder: the XML cannot be written
+    std::string without_xml = document;
+    without_xml.replace(without_xml.find("09|\n"), 4, "09|" + (folder() / "otra").string() + "\n");
+    expect_stop(emisor + document + document + without_xml + document, u"A1,A2",
+                {u"Línea 10: El documento quedó guardado con el folio 3", u"Facturas",
+                 u"Se emitieron 2 documentos, el último A2; lo que falta comienza en la línea 11"});
+    execute(u"Delete From FE_FOLIOS Where nFolio=3");
+    change_schema(u"alter table FE_VENTAS_RESUMEN rename to otra");
+    expect_stop(emisor + document, u"",
+                {u"Línea 4", u"FE_VENTAS_RESUMEN",
+                 u"No se emitió ningún documento; lo que falta comienza en la línea 1"});
 }
 
 TEST_F(FlatFile, an_empty_seal_stops_it_after_the_document_that_has_it)
