@@ -1,4 +1,5 @@
 #include "console/command.hpp"
+#include "console/drop_folder.hpp"
 #include "console/issue_report.hpp"
 #include "console/output.hpp"
 #include "core/errors.hpp"
@@ -51,6 +52,10 @@ public:
             "Escribe en forma sencilla los signos – — “ ” ‘ ’ … •, con los que el sello no se comprueba");
         options.option("--codificacion", encoding_, {"utf-8", "windows-1252", "cp850"},
                        "Cómo leer las letras; si no se dice, se averigua");
+        options.option(
+            "--vigila", watched_,
+            "Carpeta cuyos archivos .txt se emiten conforme llegan; pasan a procesados o rechazados, con un "
+            "reporte al lado. Ctrl-C termina");
         options.flag("--json", as_json_, "Un objeto JSON por renglón: cada documento, cada falta");
         options.flag("--raiz-extendida", extended_root_,
                      "Escribe en el XML la raíz extendida, con folio y método de pago");
@@ -58,11 +63,25 @@ public:
 
     int run(const Place& place) override
     {
-        const std::vector<Text> names = all_files();
         terminal::is_interrupted(); // noticed from here on
-        connect(place);
         set_root_layout(extended_root_ ? RootLayout::extended : RootLayout::standard);
         IssueReport report(as_json_);
+        return watched_.empty() ? issue_all(place, report) : watch(place, report);
+    }
+
+private:
+    int watch(const Place& place, IssueReport& report) const
+    {
+        if (!given_.empty()) throw WrongOrder("--vigila no lleva ARCHIVO");
+        DropFolder(place, files::absolute_path(to_text(watched_)), options_, encoding(), report).run();
+        report.summarize();
+        return 0;
+    }
+
+    int issue_all(const Place& place, IssueReport& report) const
+    {
+        const std::vector<Text> names = all_files();
+        connect(place);
         bool all_well = true;
         for (const Text& name : names) {
             all_well = issue(name, report) && all_well;
@@ -74,7 +93,6 @@ public:
         return all_well ? 0 : 1;
     }
 
-private:
     std::vector<Text> all_files() const
     {
         if (given_.empty()) throw WrongOrder("falta ARCHIVO");
@@ -136,6 +154,7 @@ private:
                      IssueReport& report) const
     {
         const FlatFileEvents events = {
+            {},
             [&](const IssuedDocument& document) { report.issued(document); },
             [&](std::size_t line, std::size_t all) { report.line_done(line, all); },
             terminal::is_interrupted};
@@ -154,7 +173,7 @@ private:
 
     std::vector<std::string> given_;
     FlatFileOptions options_;
-    std::string encoding_;
+    std::string encoding_, watched_;
     bool only_reviews_ = false, as_json_ = false, extended_root_ = false;
 };
 

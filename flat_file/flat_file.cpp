@@ -25,7 +25,7 @@ public:
         : session_(session), folder_(folder), events_(events)
     {}
 
-    void run(const Record& record);
+    void run(const Record& record, std::size_t line);
     const std::vector<IssuedDocument>& issued() const { return issued_; }
     // Whether the last record ended a document whose rows are all there: it must not be issued again.
     bool is_past_a_document() const { return is_past_a_document_; }
@@ -33,7 +33,7 @@ public:
 private:
     void run_cliente(const Record& record);
     void run_detalle(const Record& record);
-    void run_emite(const Record& record);
+    void run_emite(const Record& record, std::size_t line);
 
     Session& session_;
     const Text folder_;
@@ -44,7 +44,7 @@ private:
     bool is_past_a_document_ = false;
 };
 
-void FlatFile::run(const Record& record)
+void FlatFile::run(const Record& record, std::size_t line)
 {
     is_past_a_document_ = false;
     if (record.is(u"EMISOR")) {
@@ -59,7 +59,7 @@ void FlatFile::run(const Record& record)
     if (record.is(u"ADDENDADET"))
         stage_line_addenda(session_, record.int32(1), record.text(2), record.int16(3), record.int16(4),
                            record.text(5));
-    if (record.is(u"EMITE")) run_emite(record);
+    if (record.is(u"EMITE")) run_emite(record, line);
 }
 
 void FlatFile::run_cliente(const Record& r)
@@ -109,7 +109,7 @@ void FlatFile::run_detalle(const Record& r)
                           .PorcIva = r.amount(10)});
 }
 
-void FlatFile::run_emite(const Record& r)
+void FlatFile::run_emite(const Record& r, std::size_t line)
 {
     if (!has_issuer_) throw wrong(u"EMITE necesita antes un registro EMISOR");
     if (!has_receiver_) throw wrong(u"EMITE necesita antes un registro CLIENTE");
@@ -121,6 +121,7 @@ void FlatFile::run_emite(const Record& r)
     options.vlGeneraAddenda = r.boolean(5, options.vlGeneraAddenda);
 
     Text vlnFactura = trim(r.text(1));
+    if (events_.begins) events_.begins(line);
     forget_error();
     const std::int64_t start = milliseconds_running();
     const IssueResult result = issue_document(session_, vlnFactura, options);
@@ -129,7 +130,7 @@ void FlatFile::run_emite(const Record& r)
     if (!result.issued) throw wrong(u"el documento no se emitió: " + last_error());
     has_receiver_ = false; // the next document begins with its own CLIENTE
     issued_.push_back({session_.gSerie, vlnFactura, result.identifier, session_.gTotal, result.xml_path,
-                       last_error(), milliseconds_running() - start});
+                       last_error(), milliseconds_running() - start, line});
     if (events_.issued) events_.issued(issued_.back());
     // Issuing does not notice a failing openssl; a file must not go on with documents that nobody accepts.
     if (result.sello.empty())
@@ -214,7 +215,7 @@ FlatFileResult issue_flat_file_records(Session& session, const Lines& lines, con
             if (const Text text = lines.text(line); counts(text, line, options)) {
                 Record record(text);
                 if (options.plain_text) record.make_plain();
-                file.run(record);
+                file.run(record, line);
                 if (file.is_past_a_document()) {
                     result.next_line = line + 1;
                     if (line < lines.count() && events.must_stop && events.must_stop())

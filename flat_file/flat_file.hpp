@@ -14,11 +14,13 @@ struct IssuedDocument
     Text xml_path; // as documented, with backslashes
     Text warning;  // what did not keep it from being issued; empty for nothing
     std::int64_t milliseconds;
+    std::size_t line; // of its EMITE
 };
 
 // What a caller may want to hear while a file is issued.
 struct FlatFileEvents
 {
+    std::function<void(std::size_t line)> begins; // a document, at its EMITE
     std::function<void(const IssuedDocument&)> issued;
     std::function<void(std::size_t line, std::size_t lines)> line_done;
     std::function<bool()> must_stop; // asked after each document

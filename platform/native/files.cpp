@@ -152,6 +152,19 @@ void write_anew(TextView path, std::string_view bytes)
     file.finish();
 }
 
+void append(TextView path, std::string_view bytes)
+{
+    const fs::path host = new_host_path(path);
+    const int descriptor = ::open(host.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0600);
+    if (descriptor < 0) throw path_error(to_text(host.string()), reason_of(errno));
+    const bool whole =
+        ::write(descriptor, bytes.data(), bytes.size()) == static_cast<ssize_t>(bytes.size()) &&
+        fsync(descriptor) == 0;
+    const int error = errno;
+    close(descriptor);
+    if (!whole) throw device_error(to_text(host.string()), reason_of(error));
+}
+
 void flush(TextView path)
 {
     const fs::path host = host_path(path);

@@ -126,6 +126,17 @@ void write_anew(TextView path, std::string_view bytes)
     file.finish();
 }
 
+void append(TextView path, std::string_view bytes)
+{
+    const Text host = native_path(path);
+    const File file(host, FILE_APPEND_DATA, OPEN_ALWAYS);
+    DWORD written = 0;
+    const auto size = static_cast<DWORD>(bytes.size());
+    if (!WriteFile(file.get(), bytes.data(), size, &written, nullptr) || written != size ||
+        !FlushFileBuffers(file.get()))
+        throw device_error(host, system_message(GetLastError()));
+}
+
 void flush(TextView path)
 {
     const Text host = native_path(path);

@@ -193,6 +193,27 @@ TEST_F(Command, emite_looks_a_file_over_first_and_goes_on_where_it_stopped)
     EXPECT_THAT(tolvex({"verifica", "--bd", database}).output, HasSubstr("no está bien: 0"));
 }
 
+TEST_F(Command, emite_issues_what_is_dropped_into_a_folder)
+{
+    demo();
+    const std::filesystem::path box = path() / "buzón";
+    std::filesystem::create_directory(box);
+    std::filesystem::copy(path() / "demo/pkey.key.pem", box / "pkey.key.pem");
+    std::filesystem::rename(path() / sales(2), box / "antes.txt"); // while nobody watched
+    const Outcome watched = in_shell(
+        TOLVEX_COMMAND " emite --vigila buzón --bd " + database +
+        " > salida & sleep 0.3; echo FACTURA > buzón/mal.txt; i=0; while [ ! -e buzón/procesados/antes.txt -o ! "
+        "-e buzón/rechazados/mal.txt ] && [ $((i += 1)) -lt 100 ]; do sleep 0.1; done; kill -INT $!; wait $!; "
+        "cat salida buzón/*/*.reporte.txt; ls buzón/en_proceso");
+    const std::string folder = (box / "Facturas").string();
+    EXPECT_EQ(watched.output, "Vigilando " + box.string() + "; Ctrl-C termina\n" +
+                                  "A4                  11.60  " + folder +
+                                  "/A4.xml\nA5                  11.60  " + folder + "/A5.xml\n" +
+                                  "A4  11.6  " + folder + "/A4.xml\nA5  11.6  " + folder + "/A5.xml\n" +
+                                  "Línea 1: no se conoce el registro \"FACTURA\"\nNo se emitió nada.\n");
+    EXPECT_THAT(watched.errors, HasSubstr("tolvex: mal.txt: Línea 1"));
+}
+
 // Each sale has one line, named as its customer.
 TEST_F(Command, ten_stations_in_one_folder_on_one_range_do_not_mix_their_documents)
 {
