@@ -1,0 +1,41 @@
+#include "console/nearest.hpp"
+
+#include <algorithm>
+#include <numeric>
+
+namespace tolvex::console {
+
+namespace {
+
+// Letters added, left out or changed (Levenshtein's distance).
+std::size_t distance(const std::string& a, const std::string& b)
+{
+    std::vector<std::size_t> row(b.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (std::size_t i = 1; i <= a.size(); ++i) {
+        std::size_t diagonal = row[0];
+        row[0] = i;
+        for (std::size_t j = 1; j <= b.size(); ++j) {
+            const std::size_t above = row[j];
+            row[j] = std::min({above + 1, row[j - 1] + 1, diagonal + (a[i - 1] == b[j - 1] ? 0 : 1)});
+            diagonal = above;
+        }
+    }
+    return row.back();
+}
+
+} // namespace
+
+std::string nearest(const std::string& word, const std::vector<std::string>& candidates)
+{
+    std::string found;
+    std::size_t fewest = std::max<std::size_t>(2, word.size() / 3) + 1;
+    for (const std::string& candidate : candidates)
+        if (const std::size_t changes = distance(word, candidate); changes < fewest) {
+            fewest = changes;
+            found = candidate;
+        }
+    return found;
+}
+
+} // namespace tolvex::console
