@@ -56,7 +56,7 @@ private:
         if constexpr (std::is_signed_v<Integer>)
             return -most <= units && units <= most;
         else
-            return units <= std::uint64_t{most};
+            return std::uint64_t{units} <= std::uint64_t{most};
     }
     [[noreturn]] static std::int64_t does_not_fit();
 
