@@ -9,7 +9,7 @@ namespace tolvex::automation {
 
 // Before a call: no error information.
 void begin_call() noexcept;
-// After a call that returned normally: an error that the method trapped is left as error information.
+// After a call that returned normally: what the method left as the last error is left as error information.
 void report_trapped(const Class& source);
 // Inside a catch block: the exception as a result code, with error information from "TOLVEX.<Class>".
 HRESULT report_exception(const Class& source) noexcept;
@@ -33,7 +33,6 @@ HRESULT call_system(const Class& source, Operation operation) noexcept
 {
     return guard(source, [&] {
         const ComponentCall call;
-        forget_error();
         operation();
         report_trapped(source);
     });

@@ -1,4 +1,4 @@
-#include "session/session.hpp"
+#include "classes/call.hpp"
 #include "staging/header.hpp"
 #include "tolvex/classes.hpp"
 
@@ -14,32 +14,32 @@ void Cliente::SetDatosClientes(const Text& Rfc, const Text& Nombre, const Text& 
                                const Text& vlDatoAdicional, const Text& vlDatoAdicional_2,
                                const Text& vlDatoAdicional_3)
 {
-    stage_header(session(), {Rfc,
-                             Nombre,
-                             Calle,
-                             NumeroExt,
-                             NumeroInt,
-                             Colonia,
-                             Localidad,
-                             Estado,
-                             Municipio,
-                             Pais,
-                             CodigoPos,
-                             Subtotal,
-                             Descuento,
-                             Impuesto,
-                             Total,
-                             FormaPago,
-                             ClaveFolio,
-                             FechaHoraDocto,
-                             RutaDeArchivos,
-                             IvaRet,
-                             ISRRet,
-                             moneda,
-                             Paridad,
-                             vlDatoAdicional,
-                             vlDatoAdicional_2,
-                             vlDatoAdicional_3});
+    stage_header(begin_call(), {Rfc,
+                                Nombre,
+                                Calle,
+                                NumeroExt,
+                                NumeroInt,
+                                Colonia,
+                                Localidad,
+                                Estado,
+                                Municipio,
+                                Pais,
+                                CodigoPos,
+                                Subtotal,
+                                Descuento,
+                                Impuesto,
+                                Total,
+                                FormaPago,
+                                ClaveFolio,
+                                FechaHoraDocto,
+                                RutaDeArchivos,
+                                IvaRet,
+                                ISRRet,
+                                moneda,
+                                Paridad,
+                                vlDatoAdicional,
+                                vlDatoAdicional_2,
+                                vlDatoAdicional_3});
 }
 
 } // namespace tolvex

@@ -1,3 +1,4 @@
+#include "classes/call.hpp"
 #include "session/opening.hpp"
 #include "tolvex/classes.hpp"
 
@@ -5,18 +6,18 @@ namespace tolvex {
 
 void ConfigFE::SetDatosConexion(const Text& UserBd, const Text& PswBd, const Text& Bd, const Text& ServerBd)
 {
-    keep_connection_data(session(), {UserBd, PswBd, Bd, ServerBd});
+    keep_connection_data(begin_call(), {UserBd, PswBd, Bd, ServerBd});
 }
 
 bool ConfigFE::AbrirConexion()
 {
-    open_shared_connection(session());
+    open_shared_connection(begin_call());
     return true;
 }
 
 bool ConfigFE::CierraConexion()
 {
-    shared_connection(session()).close();
+    shared_connection(begin_call()).close();
     return true;
 }
 

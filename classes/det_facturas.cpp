@@ -1,4 +1,4 @@
-#include "session/session.hpp"
+#include "classes/call.hpp"
 #include "staging/lines.hpp"
 #include "tolvex/classes.hpp"
 
@@ -8,10 +8,10 @@ void DetFacturas::SetDetalleDocto(const Text& FolioDocto, const Text& TipoDocume
                                   const Text& Producto, Currency Cantidad, const Text& Unidad,
                                   Currency PrecioSinIva, Currency Iva, Currency Importe, Currency PorcIva)
 {
-    stage_line(session(), {FolioDocto, TipoDocumento, CveProducto, Producto, Cantidad, Unidad, PrecioSinIva,
-                           Iva, Importe, PorcIva});
+    stage_line(begin_call(), {FolioDocto, TipoDocumento, CveProducto, Producto, Cantidad, Unidad,
+                              PrecioSinIva, Iva, Importe, PorcIva});
 }
 
-void DetFacturas::InicializaDetalleFactura() { empty_lines(session()); }
+void DetFacturas::InicializaDetalleFactura() { empty_lines(begin_call()); }
 
 } // namespace tolvex

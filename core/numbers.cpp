@@ -32,6 +32,8 @@ Integer nearest(double number)
 
 Currency::Currency(double units) : Currency(currency_of(decimal_of(units))) {}
 
+std::int64_t Currency::does_not_fit() { throw overflow(); }
+
 Text amount_as_text(Currency amount) { return shortest(decimal_of(amount)); }
 
 Text number_as_text(double number) { return shortest(decimal_of(number)); }

@@ -45,7 +45,7 @@ private:
     void remove_work_files();
 
     Connection& connection() { return shared_connection(session_); }
-    bool fail(const Text& message, const Text& title, MessageIcon icon);
+    bool fail(const Text& message, const Text& reason, const Text& title, MessageIcon icon);
 
     Session& session_;
     Text& vlnFactura_;
@@ -70,20 +70,24 @@ IssueResult Issue::run()
     return {true, document_.sello, identifier, xml_path, stored_};
 }
 
-bool Issue::fail(const Text& message, const Text& title, MessageIcon icon)
+// The message is the documented one; the last error tells the reason too.
+bool Issue::fail(const Text& message, const Text& reason, const Text& title, MessageIcon icon)
 {
     turn_.reset(); // nobody else has to wait until the message is read
-    remember_error(message);
+    remember_error(message + u": " + reason);
     show_message(message, title, icon);
     return false;
 }
 
 bool Issue::load_folio_range()
 {
-    if (fgCargaDatosFolio(session_, session_.gClaveFolio)) return true;
+    const Text& range = session_.gClaveFolio;
+    if (fgCargaDatosFolio(session_, range)) return true;
+    const Text reason = last_error(); // none when there is no such range
     return fail(u"No se pudo obtener los datos de los folios digitales para la empresa No " +
-                    decimal(session_.gnEmpresa) + u" y el Registro No. " + session_.gClaveFolio,
-                component_title, MessageIcon::none);
+                    decimal(session_.gnEmpresa) + u" y el Registro No. " + range,
+                reason.empty() ? u"no existe el rango de folios " + range : reason, component_title,
+                MessageIcon::none);
 }
 
 void Issue::take_turn()
@@ -99,8 +103,9 @@ bool Issue::take_folio()
     vlnFactura_ = u"0";
     if (next_folio_of_range(session_, session_.gClaveFolio, vlnFactura_)) return true;
     connection().roll_back();
-    return fail(u"No se pudo obtener folio de factura, favor de verificar", u"Facturación Electronica",
-                MessageIcon::information);
+    return fail(u"No se pudo obtener folio de factura, favor de verificar",
+                u"al rango de folios " + session_.gClaveFolio + u" ya no le quedan folios",
+                u"Facturación Electronica", MessageIcon::information);
 }
 
 void Issue::seal()

@@ -22,6 +22,7 @@ EMITE||1|ingreso|16|0
 )"},
     {"retenciones.txt",
      R"(# Honorarios en dólares, a crédito, con retenciones de ISR e IVA.
+# Con retenciones el sello no es el que la autoridad calcula del XML (docs/validacion.md).
 EMISOR|{EMISOR}
 CLIENTE|CON090807XY2|Consultoría Ñandú, S.A. de C.V.|Calle 5 de Mayo|8||Centro||Puebla|Puebla|México|72000|1000.00|0.00|160.00|953.33|2|{FACTURAS}|{FECHA}||106.67|100.00|DOLARES|12.7350|Orden de compra 4417
 DETALLE|2|F|HON-01|Honorarios por asesoría en computación|1|SERVICIO|1000.00|160.00|1000.00|16

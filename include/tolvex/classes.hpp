@@ -1,4 +1,5 @@
-// The six public classes.
+// The six public classes. Their objects hold nothing: all share the session of the process, also copies and
+// those that were moved from. Each call begins without a last error (last_error()).
 #pragma once
 
 #include "tolvex/types.hpp"
@@ -65,7 +66,7 @@ public:
 class TOLVEX_API GeneraDocto
 {
 public:
-    // Loads the branch and its certificate number; false when there is none or on an error.
+    // Loads the branch and its certificate number; false when there is none or on an error: see last_error().
     bool GetDatosSucursal(std::int16_t vlnEmpresa, std::int16_t vlnSucursal);
     // Loads the certificate that GetDatosSucursal named. True also after an error half-way: see last_error().
     bool GetDatosCertificado(std::int16_t vlnEmpresa);
@@ -74,9 +75,11 @@ public:
     // Issues the staged document: seal, database rows, XML file in RutaDeArchivos\Facturas, named by series
     // and the number that begins at the folio's first zero; an earlier file of that name moves to its folder
     // Anteriores. One at a time per database and working folder, waiting 15 seconds at most. True only when
-    // every step succeeded; last_error() tells how far it got. With CtrlFolioInterno the folio is taken from
-    // the range and written into vlnFactura. vlTipoDocumento "ingreso" (any case) is an invoice, anything
-    // else a credit note.
+    // every step succeeded; last_error() tells how far it got. What openssl does is not noticed: when it or
+    // the key fails, True comes with an empty seal or with one that an earlier failure left, so look at the
+    // stored one (FE_VENTAS_RESUMEN.cSelloDigital, "sello" in the XML). With CtrlFolioInterno the folio is
+    // taken from the range and written into vlnFactura. vlTipoDocumento "ingreso" (any case) is an invoice,
+    // anything else a credit note.
     bool GeneraFacturaElectronica(Text& vlnFactura, bool CtrlFolioInterno = false,
                                   const Text& vlTipoDocumento = u"ingreso", std::int16_t vlTasaDeIva = 16,
                                   bool vlGeneraAddenda = true);
@@ -90,10 +93,11 @@ public:
     void ImprimeDocuentoConVisor(const Text& FolioDocto, std::int16_t Empresa, std::int16_t Sucursal,
                                  bool NotadeCredito, const Text& vlArchivoReporte);
     // Marks a document as cancelled on the day of FechaCancelacion; true when the statement ran, also when no
-    // document has that folio.
+    // document has that folio, which last_error() tells.
     bool CancelaFacturaElectronica(const Text& FolioDocto, Date FechaCancelacion, std::int16_t Empresa,
                                    std::int16_t Sucursal, bool NotadeCredito = false);
-    // Deletes a document with its receiver and lines; true when the statements ran.
+    // Deletes a document with its receiver and lines; true when the statements ran, also when no document has
+    // that folio, which last_error() tells.
     bool BorraFacturaElectronica(std::int16_t Empresa, std::int16_t Sucursal, const Text& FolioDocto);
     // Next folio of the range Caja into FolioFactura ("0" and false when the range is used up or missing).
     // Throws Error when the database fails.

@@ -24,7 +24,8 @@ private:
     std::string what_;
 };
 
-// Description of the last error that a public operation trapped; empty before the first one.
+// What the last call did not throw: the description of the error that it trapped, or "No existe …" for a row
+// that it did not find. Empty after a call that met neither.
 TOLVEX_API Text last_error();
 
 } // namespace tolvex

@@ -1,9 +1,12 @@
 // The values that hosts exchange with the system: text, amounts, dates.
 #pragma once
 
+#include <concepts>
 #include <cstdint>
+#include <limits>
 #include <string>
 #include <string_view>
+#include <type_traits>
 
 // What the shared library shows to its hosts.
 #ifdef _WIN32
@@ -30,17 +33,33 @@ public:
     constexpr Currency() = default;
     // Nearest amount, ties to even. Throws Error 6 when it does not fit.
     Currency(double units);
-    Currency(int units) : scaled_(std::int64_t{units} * 10'000) {}
+    // Exact, from an integer of any width. Throws Error 6 when it does not fit.
+    template <std::integral Integer>
+    constexpr Currency(Integer units) : scaled_(fits(units) ? std::int64_t(units) * unit : does_not_fit())
+    {}
 
     // From the count of ten-thousandths.
     static constexpr Currency from_scaled(std::int64_t scaled) { return Currency(scaled, Exact{}); }
 
     constexpr std::int64_t scaled() const { return scaled_; }
-    double units() const { return static_cast<double>(scaled_) / 10'000; }
+    double units() const { return static_cast<double>(scaled_) / unit; }
 
     friend constexpr bool operator==(Currency, Currency) = default;
 
 private:
+    static constexpr std::int64_t unit = 10'000;
+
+    template <std::integral Integer>
+    static constexpr bool fits(Integer units)
+    {
+        constexpr std::int64_t most = std::numeric_limits<std::int64_t>::max() / unit;
+        if constexpr (std::is_signed_v<Integer>)
+            return -most <= units && units <= most;
+        else
+            return std::uint64_t{units} <= std::uint64_t{most};
+    }
+    [[noreturn]] static std::int64_t does_not_fit();
+
     struct Exact
     {};
     constexpr Currency(std::int64_t scaled, Exact) : scaled_(scaled) {}

@@ -2,6 +2,7 @@
 #include "core/code_pages.hpp"
 #include "core/text.hpp"
 #include "database/connection.hpp"
+#include "support/authority_check.hpp"
 #include "support/certificates.hpp"
 #include "support/files.hpp"
 #include "support/schema_change.hpp"
@@ -74,6 +75,14 @@ TEST_F(Command, demonstration_runs_again_and_again)
     }
     for (const char* name : {"A1", "A2", "A3", "NC1", "A4", "A5", "A6", "NC2"})
         EXPECT_TRUE(exists(path() / "prueba/Facturas" / (std::string(name) + ".xml"))) << name;
+}
+
+TEST_F(Command, demonstration_has_the_seals_that_the_authority_computes_but_with_withholdings)
+{
+    demo();
+    for (const auto& [name, verified] : {std::pair{"A1", true}, {"A2", false}, {"A3", true}, {"NC1", true}})
+        EXPECT_EQ(seal_verifies(read_file(path() / "demo/Facturas" / (std::string(name) + ".xml"))), verified)
+            << name;
 }
 
 TEST_F(Command, demonstration_stands_beside_companies_and_files_of_others)

@@ -50,6 +50,21 @@ TEST(ToCurrency, is_exact_and_ties_go_to_even)
     EXPECT_EQ(error_number([] { Currency(std::numeric_limits<double>::quiet_NaN()); }), numbers::overflow);
 }
 
+TEST(CurrencyOfInteger, is_exact_for_every_type_and_never_wraps)
+{
+    for (const Currency two :
+         {Currency(short{2}), Currency(2), Currency(2U), Currency(2L), Currency(2UL), Currency(2LL),
+          Currency(2ULL), Currency(std::int8_t{2}), Currency(std::uint16_t{2}), Currency(std::size_t{2})})
+        EXPECT_EQ(two.scaled(), 20'000);
+    constexpr std::int64_t most = largest / 10'000;
+    EXPECT_EQ(Currency(most).scaled(), most * 10'000);
+    EXPECT_EQ(Currency(-most).scaled(), -most * 10'000);
+    EXPECT_EQ(Currency(std::uint32_t{4'294'967'295}).scaled(), 42'949'672'950'000);
+    for (const std::int64_t units : {most + 1, -most - 1, largest, -largest - 1})
+        EXPECT_EQ(error_number([&] { Currency{units}; }), numbers::overflow) << units;
+    EXPECT_EQ(error_number([] { Currency(std::numeric_limits<std::uint64_t>::max()); }), numbers::overflow);
+}
+
 TEST(LeadingNumber, reads_as_far_as_it_can)
 {
     expect_all<Text, double>(leading_number, {{u"", 0}, {u" 12 abc", 12}, {u"1 2 3", 123}, {u"-4.5x", -4.5}});

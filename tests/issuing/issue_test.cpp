@@ -208,6 +208,7 @@ TEST_F(Issuing, a_missing_folio_range_is_told_and_nothing_is_written)
               (std::vector<Message>{{u"No se pudo obtener los datos de los folios digitales para la "
                                      u"empresa No 1 y el Registro No. 9",
                                      u"TOLVEX"}}));
+    EXPECT_EQ(last_error(), messages[0].text + u": no existe el rango de folios 9");
     EXPECT_EQ(stored_rows(), "0 0 0");
     EXPECT_EQ(work_files(), "");
 }
@@ -224,6 +225,7 @@ TEST_F(Issuing, a_used_up_range_is_told_and_rolls_the_hosts_open_transaction_bac
     EXPECT_EQ(folio, u"0");
     EXPECT_EQ(messages, (std::vector<Message>{{u"No se pudo obtener folio de factura, favor de verificar",
                                                u"Facturación Electronica", MessageIcon::information}}));
+    EXPECT_EQ(last_error(), messages[0].text + u": al rango de folios 3 ya no le quedan folios");
     EXPECT_EQ(count(u"FE_FOLIOS", u"cEsquema='x'"), 0);
     EXPECT_EQ(stored_rows(), "0 0 0");
     EXPECT_EQ(counter(3).int32(), 5);

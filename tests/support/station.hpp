@@ -28,7 +28,7 @@ struct Receiver
     std::int16_t FormaPago = 1;
     Text ClaveFolio = u"1";
     Date FechaHoraDocto = Date::of(2011, 3, 15, 14, 5, 9);
-    Text RutaDeArchivos; // the station's folder when empty
+    Text RutaDeArchivos = {}; // the station's folder when empty
     Currency IvaRet = 0, ISRRet = 0;
     Text moneda = u"PESOS";
     Currency Paridad = 1;
