@@ -10,6 +10,7 @@ int main(int argc, char** argv)
     commands.push_back(emite_command());
     commands.push_back(cancela_command());
     commands.push_back(borra_command());
+    commands.push_back(documentos_command());
     commands.push_back(xml_command());
     commands.push_back(verifica_command());
     commands.push_back(folio_command());

@@ -18,6 +18,9 @@ std::vector<std::string> take(int argc, char** argv);
 bool shows_errors();
 bool takes_answers();
 
+// From now on standard output takes bytes as they are, ends of lines too.
+void print_bytes();
+
 // A variable of the environment, in UTF-8. One that is forgotten is inherited by no program.
 std::optional<std::string> environment(const char* variable);
 void forget_environment(const char* variable);

@@ -77,6 +77,8 @@ bool shows_errors() { return isatty(STDERR_FILENO) != 0; }
 
 bool takes_answers() { return isatty(STDIN_FILENO) != 0; }
 
+void print_bytes() {}
+
 std::optional<std::string> environment(const char* variable)
 {
     const char* value = std::getenv(variable);

@@ -6,7 +6,10 @@
 
 #include <shellapi.h>
 
+#include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
+#include <io.h>
 
 namespace tolvex::terminal {
 
@@ -79,6 +82,8 @@ std::vector<std::string> take(int, char**)
 bool shows_errors() { return is_terminal(STD_ERROR_HANDLE); }
 
 bool takes_answers() { return is_terminal(STD_INPUT_HANDLE); }
+
+void print_bytes() { _setmode(_fileno(stdout), _O_BINARY); }
 
 std::optional<std::string> environment(const char* variable)
 {
