@@ -64,6 +64,7 @@ std::unique_ptr<Command> borra_command();
 std::unique_ptr<Command> documentos_command();
 std::unique_ptr<Command> xml_command();
 std::unique_ptr<Command> verifica_command();
+std::unique_ptr<Command> diagnostico_command();
 std::unique_ptr<Command> folio_command();
 std::unique_ptr<Command> esquema_command();
 std::unique_ptr<Command> conexion_command();

@@ -21,6 +21,7 @@ constexpr auto description =
     "  tolvex cancela 15 --empresa 1 --sucursal 1\n"
     "  tolvex documentos --desde 2011-03-01    lo emitido desde ese día\n"
     "  tolvex verifica                         revisa todo lo emitido\n"
+    "  tolvex diagnostico                      dice qué falta para poder emitir\n"
     "  tolvex xml 15 --empresa 1 --sucursal 1  escribe de nuevo el XML que falte";
 
 constexpr auto connection_notes =

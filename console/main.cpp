@@ -13,6 +13,7 @@ int main(int argc, char** argv)
     commands.push_back(documentos_command());
     commands.push_back(xml_command());
     commands.push_back(verifica_command());
+    commands.push_back(diagnostico_command());
     commands.push_back(folio_command());
     commands.push_back(esquema_command());
     commands.push_back(conexion_command());

@@ -394,7 +394,7 @@ void expect_spanish(const std::string& text)
 TEST_F(Command, help_is_in_spanish)
 {
     for (const char* command : {"demo", "emite", "cancela", "borra", "folio", "esquema", "conexion",
-                                "maestros", "certificado", "lista", "reporte", "documentos"}) {
+                                "maestros", "certificado", "lista", "reporte", "documentos", "diagnostico"}) {
         const Outcome help = tolvex({command, "--help"});
         EXPECT_EQ(help.exit_code, 0);
         EXPECT_THAT(help.output, HasSubstr("Uso: tolvex"));

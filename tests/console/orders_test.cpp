@@ -98,6 +98,7 @@ TEST_F(Orders, only_what_makes_a_shop_creates_its_database)
             << words[0];
         EXPECT_FALSE(exists(path() / "tolvex.db")) << words[0];
     }
+    EXPECT_THAT(tolvex({"diagnostico"}).output, StartsWith("MAL    base de datos: no existe "));
     EXPECT_EQ(tolvex({"esquema", "--crea"}).exit_code, 0);
     EXPECT_EQ(tolvex({"maestros", "tienda.toml", "--bd", "otra.db"}).exit_code, 0);
     EXPECT_TRUE(exists(path() / "tolvex.db") && exists(path() / "otra.db"));
