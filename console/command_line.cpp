@@ -33,7 +33,7 @@ constexpr int wrong_usage = 2;
 
 constexpr auto apostrophe_in_key = "no puede llevar apóstrofos";
 
-// Statements take keys between quotes as they are: an apostrophe would end them, and what follows would be SQL.
+// Statements take keys between quotes as they are: an apostrophe would end them, and what follows be SQL.
 std::string complaint_about_key(const std::string& key)
 {
     return key.find('\'') == std::string::npos ? "" : apostrophe_in_key;

@@ -6,7 +6,7 @@
 
 namespace tolvex {
 
-// Of a company and a branch, of all where they are 0; in the folder, or where each certificate was registered.
+// Of a company and a branch, of all where they are 0; in the folder, or in the one of each certificate.
 struct SoughtFiles
 {
     std::int16_t company = 0, branch = 0;

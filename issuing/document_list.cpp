@@ -9,7 +9,7 @@ namespace tolvex {
 
 namespace {
 
-constexpr int documents_at_a_time = 500;
+constexpr std::size_t documents_at_a_time = 500;
 
 ListedDocument listed(const Recordset& row)
 {
@@ -33,50 +33,57 @@ ListedDocument listed(const Recordset& row)
     return document;
 }
 
+// What stands after "Where", and the values of its "@name"s.
+struct Condition
+{
+    Text sql = u"1=1";
+    std::vector<NamedValue> values;
+
+    void require(TextView comparison, TextView name, Value value)
+    {
+        sql += u" And " + Text(comparison) + u"@" + Text(name);
+        values.push_back({Text(name), std::move(value)});
+    }
+};
+
+Condition condition_of(const DocumentFilter& filter)
+{
+    Condition condition;
+    if (filter.company != 0) condition.require(u"v.nEmpresa=", u"empresa", filter.company);
+    if (filter.branch != 0) condition.require(u"v.nSucursal=", u"sucursal", filter.branch);
+    if (filter.from) condition.require(u"v.dFecha>=", u"desde", Date{std::floor(filter.from->days)});
+    if (filter.to) condition.require(u"v.dFecha<", u"despues", Date{std::floor(filter.to->days) + 1});
+    if (!filter.serie.empty()) condition.require(u"v.cSerie=", u"serie", filter.serie);
+    if (!filter.folio.empty()) condition.require(u"v.cDocumento=", u"folio", filter.folio);
+    if (!filter.status.empty()) condition.require(u"v.cStatus=", u"estado", filter.status);
+    return condition;
+}
+
+Recordset rows_of(Connection& connection, const Condition& condition)
+{
+    return connection.query(
+        u"Select v.nEmpresa,v.nSucursal,v.cTipoDocumento,v.cSerie,v.cDocumento,v.dFecha"
+        u",c.cRfcCte,c.cNombreCte,v.nSubTotalDD,v.nIva,v.nTotal,v.cMoneda,v.cStatus,v.dFechaCan"
+        u" From FE_VENTAS_RESUMEN v(nolock) Left Join FE_ClienteFactura c(nolock) On c.nidFE=v.nID Where " +
+            condition.sql + u" Order By v.nID",
+        condition.values);
+}
+
 } // namespace
 
 DocumentList::DocumentList(Session& session, const DocumentFilter& filter)
-    : session_(session), receiver_(simplified(trim(filter.receiver)))
-{
-    const auto require = [&](bool asked, TextView condition, TextView name, const Value& value) {
-        if (!asked) return;
-        condition_ += u" And " + Text(condition) + u"@" + Text(name);
-        parameters_.push_back({Text(name), value});
-    };
-    require(filter.company != 0, u"v.nEmpresa=", u"empresa", filter.company);
-    require(filter.branch != 0, u"v.nSucursal=", u"sucursal", filter.branch);
-    if (filter.from) require(true, u"v.dFecha>=", u"desde", Date{std::floor(filter.from->days)});
-    if (filter.to) require(true, u"v.dFecha<", u"despues", Date{std::floor(filter.to->days) + 1});
-    require(!filter.serie.empty(), u"v.cSerie=", u"serie", filter.serie);
-    require(!filter.folio.empty(), u"v.cDocumento=", u"folio", filter.folio);
-    require(!filter.status.empty(), u"v.cStatus=", u"estado", filter.status);
-}
+    : receiver_(simplified(trim(filter.receiver))),
+      rows_(rows_of(shared_connection(session), condition_of(filter)))
+{}
 
 std::vector<ListedDocument> DocumentList::next()
 {
     std::vector<ListedDocument> documents;
-    while (documents.empty() && read_page(documents)) continue;
-    return documents;
-}
-
-// Whether there was one.
-bool DocumentList::read_page(std::vector<ListedDocument>& documents)
-{
-    std::vector<NamedValue> parameters = parameters_;
-    parameters.push_back({u"ultimo", last_});
-    const Text sql = u"Select top " + decimal(documents_at_a_time) +
-                     u" v.nID,v.nEmpresa,v.nSucursal,v.cTipoDocumento,v.cSerie,v.cDocumento,v.dFecha"
-                     u",c.cRfcCte,c.cNombreCte,v.nSubTotalDD,v.nIva,v.nTotal,v.cMoneda,v.cStatus,v.dFechaCan"
-                     u" From FE_VENTAS_RESUMEN v(nolock)"
-                     u" Left Join FE_ClienteFactura c(nolock) On c.nidFE=v.nID Where v.nID>@ultimo" +
-                     condition_ + u" Order By v.nID";
-    const std::int64_t before = last_;
-    for (Recordset rows = shared_connection(session_).query(sql, parameters); !rows.eof(); rows.move_next()) {
-        last_ = static_cast<std::int64_t>(rows[u"nID"].number());
-        ListedDocument document = listed(rows);
+    for (; !rows_.eof() && documents.size() < documents_at_a_time; rows_.move_next()) {
+        ListedDocument document = listed(rows_);
         if (is_for(document)) documents.push_back(std::move(document));
     }
-    return last_ != before;
+    return documents;
 }
 
 // Looked at here, since databases do not agree on which letters are alike.

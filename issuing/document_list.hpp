@@ -29,24 +29,21 @@ struct ListedDocument
     Text status, cancelled_on; // "yyyy-mm-dd"
 };
 
-// In the order in which they were issued, as many at a time as take little memory.
+// In the order in which they were issued, as many at a time as take little memory. While it lives, its result
+// set is open. All throw Error when the database fails.
 class DocumentList
 {
 public:
     DocumentList(Session& session, const DocumentFilter& filter);
 
-    // The next ones; none at the end. Throws Error when the database fails.
+    // The next ones; none at the end.
     std::vector<ListedDocument> next();
 
 private:
-    bool read_page(std::vector<ListedDocument>& documents);
     bool is_for(const ListedDocument& document) const;
 
-    Session& session_;
     const Text receiver_; // simplified
-    Text condition_;
-    std::vector<NamedValue> parameters_;
-    std::int64_t last_ = 0;
+    Recordset rows_;
 };
 
 } // namespace tolvex
