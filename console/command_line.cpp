@@ -158,7 +158,7 @@ void Options::key(const char* name, std::string& value, const char* help)
 void Options::choice(const char* name, std::string& value, const std::vector<std::string>& choices,
                      const char* help)
 {
-    app_.add_option(name, value, help)->required()->check(CLI::IsMember(choices))->type_name("");
+    app_.add_option(name, value, help)->required()->check(CLI::IsMember(choices))->type_name("TEXTO");
 }
 
 void Options::required(const char* name, std::int16_t& value, const char* help)
@@ -184,7 +184,7 @@ void Options::option(const char* name, std::int16_t& value, const char* help)
 void Options::option(const char* name, std::string& value, const std::vector<std::string>& choices,
                      const char* help)
 {
-    app_.add_option(name, value, help)->check(CLI::IsMember(choices))->type_name("");
+    app_.add_option(name, value, help)->check(CLI::IsMember(choices))->type_name("TEXTO");
 }
 
 void Options::flag_or_value(const char* name, bool& given, std::string& value, const char* help)

@@ -22,7 +22,7 @@ namespace {
 constexpr TextView masters = u"«tolvex maestros» o las ventanas de Maestros",
                    certify = u"«tolvex certificado» o la ventana de certificados";
 
-// Days before its end from which a certificate is told, where its row does not ask for more.
+// Before its end, from when on it is told.
 constexpr double days_of_warning = 30;
 
 class Diagnosis
@@ -177,11 +177,12 @@ void Diagnosis::look_at_validity(const Session& issuer, const Text& about)
     const double left = std::floor(issuer.gVigenciaHasta.days) - std::floor(today_.days);
     const Text renew = u"; registre el nuevo con " + Text(certify) + u" y asígnelo a la sucursal";
     if (today_.days < issuer.gVigenciaDesde.days)
-        return tell_(
-            {Verdict::wrong, about, number + u" vale hasta el " + from + u"; revise la fecha del equipo"});
+        return tell_({Verdict::wrong, about,
+                      number + u" vale a partir del " + from + u"; revise la fecha del equipo"});
     if (today_.days > issuer.gVigenciaHasta.days)
         return tell_({Verdict::wrong, about, number + u" caducó el " + until + renew});
-    const Text days = number + u" vence el " + until + u", en " + decimal(std::llround(left)) + u" días";
+    const Text days = number + u" vence el " + until + u", en " + decimal(std::llround(left)) +
+                      (left == 1 ? u" día" : u" días");
     if (left <= days_of_warning) return tell_({Verdict::warning, about, days + renew});
     tell_({Verdict::well, about, days});
 }

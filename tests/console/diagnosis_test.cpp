@@ -60,6 +60,8 @@ TEST_F(Diagnosis, names_what_keeps_a_shop_from_issuing)
              "sella con el certificado 7, que no se pudo leer completo: no existe"},
             {sql("update FE_CERTIFICADOS set dVigencia_Cert_Hasta=Null"),
              "sella con el certificado 1, que no se pudo leer completo: "},
+            {sql("update FE_CERTIFICADOS set dVigencia_Cert_Desde='2999-01-01'"),
+             "20001000000100005867 vale a partir del 2999-01-01; "},
             {sql("update FE_CERTIFICADOS set dVigencia_Cert_Hasta='2012-01-01'"),
              "20001000000100005867 caducó el 2012-01-01; "},
             {sql("update FE_CERTIFICADOS set dVigencia_Cert_Hasta=datetime('now','+5 days')"),
