@@ -1,6 +1,6 @@
+#include "console/given_day.hpp"
 #include "console/named_document.hpp"
 #include "console/output.hpp"
-#include "core/dates.hpp"
 #include "core/display_patterns.hpp"
 #include "platform/clock.hpp"
 #include "tolvex/errors.hpp"
@@ -24,11 +24,11 @@ public:
 
     int run(const Place& place) override
     {
+        const Date day = given_day("--fecha", date_).value_or(local_now());
         connect(place);
         const Text described = (credit_note_ ? u"nota de crédito " : u"factura ") + document_.described();
         if (count_documents(session(), document_.key(), credit_note_ ? u"N" : u"F") == 0)
             return fail(u"no existe la " + described);
-        const Date day = date_.empty() ? local_now() : to_date(to_text(date_));
         if (!cancel_document(session(), document_.key(), day, credit_note_))
             return fail(u"no se pudo cancelar: " + last_error());
         print_line(u"Cancelada la " + described + u" con fecha " + format(day, u"yyyy-mm-dd"));

@@ -34,7 +34,6 @@ public:
         const auto absolute = [](const std::string& path) { return files::absolute_path(to_text(path)); };
         const std::int16_t number = Registrar(session()).save_certificate(
             company_, entry, {absolute(certificate_), absolute(key_), absolute(folder_)});
-        disconnect();
         print_line(u"Certificado " + decimal(number) + u" de la empresa " + decimal(company_));
         return 0;
     }

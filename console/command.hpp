@@ -23,19 +23,21 @@ public:
 
     // Must be given: a word by its place, or a value after its option.
     void argument(const char* name, std::string& value, const char* help);
+    // The same for a key that goes into statements as it is: refused when it has an apostrophe.
+    void key(const char* name, std::string& value, const char* help);
     void choice(const char* name, std::string& value, const std::vector<std::string>& choices,
                 const char* help);
     void required(const char* name, std::int16_t& value, const char* help);
     void required(const char* name, std::string& value, const char* help);
+    // Any number of words by their place.
+    void arguments(const char* name, std::vector<std::string>& values, const char* help);
     // May be given; the help shows the value that stands otherwise.
     void option(const char* name, std::string& value, const char* help);
     void option(const char* name, std::int16_t& value, const char* help);
-    void flag(const char* name, bool& value, const char* help);
-    // Any number of words by their place; one of the choices after an option.
-    void arguments(const char* name, std::vector<std::string>& values, const char* help);
+    void option(const char* name, std::size_t& value, const char* help);
     void option(const char* name, std::string& value, const std::vector<std::string>& choices,
                 const char* help);
-    void option(const char* name, std::size_t& value, const char* help);
+    void flag(const char* name, bool& value, const char* help);
     // With or without a value after it.
     void flag_or_value(const char* name, bool& given, std::string& value, const char* help);
 
@@ -59,8 +61,10 @@ public:
     virtual void declare(Options&) {}
     // Whether what was asked for needs the database, and so a password.
     virtual bool needs_database() const { return true; }
+    // The options of the connection that say nothing to it, and so are refused.
+    virtual std::vector<std::string> refused_options(const Place&) const { return {}; }
     // Prints its result on standard output and gives the process's exit code: 0 on success, 1 when it failed
-    // and said why. Throws Error for what ends it unforeseen.
+    // and said why. Throws Error for what ends it unforeseen. The database is closed after it.
     virtual int run(const Place& place) = 0;
 };
 
@@ -68,8 +72,10 @@ std::unique_ptr<Command> demo_command();
 std::unique_ptr<Command> emite_command();
 std::unique_ptr<Command> cancela_command();
 std::unique_ptr<Command> borra_command();
+std::unique_ptr<Command> documentos_command();
 std::unique_ptr<Command> xml_command();
 std::unique_ptr<Command> verifica_command();
+std::unique_ptr<Command> diagnostico_command();
 std::unique_ptr<Command> folio_command();
 std::unique_ptr<Command> esquema_command();
 std::unique_ptr<Command> conexion_command();

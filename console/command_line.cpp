@@ -19,7 +19,9 @@ constexpr auto description =
     "  tolvex folio 1                          siguiente folio del rango 1\n"
     "  tolvex imprime 15 --empresa 1 --pdf     el documento en PDF\n"
     "  tolvex cancela 15 --empresa 1 --sucursal 1\n"
+    "  tolvex documentos --desde 2011-03-01    lo emitido desde ese día\n"
     "  tolvex verifica                         revisa todo lo emitido\n"
+    "  tolvex diagnostico                      dice qué falta para poder emitir\n"
     "  tolvex xml 15 --empresa 1 --sucursal 1  escribe de nuevo el XML que falte";
 
 constexpr auto connection_notes =
@@ -28,6 +30,14 @@ constexpr auto connection_notes =
     "Código de salida: 0 si todo salió bien, 1 si la operación falló, 2 si la orden está mal escrita.";
 
 constexpr int wrong_usage = 2;
+
+constexpr auto apostrophe_in_key = "no puede llevar apóstrofos";
+
+// Statements take keys between quotes as they are: an apostrophe would end them, and what follows be SQL.
+std::string complaint_about_key(const std::string& key)
+{
+    return key.find('\'') == std::string::npos ? "" : apostrophe_in_key;
+}
 
 void add_connection_options(CLI::App& app, Place& place)
 {
@@ -109,11 +119,34 @@ std::string usage_message(const CLI::App*, const CLI::Error& error)
         reason = "no se conoce o sobra: " + named(message, ": ", "");
     else if (kind == CLI::ExitCodes::ConversionError)
         reason = "no es un número válido: " + named(message, ": ", "");
+    else if (kind == CLI::ExitCodes::ValidationError && message.ends_with(apostrophe_in_key))
+        reason = message;
     else if (kind == CLI::ExitCodes::ValidationError)
         reason = "no es uno de los valores posibles: " + named(message, ": ", " not in");
     else if (kind == CLI::ExitCodes::ArgumentMismatch)
         reason = "falta el valor de " + named(message, "", ":");
     return with_hint(reason);
+}
+
+class ClosedAtEnd
+{
+public:
+    ClosedAtEnd() = default;
+    ~ClosedAtEnd() { disconnect(); }
+    ClosedAtEnd(const ClosedAtEnd&) = delete;
+};
+
+int run(Command& order, const CLI::App& app, Place& place)
+{
+    for (const std::string& option : order.refused_options(place))
+        if (app.get_option(option)->count() > 0) {
+            say_error("sobra " + option + ": no se usa con «" + order.name() + "»");
+            return wrong_usage;
+        }
+    if (order.needs_database()) ask_for_missing_password(app, place);
+    terminal::forget_environment(password_variable); // programs that a command starts have no use for it
+    const ClosedAtEnd closed_at_end;
+    return order.run(place);
 }
 
 } // namespace
@@ -123,10 +156,15 @@ void Options::argument(const char* name, std::string& value, const char* help)
     app_.add_option(name, value, help)->required();
 }
 
+void Options::key(const char* name, std::string& value, const char* help)
+{
+    app_.add_option(name, value, help)->required()->check(complaint_about_key, "");
+}
+
 void Options::choice(const char* name, std::string& value, const std::vector<std::string>& choices,
                      const char* help)
 {
-    app_.add_option(name, value, help)->required()->check(CLI::IsMember(choices));
+    app_.add_option(name, value, help)->required()->check(CLI::IsMember(choices))->type_name("TEXTO");
 }
 
 void Options::required(const char* name, std::int16_t& value, const char* help)
@@ -149,6 +187,12 @@ void Options::option(const char* name, std::int16_t& value, const char* help)
     app_.add_option(name, value, help);
 }
 
+void Options::option(const char* name, std::string& value, const std::vector<std::string>& choices,
+                     const char* help)
+{
+    app_.add_option(name, value, help)->check(CLI::IsMember(choices))->type_name("TEXTO");
+}
+
 void Options::flag_or_value(const char* name, bool& given, std::string& value, const char* help)
 {
     const auto take = [&given, &value](const CLI::results_t& results) {
@@ -164,14 +208,6 @@ void Options::flag(const char* name, bool& value, const char* help) { app_.add_f
 void Options::arguments(const char* name, std::vector<std::string>& values, const char* help)
 {
     app_.add_option(name, values, help)->option_text("...");
-}
-
-void Options::option(const char* name, std::string& value, const std::vector<std::string>& choices,
-                     const char* help)
-{
-    app_.add_option(name, value, help)
-        ->check(CLI::IsMember(choices))
-        ->option_text(CLI::detail::join(choices, "|"));
 }
 
 void Options::option(const char* name, std::size_t& value, const char* help)
@@ -196,12 +232,7 @@ int run_command_line(std::vector<std::string> words, const std::vector<std::uniq
         added->get_help_ptr()->group("Opciones"); // inherited before the options' group is
         Options options(*added);
         command->declare(options);
-        added->callback([&app, &result, &place, order = command.get()] {
-            if (order->needs_database()) ask_for_missing_password(app, place);
-            terminal::forget_environment(
-                password_variable); // programs that a command starts have no use for it
-            result = order->run(place);
-        });
+        added->callback([&, order = command.get()] { result = run(*order, app, place); });
     }
 
     try {

@@ -31,7 +31,7 @@ public:
             fmt::print("{}", to_utf8(schema_script()));
             return 0;
         }
-        connect(place);
+        connect_or_create(place);
         create_schema(shared_connection(session()));
         return report_schema(shared_connection(session())) ? 0 : 1;
     }

@@ -12,10 +12,7 @@ public:
     const char* name() const override { return "folio"; }
     const char* purpose() const override { return "Escribe el siguiente folio de un rango, sin tomarlo"; }
 
-    void declare(Options& options) override
-    {
-        options.argument("CLAVE", range_, "Número del rango de folios");
-    }
+    void declare(Options& options) override { options.key("CLAVE", range_, "Número del rango de folios"); }
 
     int run(const Place& place) override
     {

@@ -42,7 +42,7 @@ public:
 
     void declare(Options& options) override
     {
-        options.argument("FOLIO", folio_, "Folio del documento, como se emitió");
+        options.key("FOLIO", folio_, "Folio del documento, como se emitió");
         options.required("--empresa", company_, "Número de la empresa");
         options.option("--reporte", report_, "Formato RDL (si falta, el que trae el programa)");
         options.flag_or_value("--pdf", as_pdf_, pdf_, "Hace un PDF; sin nombre, FacturaElec_FOLIO.pdf");

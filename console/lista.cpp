@@ -40,7 +40,6 @@ public:
         const FormInMemory form(*picker);
         (json_ ? print_json : print_table)(form.columns(u"LstLQS3"), form.rows(u"LstLQS3"));
         if (kind_ == "certificados") warn_of_expiry(form.rows(u"LstLQS3"));
-        disconnect();
         return 0;
     }
 

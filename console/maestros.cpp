@@ -24,9 +24,8 @@ public:
     {
         const Text file = files::absolute_path(to_text(file_));
         const std::vector<CompanyEntry> companies = read_entries(file);
-        connect(place);
+        connect_or_create(place);
         register_companies(companies, file);
-        disconnect();
         return 0;
     }
 

@@ -10,8 +10,10 @@ int main(int argc, char** argv)
     commands.push_back(emite_command());
     commands.push_back(cancela_command());
     commands.push_back(borra_command());
+    commands.push_back(documentos_command());
     commands.push_back(xml_command());
     commands.push_back(verifica_command());
+    commands.push_back(diagnostico_command());
     commands.push_back(folio_command());
     commands.push_back(esquema_command());
     commands.push_back(conexion_command());

@@ -14,7 +14,7 @@ struct NamedDocument
 
     void declare(Options& options)
     {
-        options.argument("FOLIO", folio, "Folio del documento, como se emitió");
+        options.key("FOLIO", folio, "Folio del documento, como se emitió");
         options.required("--empresa", company, "Número de la empresa");
         options.required("--sucursal", branch, "Número de la sucursal");
     }

@@ -3,14 +3,28 @@
 #include "core/errors.hpp"
 #include "core/numbers.hpp"
 #include "maintenance/records.hpp"
+#include "platform/files.hpp"
 
 namespace tolvex::console {
+
+namespace {
+
+Error no_database(const Text& file)
+{
+    return {numbers::file_not_found,
+            u"no existe la base de datos " + files::absolute_path(file) +
+                u"; indique su archivo con --bd, o créela con «tolvex esquema --crea» o «tolvex maestros»"};
+}
+
+} // namespace
 
 bool is_embedded(const Place& place) { return place.server == Place().server; }
 
 ConnectionData connection_data(const Place& place)
 {
-    return {to_text(place.user), to_text(place.password), to_text(place.database), to_text(place.server)};
+    const Text database = to_text(place.database);
+    return {to_text(place.user), to_text(place.password),
+            is_embedded(place) ? files::native_path(database) : database, to_text(place.server)};
 }
 
 std::string options_of(const Place& place)
@@ -21,6 +35,13 @@ std::string options_of(const Place& place)
 }
 
 void connect(const Place& place)
+{
+    const Text file = connection_data(place).database;
+    if (is_embedded(place) && !files::exists(file)) throw no_database(file);
+    connect_or_create(place);
+}
+
+void connect_or_create(const Place& place)
 {
     keep_connection_data(session(), connection_data(place));
     open_shared_connection(session());

@@ -23,8 +23,11 @@ ConnectionData connection_data(const Place& place);
 // As the user says it again, but for the password.
 std::string options_of(const Place& place);
 
-// Opens the shared connection. Throws Error with the driver's description.
+// Opens the shared connection. Throws Error with the driver's description, Error 53 for an embedded database
+// whose file is not there.
 void connect(const Place& place);
+// The same for what makes a shop's first data: a missing file is made.
+void connect_or_create(const Place& place);
 // The same, for a company that must be there: else throws Error 5 with its number.
 void connect(const Place& place, std::int16_t company);
 void disconnect();

@@ -39,7 +39,6 @@ public:
         if (!write_monthly_report(shared_connection(session()), month, path))
             return fail(u"no hay documentos de la empresa " + decimal(company_) + u" en " + month.month +
                         u"/" + month.year);
-        disconnect();
         print_line(files::native_path(path));
         return 0;
     }

@@ -12,15 +12,9 @@ namespace tolvex::console {
 
 namespace {
 
-std::vector<std::size_t> widths_of(const std::vector<ListColumn>& columns, const std::vector<ListRow>& rows)
+void widen(std::vector<std::size_t>& widths, const ListRow& row)
 {
-    std::vector<std::size_t> widths;
-    for (std::size_t i = 0; i < columns.size(); ++i) {
-        std::size_t width = columns[i].caption.size();
-        for (const ListRow& row : rows) width = std::max(width, row[i].size());
-        widths.push_back(width);
-    }
-    return widths;
+    for (std::size_t i = 0; i < row.size(); ++i) widths[i] = std::max(widths[i], row[i].size());
 }
 
 // Two blanks between columns, none at the end of the line.
@@ -39,11 +33,19 @@ void print_row(const std::vector<ListColumn>& columns, const std::vector<std::si
 
 void print_table(const std::vector<ListColumn>& columns, const std::vector<ListRow>& rows)
 {
-    const std::vector<std::size_t> widths = widths_of(columns, rows);
+    GrowingTable(columns).print(rows);
+}
+
+void GrowingTable::print(const std::vector<ListRow>& rows)
+{
+    const bool first = widths_.empty();
     ListRow captions;
-    for (const ListColumn& column : columns) captions.push_back(column.caption);
-    print_row(columns, widths, captions);
-    for (const ListRow& row : rows) print_row(columns, widths, row);
+    for (const ListColumn& column : columns_) captions.push_back(column.caption);
+    widths_.resize(columns_.size());
+    widen(widths_, captions);
+    for (const ListRow& row : rows) widen(widths_, row);
+    if (first) print_row(columns_, widths_, captions);
+    for (const ListRow& row : rows) print_row(columns_, widths_, row);
 }
 
 void print_json(const std::vector<ListColumn>& columns, const std::vector<ListRow>& rows)

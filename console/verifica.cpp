@@ -1,7 +1,7 @@
 #include "console/command.hpp"
+#include "console/given_day.hpp"
 #include "console/output.hpp"
 #include "console/progress_line.hpp"
-#include "core/dates.hpp"
 #include "core/numbers.hpp"
 #include "platform/files.hpp"
 #include "tolvex/stored_documents.hpp"
@@ -20,12 +20,6 @@ Text in_words(const Finding& finding, const Text& options)
                  decimal(finding.company) + u", sucursal " + decimal(finding.branch) + u": ";
     return place + finding.what + u"; " + finding.remedy +
            (finding.command.empty() ? Text() : u": " + finding.command + options);
-}
-
-std::optional<Date> day(const std::string& given)
-{
-    if (given.empty()) return {};
-    return to_date(to_text(given));
 }
 
 class Verifica : public Command
@@ -53,7 +47,6 @@ public:
         else
             connect(place);
         const VerificationSummary summary = verify(place);
-        disconnect();
         print_line(u"Documentos revisados: " + decimal(summary.documents) + u"; no está bien: " +
                    decimal(summary.findings));
         if (summary.with_former_issuer > 0)
@@ -66,7 +59,7 @@ private:
     VerificationSummary verify(const Place& place) const
     {
         const Text options = to_text(options_of(place) + (folder_.empty() ? "" : " --carpeta " + folder_));
-        VerifiedRange range{company_, day(from_), day(to_), u""};
+        VerifiedRange range{company_, given_day("--desde", from_), given_day("--hasta", to_), u""};
         if (!folder_.empty()) range.folder = files::absolute_path(to_text(folder_));
         ProgressLine progress("documento");
         const auto found = [&](const Finding& finding) {

@@ -34,7 +34,6 @@ public:
         const Text folder = folder_.empty() ? Text() : files::absolute_path(to_text(folder_));
         const DocumentKey key = document_.key();
         const RewrittenXml xml = write_xml(key.folio, key.company, key.branch, credit_note_, folder);
-        disconnect();
         print_line(files::native_path(xml.path));
         if (xml.was_there) say_warning(u"ya estaba y dice lo que se guardó; no se tocó");
         if (xml.without_addenda)

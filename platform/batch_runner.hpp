@@ -17,6 +17,10 @@ enum class WindowStyle
 // file.
 int run_batch_file(TextView path, WindowStyle style = WindowStyle::unset);
 
+// The file of the program that a line of a batch file with that first word runs in a program of the terminal;
+// empty when there is none.
+Text program_of_batch(TextView word);
+
 // Throws Error 5, with the reason, for a folder that a batch file cannot name on this host: its paths are not
 // quoted, so a blank would end them and what stands before it be run or written.
 void require_batch_folder(TextView folder);

@@ -50,6 +50,9 @@ public:
 // Replaces the file. Throws Error 75 when it cannot be opened.
 std::unique_ptr<OutputFile> create(TextView path);
 
+// Bytes that a folder's disk still takes from us. Throws Error 75 when it cannot be told.
+std::uint64_t free_space(TextView folder);
+
 // Only its owner may read and write it from then on, where files tell their owner by themselves. Throws Error
 // 75.
 void keep_private(TextView path);

@@ -25,6 +25,9 @@ std::string input();
 // again, they end it. Whether one has come.
 bool is_interrupted();
 
+// From now on standard output takes bytes as they are, ends of lines too.
+void print_bytes();
+
 // A variable of the environment, in UTF-8. One that is forgotten is inherited by no program.
 std::optional<std::string> environment(const char* variable);
 void forget_environment(const char* variable);

@@ -12,15 +12,6 @@ namespace tolvex {
 
 namespace {
 
-// What keeps the company from being loaded whole.
-Text company_fault(Session& session, std::int16_t company)
-{
-    forget_error();
-    if (!load_company(session, company)) return u"no existe la empresa " + decimal(company);
-    if (last_error().empty()) return {};
-    return u"los datos de la empresa " + decimal(company) + u" no se pudieron leer: " + last_error();
-}
-
 std::shared_ptr<const Certificate> read_certificate(const Text& text)
 {
     return trapping(std::shared_ptr<const Certificate>(), [&] {
@@ -48,6 +39,14 @@ void load_registered_certificate(Issuer& issuer, std::int16_t company, const Tex
 }
 
 } // namespace
+
+Text company_fault(Session& session, std::int16_t company)
+{
+    forget_error();
+    if (!load_company(session, company)) return u"no existe la empresa " + decimal(company);
+    if (last_error().empty()) return {};
+    return u"los datos de la empresa " + decimal(company) + u" no se pudieron leer: " + last_error();
+}
 
 const Issuer& Issuers::find(std::int16_t company, const Text& certificate_number)
 {

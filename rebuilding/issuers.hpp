@@ -17,6 +17,9 @@ struct Issuer
     std::shared_ptr<const Certificate> certificate; // null when it cannot be read
 };
 
+// What keeps a company from being loaded whole into the session; empty when nothing does.
+Text company_fault(Session& session, std::int16_t company);
+
 class Issuers
 {
 public:

@@ -90,7 +90,6 @@ void Demo::run()
     for (const DemoFile& file : demo_files) issue(file);
     look_up_and_cancel();
     print_documents();
-    disconnect();
     print_line(u"\nTodo está en " + folder_ + u":");
     print_line(u"  base de datos     " + to_text(place_.database) + u" (empresa " + decimal(company_) +
                u", sucursal " + decimal(branch_) + u", rangos de folios " + decimal(invoices_) + u" y " +
@@ -135,7 +134,7 @@ void Demo::refuse_files_of_others() const
 
 void Demo::open_database()
 {
-    connect(place_);
+    connect_or_create(place_);
     create_schema(shared_connection(session()));
 }
 
@@ -267,7 +266,16 @@ public:
         return "Prepara una empresa de prueba y emite documentos de verdad";
     }
 
-    void declare(Options& options) override { options.option("--carpeta", folder_, "Carpeta de trabajo"); }
+    void declare(Options& options) override
+    {
+        options.option("--carpeta", folder_, "Carpeta de trabajo; en ella hace su base de datos, tolvex.db");
+    }
+
+    std::vector<std::string> refused_options(const Place& place) const override
+    {
+        if (!is_embedded(place)) return {};
+        return {"--bd", "--usuario", "--clave"};
+    }
 
     // On the embedded database in the folder, or on the server that the place names.
     int run(const Place& place) override

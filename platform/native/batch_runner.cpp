@@ -248,6 +248,18 @@ int run_batch_file(TextView path, WindowStyle style)
     return exit_code;
 }
 
+Text program_of_batch(TextView word)
+{
+    const std::string program = program_of(host_word(Text(word)));
+    if (program.find('/') != std::string::npos) return to_text(program);
+    const char* path = std::getenv("PATH");
+    for (const Text& folder : split(to_text(path ? path : ""), u':')) {
+        const std::string file = to_utf8(folder) + "/" + program;
+        if (access(file.c_str(), X_OK) == 0) return to_text(file);
+    }
+    return {};
+}
+
 void require_batch_folder(TextView folder)
 {
     if (folder.find(u' ') != TextView::npos)

@@ -124,6 +124,15 @@ std::uint64_t size(TextView path)
     return bytes;
 }
 
+std::uint64_t free_space(TextView folder)
+{
+    const fs::path host = host_path(folder);
+    std::error_code error;
+    const fs::space_info space = fs::space(host, error);
+    if (error) throw path_error(to_text(host.string()), reason_of(error.value()));
+    return space.available;
+}
+
 std::string read(TextView path)
 {
     const fs::path host = host_path(path);

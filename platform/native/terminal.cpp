@@ -105,6 +105,8 @@ bool is_interrupted()
     return is_noticing && interrupted != 0;
 }
 
+void print_bytes() {}
+
 std::optional<std::string> environment(const char* variable)
 {
     const char* value = std::getenv(variable);

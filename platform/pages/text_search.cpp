@@ -1,5 +1,6 @@
 #include "platform/pages/text_search.hpp"
 
+#include "core/simplified.hpp"
 #include "platform/pages/fonts.hpp"
 
 #include <algorithm>
@@ -12,25 +13,13 @@ namespace {
 
 constexpr char16_t line_end = u'\n';
 
-// Lower-case letters from U+00E0 and U+0100 on without their accents.
-constexpr TextView western_letters = u"aaaaaaæceeeeiiiiðnooooo÷ouuuuyþy",
-                   european_letters =
-                       u"aaaaaaccccccccddddeeeeeeeeeegggggggghhhhiiiiiiiiiiĳĳjjkkĸllllllllllnnnnnnŉ"
-                       u"ŋŋooooooœœrrrrrrssssssssttttttuuuuuuuuuuuuwwyyyzzzzzzs";
-
-char16_t simplified(char16_t c)
+// Line ends within a text and other controls are blanks, so that places stay the same.
+Text on_one_line(TextView text)
 {
-    if (c >= 0x00E0 && c < 0x00E0 + western_letters.size()) return western_letters[c - 0x00E0u];
-    if (c >= 0x0100 && c < 0x0100 + european_letters.size()) return european_letters[c - 0x0100u];
-    return c < u' ' || c == 0x00A0 ? u' ' : c;
-}
-
-// One character for each, so that places stay the same.
-Text simplified(TextView text)
-{
-    Text simple = lower_case(text);
-    for (char16_t& c : simple) c = simplified(c);
-    return simple;
+    Text line = simplified(text);
+    for (char16_t& c : line)
+        if (c < u' ' || c == 0x00A0) c = u' ';
+    return line;
 }
 
 bool is_blank(char16_t c) { return c == u' ' || c == line_end; }
@@ -38,7 +27,7 @@ bool is_blank(char16_t c) { return c == u' ' || c == line_end; }
 // Words as they are looked for: a single blank between two.
 Text looked_for(TextView words)
 {
-    const Text simple = simplified(words);
+    const Text simple = on_one_line(words);
     Text wanted;
     for (const char16_t c : simple)
         if (c != u' ' || (!wanted.empty() && wanted.back() != u' ')) wanted += c;
@@ -54,7 +43,7 @@ TextSearch::TextSearch(const std::vector<Page>& pages)
             const auto* text = std::get_if<TextMark>(&pages[page].marks[mark]);
             if (!text) continue;
             lines_.push_back({text_.size(), page, mark});
-            text_ += simplified(text->text) + line_end;
+            text_ += on_one_line(text->text) + line_end;
         }
 }
 

@@ -69,22 +69,6 @@ File own(DWORD standard)
     return File(copy);
 }
 
-// The full path of a program; empty when there is none of that name.
-Text program_of(const Text& given)
-{
-    const Text wanted = files::native_path(given);
-    if (files::exists(wanted)) return wanted;
-    if (files::exists(wanted + u".exe")) return wanted + u".exe";
-    const Text name = wanted.substr(wanted.find_last_of(u'\\') + 1);
-    const Text beside = files::program_folder() + u"\\" + name + u".exe";
-    if (files::exists(beside)) return beside;
-    Text path(32'768, u'\0'), found(MAX_PATH, u'\0');
-    path.resize(GetEnvironmentVariableW(L"PATH", wide(path), static_cast<DWORD>(path.size())));
-    const DWORD length = SearchPathW(wide(path), wide(name), L".exe", MAX_PATH, wide(found), nullptr);
-    found.resize(length < MAX_PATH ? length : 0);
-    return found;
-}
-
 // As programs take their command line apart again; batch lines hold no quotes within words.
 Text in_quotes(const Text& word)
 {
@@ -123,6 +107,21 @@ Start start_of(const BatchCommand& command, WindowStyle style)
 void run_programs_in_console() { in_console = true; }
 
 bool programs_run_in_console() { return in_console; }
+
+Text program_of(const Text& given)
+{
+    const Text wanted = files::native_path(given);
+    if (files::exists(wanted)) return wanted;
+    if (files::exists(wanted + u".exe")) return wanted + u".exe";
+    const Text name = wanted.substr(wanted.find_last_of(u'\\') + 1);
+    const Text beside = files::program_folder() + u"\\" + name + u".exe";
+    if (files::exists(beside)) return beside;
+    Text path(32'768, u'\0'), found(MAX_PATH, u'\0');
+    path.resize(GetEnvironmentVariableW(L"PATH", wide(path), static_cast<DWORD>(path.size())));
+    const DWORD length = SearchPathW(wide(path), wide(name), L".exe", MAX_PATH, wide(found), nullptr);
+    found.resize(length < MAX_PATH ? length : 0);
+    return found;
+}
 
 int run_in_console(const BatchCommand& command, WindowStyle style)
 {

@@ -10,9 +10,12 @@ namespace tolvex {
 void run_programs_in_console(); // from now on
 bool programs_run_in_console();
 
+// The full path of a program; empty when there is none. One that is not in the folder that its path names is
+// looked for beside this program and in the PATH.
+Text program_of(const Text& given);
+
 // Runs a command line to its end and gives its exit code: the interpreter's own, 9009, when there is no such
-// program. One that is not in the folder that its path names is looked for beside this program and in the
-// PATH.
+// program.
 int run_in_console(const BatchCommand& command, WindowStyle style);
 
 } // namespace tolvex

@@ -158,6 +158,8 @@ int run_batch_file(TextView path, WindowStyle style)
     return exit_code;
 }
 
+Text program_of_batch(TextView word) { return program_of(Text(word)); }
+
 void require_batch_folder(TextView folder)
 {
     const auto refused = std::find_if(folder.begin(), folder.end(),

@@ -96,6 +96,15 @@ std::uint64_t size(TextView path)
     return (std::uint64_t{found.nFileSizeHigh} << 32) | found.nFileSizeLow;
 }
 
+std::uint64_t free_space(TextView folder)
+{
+    const Text host = native_path(folder);
+    ULARGE_INTEGER available;
+    if (!GetDiskFreeSpaceExW(wide(host), &available, nullptr, nullptr))
+        throw path_error(host, system_message(GetLastError()));
+    return available.QuadPart;
+}
+
 std::string read(TextView path)
 {
     const Text host = native_path(path);

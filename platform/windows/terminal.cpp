@@ -113,6 +113,8 @@ bool is_interrupted()
     return is_noticing && interrupted;
 }
 
+void print_bytes() { _setmode(_fileno(stdout), _O_BINARY); }
+
 std::optional<std::string> environment(const char* variable)
 {
     const Text name = to_text(variable);

@@ -2,6 +2,8 @@
 #include "core/code_pages.hpp"
 #include "core/errors.hpp"
 #include "database/connection_keywords.hpp"
+#include "diagnosis/diagnosis.hpp"
+#include "issuing/document_list.hpp"
 #include "issuing/master_data.hpp"
 #include "schema/check.hpp"
 #include "schema/schema.hpp"
@@ -210,6 +212,27 @@ TEST_F(SqlServer, what_was_issued_is_verified_and_a_lost_xml_written_again)
     execute(u"Update FE_VENTAS_RESUMEN_DET Set nPrecio=1 Where nRenglon=1");
     EXPECT_THAT(findings(),
                 ElementsAre(HasSubstr("precio del renglón 1"), HasSubstr("precio del renglón 1")));
+}
+
+TEST_F(SqlServer, what_was_issued_is_listed_by_every_condition_and_every_check_of_the_diagnosis_runs)
+{
+    stage_document();
+    ASSERT_TRUE(issue(u"A00123")) << to_utf8(last_error());
+    DocumentFilter filter{1, 1, Date::of(2011, 3, 15), Date::of(2011, 3, 15)};
+    filter.serie = u"A";
+    filter.folio = u"A00123";
+    filter.status = u"A";
+    filter.receiver = u"PENA";
+    const auto listed = DocumentList(session(), filter).next();
+    ASSERT_EQ(listed.size(), 1u);
+    EXPECT_EQ(listed.front().date + u"|" + listed.front().name + u"|" + listed.front().total,
+              u"2011-03-15 14:05:09|María Peña|1508.00");
+
+    std::vector<std::string> told;
+    diagnose(session(), {1, 1, folder_text()}, Date::of(2011, 3, 15),
+             [&](const Observation& seen) { told.push_back(to_utf8(seen.about + u": " + seen.what)); });
+    EXPECT_THAT(told, Not(Contains(HasSubstr("no se pudo revisar"))));
+    EXPECT_THAT(told, Contains("XML: documentos: 1; no falta ninguno"));
 }
 
 TEST_F(SqlServer, folios_come_from_the_counter)

@@ -27,6 +27,13 @@ expect "el componente emite en la carpeta" grep -qx 'Folio: 4' \
     <<< "$(windows "$(system_folder "$bits")\\cscript.exe" //nologo 'ejemplos\vbscript\factura.vbs' "$(windows_path "$work/demo")")"
 expect "todo está bien" [ "$(tolvex verifica --bd 'demo\tolvex.db')" = "Documentos revisados: 5; no está bien: 0" ]
 
+said=$(tolvex diagnostico --bd 'demo\tolvex.db')
+expect "se puede emitir, con la llave del certificado" grep -q '^bien .*pkey.key.pem sella, y es del certificado' <<< "$said"
+expect "y nada falta" [ -z "$(grep -v '^bien ' <<< "$said")" ]
+"$runner" "$bits" 60 "$work/tolvex.exe" documentos --csv --serie NC --bd 'demo\tolvex.db' > lista.csv 2> /dev/null
+expect "los renglones de CSV acaban en un solo retorno" [ "$(tr -cd '\r' < lista.csv | wc -c)" = "$(wc -l < lista.csv)" ]
+expect "sin terminal borra no borra" ends_with_code 1 tolvex borra 1 --empresa 1 --sucursal 1 --bd 'demo\tolvex.db'
+
 # As an installation script would, with names beyond ASCII.
 mkdir "$work/Ñandú"
 cp "$work"/demo/{maestros.toml,llave.key,certificado.cer} "$work/Ñandú"
