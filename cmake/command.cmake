@@ -3,6 +3,7 @@ file(GLOB console_sources CONFIGURE_DEPENDS console/*.cpp console/*/*.cpp)
 add_executable(tolvex_command ${console_sources})
 set_target_properties(tolvex_command PROPERTIES OUTPUT_NAME tolvex RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
 target_link_libraries(tolvex_command PRIVATE tolvex_rooms)
+target_compile_definitions(tolvex_command PRIVATE TOLVEX_VERSION="${PROJECT_VERSION}")
 
 if(WIN32)
     # All headers: the host's own serve, seen by themselves, without the rest of the folder that they are in.

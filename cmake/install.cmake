@@ -4,6 +4,16 @@ include(CMakePackageConfigHelpers)
 
 install(TARGETS tolvex EXPORT tolvex_targets)
 install(TARGETS tolvex_command)
+
+# Of the program's own declarations.
+set(manual ${PROJECT_BINARY_DIR}/tolvex.1)
+set(completion ${PROJECT_BINARY_DIR}/tolvex.bash)
+add_custom_command(OUTPUT ${manual} ${completion} DEPENDS tolvex_command VERBATIM
+    COMMAND sh -c "'$<TARGET_FILE:tolvex_command>' --man > ${manual}"
+    COMMAND sh -c "'$<TARGET_FILE:tolvex_command>' --completado > ${completion}")
+add_custom_target(tolvex_reference ALL DEPENDS ${manual} ${completion})
+install(FILES ${manual} DESTINATION ${CMAKE_INSTALL_MANDIR}/es/man1)
+install(FILES ${completion} DESTINATION ${CMAKE_INSTALL_DATADIR}/bash-completion/completions RENAME tolvex)
 install(DIRECTORY include/tolvex TYPE INCLUDE)
 install(DIRECTORY schema/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tolvex/schema FILES_MATCHING PATTERN "*.sql")
 install(DIRECTORY printing/layouts/ DESTINATION ${CMAKE_INSTALL_DATADIR}/tolvex/layouts FILES_MATCHING PATTERN "*.rdl")

@@ -26,6 +26,7 @@ public:
     {
         return "Borra los documentos de un folio, con su receptor y sus renglones; pregunta antes";
     }
+    const char* example() const override { return "tolvex borra 15 --empresa 1 --sucursal 1 --bd tienda.db"; }
 
     void declare(Options& options) override
     {

@@ -14,6 +14,10 @@ class Cancela : public Command
 public:
     const char* name() const override { return "cancela"; }
     const char* purpose() const override { return "Marca un documento como cancelado"; }
+    const char* example() const override
+    {
+        return "tolvex cancela 15 --empresa 1 --sucursal 1 --bd tienda.db";
+    }
 
     void declare(Options& options) override
     {

@@ -16,6 +16,10 @@ public:
     {
         return "Registra un certificado con su llave; openssl pide la contraseña de la llave";
     }
+    const char* example() const override
+    {
+        return "tolvex certificado --empresa 1 --cer sello.cer --key sello.key --carpeta-sello . --bd tienda.db";
+    }
 
     void declare(Options& options) override
     {

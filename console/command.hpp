@@ -58,6 +58,8 @@ public:
     virtual ~Command() = default;
     virtual const char* name() const = 0;
     virtual const char* purpose() const = 0;
+    // An order as somebody may type it.
+    virtual const char* example() const = 0;
     virtual void declare(Options&) {}
     // Whether what was asked for needs the database, and so a password.
     virtual bool needs_database() const { return true; }

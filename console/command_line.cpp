@@ -1,6 +1,8 @@
 #include "console/command_line.hpp"
 
+#include "console/nearest.hpp"
 #include "console/output.hpp"
+#include "console/reference.hpp"
 #include "platform/terminal.hpp"
 
 #include <CLI/CLI.hpp>
@@ -41,15 +43,16 @@ std::string complaint_about_key(const std::string& key)
 
 void add_connection_options(CLI::App& app, Place& place)
 {
-    app.add_option("--servidor", place.server,
-                   "Servidor SQL Server (host o host,puerto), o sqlite: para un archivo")
+    const auto add = [&](const char* name, std::string& value, const char* help) {
+        return app.add_option(name, value, help)->group("Conexión");
+    };
+    add("--servidor", place.server, "Servidor SQL Server (host o host,puerto), o sqlite: para un archivo")
         ->capture_default_str();
-    app.add_option("--bd", place.database, "Base de datos; con sqlite:, la ruta del archivo")
-        ->capture_default_str();
-    app.add_option("--usuario", place.user, "Usuario del servidor");
-    app.add_option("--clave", place.password,
-                   "Contraseña del usuario. Así escrita, otros usuarios del equipo pueden verla: es mejor "
-                   "TOLVEX_CLAVE, o dejar que se pida en la terminal");
+    add("--bd", place.database, "Base de datos; con sqlite:, la ruta del archivo")->capture_default_str();
+    add("--usuario", place.user, "Usuario del servidor");
+    add("--clave", place.password,
+        "Contraseña del usuario. Así escrita, otros usuarios del equipo pueden verla: es mejor TOLVEX_CLAVE, o dejar "
+        "que se pida en la terminal");
 }
 
 Place place_of_environment()
@@ -63,9 +66,15 @@ Place place_of_environment()
     return place;
 }
 
-void ask_for_missing_password(const CLI::App& app, Place& place)
+// Options of the connection may stand before the order or after it.
+bool is_given(const CLI::App& order, const std::string& option)
 {
-    const bool given = app.get_option("--clave")->count() > 0 || terminal::environment(password_variable);
+    return order.get_option(option)->count() > 0 || order.get_parent()->get_option(option)->count() > 0;
+}
+
+void ask_for_missing_password(const CLI::App& order, Place& place)
+{
+    const bool given = is_given(order, "--clave") || terminal::environment(password_variable);
     if (given || place.user.empty() || is_embedded(place)) return;
     place.password =
         terminal::ask_for_password("Contraseña de " + place.user + " en " + place.server + ": ").value_or("");
@@ -100,23 +109,58 @@ std::string named(const std::string& message, const std::string& before, const s
     return message.substr(from, after.empty() ? std::string::npos : message.find(after, from) - from);
 }
 
+// For the system that installs the program.
+int print_whole(const std::string& text)
+{
+    std::fputs(text.c_str(), stdout);
+    return all_written_out() ? 0 : 1;
+}
+
 std::string with_hint(const std::string& reason)
 {
     return "tolvex: " + reason + "\nVea «tolvex --help» o «tolvex ORDEN --help».\n";
 }
 
+// Of words that were not understood: the option, since the others may be its values, or else the first.
+std::string most_wrong(const std::string& words)
+{
+    const auto option = (" " + words).find(" -");
+    const std::string rest = words.substr(option == std::string::npos ? 0 : option);
+    return rest.substr(0, rest.find(' '));
+}
+
+// The word with what may have been meant.
+std::string with_nearest(const CLI::App& app, const std::string& word)
+{
+    std::vector<std::string> known;
+    const bool is_option = word.starts_with("-");
+    const auto add_options = [&](const CLI::App& of) {
+        for (const CLI::Option* option : of.get_options())
+            if (!option->get_positional()) known.push_back("--" + option->get_lnames().front());
+    };
+    if (is_option) add_options(app);
+    for (const CLI::App* order : app.get_subcommands([](const CLI::App*) { return true; })) {
+        if (is_option && order->parsed()) add_options(*order);
+        if (!is_option && app.get_subcommands().empty()) known.push_back(order->get_name());
+    }
+    const std::string meant = nearest(word, known);
+    return word + (meant.empty() ? "" : " (¿quiso decir «" + meant + "»?)");
+}
+
 // What is wrong with the command line, in Spanish.
-std::string usage_message(const CLI::App*, const CLI::Error& error)
+std::string usage_message(const CLI::App* app, const CLI::Error& error)
 {
     const auto kind = static_cast<CLI::ExitCodes>(error.get_exit_code());
     const std::string message = error.what();
     std::string reason = message;
     if (message.starts_with("A subcommand"))
-        reason = "falta la orden";
+        reason = app->remaining().empty()
+                     ? "falta la orden"
+                     : "no se conoce la orden " + with_nearest(*app, app->remaining().front());
     else if (kind == CLI::ExitCodes::RequiredError)
         reason = "falta " + named(message, "", " is required");
     else if (kind == CLI::ExitCodes::ExtrasError)
-        reason = "no se conoce o sobra: " + named(message, ": ", "");
+        reason = "no se conoce o sobra: " + with_nearest(*app, most_wrong(named(message, ": ", "")));
     else if (kind == CLI::ExitCodes::ConversionError)
         reason = "no es un número válido: " + named(message, ": ", "");
     else if (kind == CLI::ExitCodes::ValidationError && message.ends_with(apostrophe_in_key))
@@ -136,14 +180,14 @@ public:
     ClosedAtEnd(const ClosedAtEnd&) = delete;
 };
 
-int run(Command& order, const CLI::App& app, Place& place)
+int run(Command& order, const CLI::App& words, Place& place)
 {
     for (const std::string& option : order.refused_options(place))
-        if (app.get_option(option)->count() > 0) {
+        if (is_given(words, option)) {
             say_error("sobra " + option + ": no se usa con «" + order.name() + "»");
             return wrong_usage;
         }
-    if (order.needs_database()) ask_for_missing_password(app, place);
+    if (order.needs_database()) ask_for_missing_password(words, place);
     terminal::forget_environment(password_variable); // programs that a command starts have no use for it
     const ClosedAtEnd closed_at_end;
     return order.run(place);
@@ -222,6 +266,7 @@ int run_command_line(std::vector<std::string> words, const std::vector<std::uniq
     app.require_subcommand(1);
     app.fallthrough(); // connection options may stand before or after the command
     app.failure_message(usage_message);
+    app.set_version_flag("--version", "tolvex " TOLVEX_VERSION, "Escribe la versión")->group("Opciones");
     speak_spanish(app);
     Place place = place_of_environment();
     add_connection_options(app, place);
@@ -230,10 +275,14 @@ int run_command_line(std::vector<std::string> words, const std::vector<std::uniq
     for (const auto& command : commands) {
         CLI::App* added = app.add_subcommand(command->name(), command->purpose())->group("Órdenes");
         added->get_help_ptr()->group("Opciones"); // inherited before the options' group is
+        added->footer(std::string("Ejemplo:\n  ") + command->example());
         Options options(*added);
         command->declare(options);
-        added->callback([&, order = command.get()] { result = run(*order, app, place); });
+        add_connection_options(*added, place);
+        added->callback([&, added, order = command.get()] { result = run(*order, *added, place); });
     }
+    if (words == std::vector<std::string>{"--man"}) return print_whole(man_page(app));
+    if (words == std::vector<std::string>{"--completado"}) return print_whole(bash_completion(app));
 
     try {
         std::reverse(words.begin(), words.end()); // the library wants the last one first

@@ -15,6 +15,10 @@ public:
     {
         return "Dice qué base de datos se alcanzó y si su esquema está completo";
     }
+    const char* example() const override
+    {
+        return "tolvex conexion --servidor caja,1433 --bd ventas --usuario tienda";
+    }
 
     int run(const Place& place) override
     {

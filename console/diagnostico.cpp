@@ -23,6 +23,10 @@ public:
     {
         return "Revisa lo que hace falta para emitir, con un sello de prueba; un renglón por cosa";
     }
+    const char* example() const override
+    {
+        return "tolvex diagnostico --empresa 1 --sucursal 1 --bd tienda.db";
+    }
 
     void declare(Options& options) override
     {

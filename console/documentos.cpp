@@ -133,6 +133,10 @@ class Documentos : public Command
 public:
     const char* name() const override { return "documentos"; }
     const char* purpose() const override { return "Lista los documentos emitidos"; }
+    const char* example() const override
+    {
+        return "tolvex documentos --desde 2011-03-01 --csv --bd tienda.db";
+    }
 
     void declare(Options& options) override
     {

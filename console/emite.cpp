@@ -38,6 +38,7 @@ class Emite : public Command
 public:
     const char* name() const override { return "emite"; }
     const char* purpose() const override { return "Revisa y emite los documentos de archivos planos"; }
+    const char* example() const override { return "tolvex emite ventas.txt --bd tienda.db"; }
 
     void declare(Options& options) override
     {

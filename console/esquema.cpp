@@ -17,6 +17,7 @@ public:
     {
         return "Escribe las instrucciones que crean las tablas en SQL Server, o completa la base de datos";
     }
+    const char* example() const override { return "tolvex esquema --crea --bd tienda.db"; }
 
     void declare(Options& options) override
     {

@@ -11,6 +11,7 @@ class Folio : public Command
 public:
     const char* name() const override { return "folio"; }
     const char* purpose() const override { return "Escribe el siguiente folio de un rango, sin tomarlo"; }
+    const char* example() const override { return "tolvex folio 1 --bd tienda.db"; }
 
     void declare(Options& options) override { options.key("CLAVE", range_, "Número del rango de folios"); }
 

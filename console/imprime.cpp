@@ -39,6 +39,7 @@ class Imprime : public Command
 public:
     const char* name() const override { return "imprime"; }
     const char* purpose() const override { return "Imprime un documento, o hace su PDF"; }
+    const char* example() const override { return "tolvex imprime 15 --empresa 1 --pdf --bd tienda.db"; }
 
     void declare(Options& options) override
     {

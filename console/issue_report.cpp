@@ -68,6 +68,10 @@ void IssueReport::found(const Text& file, const Review& review)
 {
     for (const LineFinding& warning : in_order(review.warnings)) tell("aviso", file, warning);
     for (const LineFinding& fault : in_order(review.faults)) tell("error", file, fault);
+    if (review.warning_count > review.warnings.size() && !as_json_)
+        say_warning(file + u": y " +
+                    decimal(static_cast<std::int64_t>(review.warning_count - review.warnings.size())) +
+                    u" avisos más");
     if (review.fault_count == 0) return;
     const std::string count =
         review.fault_count == 1 ? "una falta" : std::to_string(review.fault_count) + " faltas";

@@ -20,6 +20,7 @@ public:
     {
         return "Lista empresas, sucursales, certificados o folios, y avisa de los certificados por vencer";
     }
+    const char* example() const override { return "tolvex lista folios --empresa 1 --bd tienda.db"; }
 
     void declare(Options& options) override
     {

@@ -14,6 +14,7 @@ public:
     {
         return "Registra empresas, certificados, sucursales y folios de un archivo TOML";
     }
+    const char* example() const override { return "tolvex maestros tienda.toml --bd tienda.db"; }
 
     void declare(Options& options) override
     {

@@ -18,6 +18,10 @@ public:
     {
         return "Escribe el reporte mensual de folios utilizados y dice su ruta";
     }
+    const char* example() const override
+    {
+        return "tolvex reporte --empresa 1 --mes 3 --anio 2011 --carpeta . --bd tienda.db";
+    }
 
     void declare(Options& options) override
     {

@@ -15,6 +15,7 @@ public:
     {
         return "Dice qué de un formato de impresión no se imprime como lo pide, y dónde";
     }
+    const char* example() const override { return "tolvex revisa-reporte factura.rdl"; }
 
     void declare(Options& options) override { options.argument("REPORTE", report_, "Formato RDL"); }
 

@@ -30,6 +30,7 @@ public:
     {
         return "Revisa lo emitido: registros, sellos, archivos XML y folios; un renglón por lo que no esté bien";
     }
+    const char* example() const override { return "tolvex verifica --bd tienda.db"; }
 
     void declare(Options& options) override
     {

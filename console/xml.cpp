@@ -16,6 +16,7 @@ public:
     {
         return "Escribe de nuevo el XML de un documento guardado y dice su ruta";
     }
+    const char* example() const override { return "tolvex xml 15 --empresa 1 --sucursal 1 --bd tienda.db"; }
 
     void declare(Options& options) override
     {

@@ -1,5 +1,5 @@
-// Text as bytes of one character each: the one-to-one form in which seals are made, and the code pages in which
-// Mexican users' programs write, 1252 of Windows and 850 of DOS.
+// Text as bytes of one character each: the one-to-one form in which seals are made, and the code pages in
+// which Mexican users' programs write, 1252 of Windows and 850 of DOS.
 #pragma once
 
 #include "tolvex/types.hpp"

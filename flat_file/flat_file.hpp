@@ -38,13 +38,13 @@ struct FlatFileResult
     Text progress() const;
 };
 
-// Issues every document of the lines over the shared connection, up to the first that fails: a file should have been
-// reviewed before.
+// Issues every document of the lines over the shared connection, up to the first that fails: a file should
+// have been reviewed before.
 FlatFileResult issue_flat_file_records(Session& session, const Lines& lines, const FlatFileOptions& options,
                                        const FlatFileEvents& events);
 
-// Reviews and issues a file on a connection of its own, which is closed at the end while the shared one stays as it
-// was; a failure is shown in a message. Returns series_and_folios().
+// Reviews and issues a file on a connection of its own, which is closed at the end while the shared one stays
+// as it was; a failure is shown in a message. Returns series_and_folios().
 Text issue_flat_file(Session& session, const Text& folder, const Text& name, const ConnectionData& data);
 
 } // namespace tolvex

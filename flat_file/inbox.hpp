@@ -4,8 +4,8 @@
 //   procesados    all of it was issued
 //   rechazados    nothing, or not all of it, was issued
 //
-// In the last two NAME.reporte.txt tells what became of it. Whatever ends the program, no document is issued twice:
-// the journal tells on disk which document was begun and which was issued.
+// In the last two NAME.reporte.txt tells what became of it. Whatever ends the program, no document is issued
+// twice: the journal tells on disk which document was begun and which was issued.
 #pragma once
 
 #include "flat_file/flat_file.hpp"
@@ -19,7 +19,8 @@ namespace tolvex {
 class Inbox
 {
 public:
-    // Makes the three folders. Throws Error 5 when another process has the folder as its inbox, 75 when it cannot be one.
+    // Makes the three folders. Throws Error 5 when another process has the folder as its inbox, 75 when it
+    // cannot be one.
     explicit Inbox(const Text& folder);
 
     struct File

@@ -38,8 +38,8 @@ private:
     std::map<std::pair<Text, bool>, Nodes> nodes_;
 };
 
-// Loads the issuer into the session: company, branch and its certificate. Throws Error 5 for what lacks; a load that
-// met an error half-way counts as lacking.
+// Loads the issuer into the session: company, branch and its certificate. Throws Error 5 for what lacks; a
+// load that met an error half-way counts as lacking.
 void load_issuer(Session& session, std::int16_t nEmpresa, std::int16_t nSucursal);
 
 } // namespace tolvex

@@ -5,7 +5,8 @@
 
 namespace tolvex {
 
-// What stands for – — “ ” ‘ ’ … • and empty for any other character: the seal over one from U+0800 on does not verify.
+// What stands for – — “ ” ‘ ’ … • and empty for any other character: the seal over one from U+0800 on does
+// not verify.
 TextView plain_form(char16_t c);
 
 Text plain_text(TextView text);

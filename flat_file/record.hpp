@@ -11,12 +11,13 @@ namespace tolvex {
 // What is wrong with a record, in words for the user.
 Error wrong(const Text& reason);
 
-// Values are read by their position, counted from 1. All readings throw wrong(…) with record, value and what was
-// expected.
+// Values are read by their position, counted from 1. All readings throw wrong(…) with record, value and what
+// was expected.
 class Record
 {
 public:
-    // Throws for a name that no record has and for a wrong number of values; empty ones too many are overlooked.
+    // Throws for a name that no record has and for a wrong number of values; empty ones too many are
+    // overlooked.
     explicit Record(const Text& line);
 
     const RecordLayout& layout() const { return layout_; }
@@ -36,7 +37,8 @@ public:
     // "ingreso" or "egreso", in any letter case; the first when it is empty.
     Text document_kind(std::size_t i) const;
 
-    // Puts plain forms for the signs that have one (plain_text.hpp); the positions of the values that changed.
+    // Puts plain forms for the signs that have one (plain_text.hpp); the positions of the values that
+    // changed.
     std::vector<std::size_t> make_plain();
     // "el valor 4 de DETALLE (Producto)"
     Text value_in_words(std::size_t i) const;

@@ -24,7 +24,7 @@ struct Field
 {
     TextView name;
     Kind kind;
-    bool may_be_empty = false; // of a kind that empty texts are not of anyway
+    bool may_be_empty = false; // an empty text that may not is a warning
 };
 
 struct RecordLayout

@@ -60,6 +60,12 @@ void check_characters(const Record& record, std::size_t i, Kind kind, std::vecto
     }
 }
 
+// The tax authority's check takes them out of the XML's values before it looks at the seal.
+bool has_needless_blanks(const Text& value)
+{
+    return value.starts_with(u' ') || value.ends_with(u' ') || value.find(u"  ") != Text::npos;
+}
+
 // An empty one stands for the flat file's own folder.
 void check_folder(const Record& record, std::size_t i)
 {
@@ -121,6 +127,12 @@ std::vector<Text> oddities_of_values(const Record& record)
     std::vector<Text> oddities;
     for (std::size_t i = 1; i <= record.layout().fields.size(); ++i) {
         const Text value = record.text(i);
+        const Field& field = record.layout().fields[i - 1];
+        if (field.kind == Kind::text && !field.may_be_empty && value.empty())
+            oddities.push_back(record.value_in_words(i) + u" va vacío, y la autoridad lo pide");
+        if (field.kind == Kind::text && has_needless_blanks(value))
+            oddities.push_back(record.value_in_words(i) +
+                               u" lleva blancos de más, con los que el sello no se puede comprobar");
         if (value.size() > 1 && value.front() == u'"' && value.back() == u'"')
             oddities.push_back(
                 record.value_in_words(i) +

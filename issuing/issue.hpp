@@ -23,8 +23,8 @@ struct IssueResult
     Stored stored = Stored::nothing;
 };
 
-// The number in a folio. Deliberate: it starts at the first "0" of a zero-padded one, so A00123 is 123 and 120 is 0.
-// Throws Error 13 when there is none.
+// The number in a folio. Deliberate: it starts at the first "0" of a zero-padded one, so A00123 is 123 and
+// 120 is 0. Throws Error 13 when there is none.
 double folio_number(TextView folio);
 
 // A failing step ends the call; what was stored before it stays, and the last error tells it. vlnFactura

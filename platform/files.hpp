@@ -30,8 +30,8 @@ void write(TextView path, std::string_view bytes);
 // The same for a new file of its owner alone (where files tell their owner by themselves): what had its name
 // is removed before, so a link there is never followed.
 void write_anew(TextView path, std::string_view bytes);
-// Adds to the end of a file, which is made when it is missing; it has reached the disk when this returns. Throws Error 75
-// or 57.
+// Adds to the end of a file, which is made when it is missing; it has reached the disk when this returns.
+// Throws Error 75 or 57.
 void append(TextView path, std::string_view bytes);
 // What was written of the file reaches the disk before this returns. Throws Error 57.
 void flush(TextView path);

@@ -16,8 +16,8 @@ public:
     // Throws Error 75 when the folder cannot be watched.
     static std::unique_ptr<FolderWatch> of(TextView folder);
 
-    // Waits until a file came, went or changed since the last call, or for so long; an interruption of the program ends
-    // it too. Folders of other machines may tell nothing.
+    // Waits until a file came, went or changed since the last call, or for so long; an interruption of the
+    // program ends it too. Folders of other machines may tell nothing.
     virtual void wait(int milliseconds) = 0;
 
 protected:

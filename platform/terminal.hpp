@@ -14,15 +14,16 @@ namespace tolvex::terminal {
 // the command line after the program's name, in UTF-8.
 std::vector<std::string> take(int argc, char** argv);
 
-// Whether a person sees standard error, on a terminal that can take a line back; whether one types what is read from standard input.
+// Whether a person sees standard error, on a terminal that can take a line back; whether one types what is
+// read from standard input.
 bool shows_errors();
 bool takes_answers();
 
 // All of standard input, as it stands.
 std::string input();
 
-// From the first call on, Ctrl-C and the request to end are kept in mind instead of ending the process; when they come
-// again, they end it. Whether one has come.
+// From the first call on, Ctrl-C and the request to end are kept in mind instead of ending the process; when
+// they come again, they end it. Whether one has come.
 bool is_interrupted();
 
 // From now on standard output takes bytes as they are, ends of lines too.

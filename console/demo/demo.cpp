@@ -265,6 +265,7 @@ public:
     {
         return "Prepara una empresa de prueba y emite documentos de verdad";
     }
+    const char* example() const override { return "tolvex demo --carpeta prueba"; }
 
     void declare(Options& options) override
     {

@@ -37,7 +37,7 @@ protected:
     {
         std::string file = "EMISOR|1|1\n";
         for (int i = 0; i < documents; ++i)
-            file += "CLIENTE|XAXX010101000|Público||||||||||10|0|1.6|11.6|1|1|2011-03-15 14:05:09|\n"
+            file += "CLIENTE|XAXX010101000|Público||||||||México||10|0|1.6|11.6|1|1|2011-03-15 14:05:09|\n"
                     "DETALLE|1|F|X|Pan|1|PZA|10|1.6|10|16\nEMITE||1|||0\n";
         write_file(path() / "demo/ventas.txt", file + end);
         return "demo/ventas.txt";

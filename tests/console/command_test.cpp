@@ -188,8 +188,9 @@ TEST_F(Command, ten_stations_in_one_folder_on_one_range_do_not_mix_their_documen
         const std::string name = "Estacion " + std::to_string(station), file = name + ".txt";
         std::string sales = "EMISOR|1|1\n";
         for (int i = 0; i < 3; ++i)
-            sales += "CLIENTE|XAXX010101000|" + name + "||||||||||10|0|1.6|11.6|1|1|2011-03-15 14:05:09|\n" +
-                     "DETALLE|1|F|X|" + name + "|1|PZA|10|1.6|10|16\nEMITE||1|||0\n";
+            sales += "CLIENTE|XAXX010101000|" + name +
+                     "||||||||México||10|0|1.6|11.6|1|1|2011-03-15 14:05:09|\n" + "DETALLE|1|F|X|" + name +
+                     "|1|PZA|10|1.6|10|16\nEMITE||1|||0\n";
         write_file(path() / "demo" / file, sales);
         all += TOLVEX_COMMAND " emite 'demo/" + file + "' --bd " + database + " & ";
     }
@@ -469,10 +470,11 @@ TEST_F(Command, help_is_in_spanish)
                                 "maestros", "certificado", "lista", "reporte", "documentos", "diagnostico"}) {
         const Outcome help = tolvex({command, "--help"});
         EXPECT_EQ(help.exit_code, 0);
-        EXPECT_THAT(help.output, HasSubstr("Uso: tolvex"));
+        EXPECT_THAT(help.output,
+                    AllOf(HasSubstr("Uso: tolvex"), HasSubstr(std::string("Ejemplo:\n  tolvex ") + command)));
         expect_spanish(help.output);
     }
-    expect_spanish(tolvex({"--help"}).output);
+    for (const char* whole : {"--help", "--man"}) expect_spanish(tolvex({whole}).output);
 }
 
 TEST_F(Command, a_badly_written_order_says_so_in_spanish_with_exit_code_2)
@@ -484,7 +486,10 @@ TEST_F(Command, a_badly_written_order_says_so_in_spanish_with_exit_code_2)
     };
     for (const auto& [words, told] : std::initializer_list<Case>{
              {{}, "falta la orden"},
-             {{"factura"}, "falta la orden"},
+             {{"factura"}, "no se conoce la orden factura"},
+             {{"emitte", "a"}, "no se conoce la orden emitte (¿quiso decir «emite»?)"},
+             {{"folio", "--bdd", "x.db", "1"}, "no se conoce o sobra: --bdd (¿quiso decir «--bd»?)"},
+             {{"documentos", "--estadoo", "x"}, "no se conoce o sobra: --estadoo (¿quiso decir «--estado»?)"},
              {{"emite"}, "falta ARCHIVO"},
              {{"folio", "a", "b"}, "no se conoce o sobra: b"},
              {{"emite", "a", "b", "--desde", "3"}, "--desde vale para un solo archivo, y hay 2"},

@@ -148,6 +148,10 @@ TEST_F(FlatFileReview, what_looks_odd_is_a_warning)
              u"Línea 4: el Subtotal es 900.00 y sus renglones suman 800.00\n"},
             {emisor + with(document, "|1|1|2011", "|1|2|2011"),
              u"Línea 4: el rango de folios 2 es de NOTAS DE CREDITO, y el documento es una factura\n"},
+            {emisor + with(document, "|Café|", "||"),
+             u"Línea 3: el valor 4 de DETALLE (Producto) va vacío, y la autoridad lo pide\n"},
+            {emisor + with(document, "María Peña", "María  Peña"),
+             u"Línea 2: el valor 2 de CLIENTE (Nombre) lleva blancos de más, con los que el sello no se puede comprobar\n"},
             {emisor + with(document, "Café", "\"Café\""),
              u"Línea 3: el valor 4 de DETALLE (Producto) va entre comillas, como las ponen las hojas de cálculo: se emite "
              u"con ellas\n"}}) {
