@@ -39,7 +39,7 @@ prepare() {
     done
     mv "$work/openssl_2011/openssl.exe" "$work/openssl_2011/openssl-actual.exe"
     cp "$openssl_2011" "$work/openssl_2011/openssl.exe"
-    rm "$work/sin_llave/pkey.key.pem" "$work/nativa_sin_llave/pkey.key.pem"
+    for folder in sin_llave nativa_sin_llave; do echo "no es una llave" > "$work/$folder/pkey.key.pem"; done
     cp "$factura" "$work/factura.exe"
     cp "$rough_arithmetic" "$work/rough_arithmetic.exe"
     cp "$project"/examples/*script/factura.* "$here"/*.vbs "$here/documentos.txt" "$work/guiones/"
