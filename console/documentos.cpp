@@ -154,7 +154,7 @@ public:
 
     int run(const Place& place) override
     {
-        if (json_ && csv_) return fail(u"indique --json o --csv, no los dos");
+        if (json_ && csv_) throw WrongOrder("--json y --csv no van juntos");
         take_filter();
         connect(place);
         DocumentList list(session(), filter_);

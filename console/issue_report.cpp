@@ -22,8 +22,8 @@ std::string as_object(const IssuedDocument& document, const std::string& total, 
 {
     return fmt::format(
         R"({{"serie":{},"folio":{},"nID":{},"total":{},"ruta":{},"segundos":{:.3f},"error":{}}})",
-        json(document.series), json(document.folio), json(document.nID), json_text(total), json_text(path),
-        seconds(document.milliseconds), json(document.warning));
+        json(document.series), json(document.folio), json_number(to_utf8(document.nID)), json_number(total),
+        json_text(path), seconds(document.milliseconds), json(document.warning));
 }
 
 std::vector<LineFinding> in_order(const std::vector<LineFinding>& findings)
@@ -97,8 +97,9 @@ void IssueReport::failed(const Text& file, const Text& reason)
         say_error(to_utf8(file + u": " + reason));
 }
 
-void IssueReport::summarize() const
+void IssueReport::summarize()
 {
+    progress_.clear();
     if (as_json_ || count_ == 0) return;
     const double passed = std::max(seconds(milliseconds_running() - start_), 0.001);
     std::fputs(

@@ -19,7 +19,7 @@ public:
     void stopped(const Text& file, const FlatFileResult& result);
     void failed(const Text& file, const Text& reason);
     // Count, time and rate of all files.
-    void summarize() const;
+    void summarize();
 
 private:
     void tell(const char* kind, const Text& file, const LineFinding& finding);

@@ -119,7 +119,7 @@ TEST_F(Command, emite_tells_each_document_as_it_is_issued)
         in_shell(TOLVEX_COMMAND " emite - --json --bd tolvex.db < ../" + sales(1), path() / "demo");
     EXPECT_THAT(
         as_json.output,
-        MatchesRegex("\\{\"serie\":\"A\",\"folio\":\"7\",\"nID\":\"8\",\"total\":\"11.60\",\"ruta\":\"" +
+        MatchesRegex("\\{\"serie\":\"A\",\"folio\":\"7\",\"nID\":8,\"total\":11.60,\"ruta\":\"" +
                      folder + "/A7.xml\",\"segundos\":[0-9.]+,\"error\":\"\"\\}\n"));
     std::filesystem::create_directory(path() / "demo/otros");
     for (const char* name : {"b.txt", "a.TXT", "nota.md"})
