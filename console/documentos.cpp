@@ -161,7 +161,7 @@ public:
         const std::unique_ptr<Printout> printout = chosen_printout();
         auto page = list.next();
         if (page.empty()) say_warning(u"no hay documentos que cumplan con lo pedido");
-        for (; !page.empty(); page = list.next()) printout->print(page);
+        for (; !page.empty() && is_heard(); page = list.next()) printout->print(page);
         return 0;
     }
 

@@ -24,6 +24,8 @@ int fail(const Text& reason)
     return 1;
 }
 
+bool is_heard() { return std::ferror(stdout) == 0; }
+
 bool all_written_out()
 {
     if (std::fflush(stdout) == 0 && !std::ferror(stdout)) return true;

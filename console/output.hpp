@@ -19,6 +19,9 @@ void say_warning(const Text& warning) noexcept;
 // Says why a command failed and gives its exit code.
 int fail(const Text& reason);
 
+// Whether somebody still takes what is printed.
+bool is_heard();
+
 // Whether all that was printed reached standard output; says so when it did not.
 bool all_written_out();
 

@@ -84,8 +84,13 @@ void notice_interruptions()
 
 } // namespace
 
-// Texts are UTF-8 here anyway, and programs share the terminal.
-std::vector<std::string> take(int argc, char** argv) { return {argv + std::min(argc, 1), argv + argc}; }
+// Texts are UTF-8 here anyway, and programs share the terminal. Who stops reading what we print ends nothing
+// half-way.
+std::vector<std::string> take(int argc, char** argv)
+{
+    std::signal(SIGPIPE, SIG_IGN);
+    return {argv + std::min(argc, 1), argv + argc};
+}
 
 bool shows_errors() { return isatty(STDERR_FILENO) != 0; }
 

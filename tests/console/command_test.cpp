@@ -117,10 +117,9 @@ TEST_F(Command, emite_tells_each_document_as_it_is_issued)
 
     const Outcome as_json =
         in_shell(TOLVEX_COMMAND " emite - --json --bd tolvex.db < ../" + sales(1), path() / "demo");
-    EXPECT_THAT(
-        as_json.output,
-        MatchesRegex("\\{\"serie\":\"A\",\"folio\":\"7\",\"nID\":8,\"total\":11.60,\"ruta\":\"" +
-                     folder + "/A7.xml\",\"segundos\":[0-9.]+,\"error\":\"\"\\}\n"));
+    EXPECT_THAT(as_json.output,
+                MatchesRegex("\\{\"serie\":\"A\",\"folio\":\"7\",\"nID\":8,\"total\":11.60,\"ruta\":\"" +
+                             folder + "/A7.xml\",\"segundos\":[0-9.]+,\"error\":\"\"\\}\n"));
     std::filesystem::create_directory(path() / "demo/otros");
     for (const char* name : {"b.txt", "a.TXT", "nota.md"})
         std::filesystem::copy(path() / "demo/ventas.txt", path() / "demo/otros" / name);
@@ -128,6 +127,14 @@ TEST_F(Command, emite_tells_each_document_as_it_is_issued)
     const Outcome folders = tolvex({"emite", "demo/otros", sales(1), "--bd", database});
     EXPECT_THAT(folders.output, AllOf(HasSubstr("otros/Facturas/A8.xml"), HasSubstr("otros/Facturas/A9.xml"),
                                       HasSubstr("A10  "), Not(HasSubstr("A11"))));
+}
+
+TEST_F(Command, who_stops_reading_what_is_printed_ends_nothing_half_way)
+{
+    demo();
+    in_shell(TOLVEX_COMMAND " emite " + sales(3) + " --bd " + database + " | true");
+    EXPECT_EQ(tolvex({"folio", "1", "--bd", database}).output, "7\n");
+    EXPECT_FALSE(exists(path() / "demo/sello.bat") || exists(path() / "demo/tolvex.db-wal"));
 }
 
 TEST_F(Command, emite_looks_a_file_over_first_and_goes_on_where_it_stopped)
