@@ -28,7 +28,7 @@ std::vector<Text> files_of(const std::string& given)
     if (given == standard_input || !files::folder_exists(path)) return {path};
     std::vector<Text> names = files::names_ending(path, u".txt");
     std::sort(names.begin(), names.end());
-    for (Text& name : names) name = path + u"\\" + name;
+    for (Text& name : names) name.insert(0, path + u"\\");
     if (names.empty()) throw invalid_call(path + u": la carpeta no tiene archivos .txt");
     return names;
 }

@@ -90,9 +90,10 @@ void Inbox::issued(const File& file, std::size_t line, const IssuedDocument& doc
 
 Text Inbox::free_name(const Text& folder, const Text& name) const
 {
-    const Text stem = name.substr(0, name.rfind(u'.')), ending = name.substr(name.rfind(u'.'));
+    const std::size_t dot = name.rfind(u'.');
     Text candidate = name;
-    for (int i = 2; files::exists(folder + candidate); ++i) candidate = stem + u"-" + decimal(i) + ending;
+    for (int i = 2; files::exists(folder + candidate); ++i)
+        candidate = Text(name).insert(dot, u"-" + decimal(i));
     return candidate;
 }
 
