@@ -52,7 +52,8 @@ private:
 };
 
 // While it lives, statements need not reach the disk one by one: finish() (or the end of the scope) makes all
-// of them durable at once. It is no transaction: each statement stands for itself, and others see it at once.
+// of them durable at once. It is no transaction: each statement stands for itself, and others see it at the
+// latest when one of another kind follows.
 class WriteBurst
 {
 public:

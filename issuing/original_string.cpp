@@ -127,33 +127,49 @@ OriginalPieces header_and_issuer(Session& session, DocumentValues& document)
     });
 }
 
-Text text_of(const OriginalPieces& pieces)
+// Part after part: with the header the amounts are read that the taxes print.
+template <class Use>
+void go_over_parts(Session& session, DocumentValues& document, Use use)
 {
-    Text text;
+    const auto part = [&](const auto& add) {
+        OriginalPieces pieces;
+        add(pieces);
+        use(std::move(pieces));
+    };
+    use(header_and_issuer(session, document));
+    part([&](OriginalPieces& pieces) { add_receiver(pieces, document); });
+    for (std::int32_t i = 1; i <= session.gNumDetalle; ++i)
+        part([&](OriginalPieces& pieces) { add_line(pieces, session.gDetalle[i], i); });
+    part([&](OriginalPieces& pieces) { add_taxes(pieces, session, document); });
+}
+
+void append(Text& text, const OriginalPieces& pieces)
+{
     for (const OriginalPiece& piece : pieces) (text += u'|') += piece.value;
-    return text;
 }
 
 } // namespace
 
 Text header_piece(Session& session, DocumentValues& document)
 {
-    return text_of(header_and_issuer(session, document));
+    Text text;
+    append(text, header_and_issuer(session, document));
+    return text;
 }
 
 OriginalPieces original_pieces(Session& session, DocumentValues& document)
 {
-    // Part after part: with the header the amounts are read that the taxes print.
-    OriginalPieces pieces = header_and_issuer(session, document);
-    add_receiver(pieces, document);
-    for (std::int32_t i = 1; i <= session.gNumDetalle; ++i) add_line(pieces, session.gDetalle[i], i);
-    add_taxes(pieces, session, document);
-    return pieces;
+    OriginalPieces all;
+    go_over_parts(session, document,
+                  [&](OriginalPieces part) { std::move(part.begin(), part.end(), std::back_inserter(all)); });
+    return all;
 }
 
 Text original_string(Session& session, DocumentValues& document)
 {
-    return u"|" + text_of(original_pieces(session, document)) + u"||";
+    Text text = u"|";
+    go_over_parts(session, document, [&](const OriginalPieces& part) { append(text, part); });
+    return text += u"||";
 }
 
 } // namespace tolvex

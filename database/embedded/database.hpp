@@ -1,6 +1,7 @@
 // One open file of the embedded database, and the one door that the engine's calls go through.
 #pragma once
 
+#include "database/embedded/prepared.hpp"
 #include "database/embedded/rights.hpp"
 #include "tolvex/types.hpp"
 
@@ -30,6 +31,7 @@ public:
     // All rows of a query; Null is empty.
     std::vector<std::vector<std::string>> rows(const std::string& sql);
     bool in_transaction() const { return !sqlite3_get_autocommit(handle()); }
+    PreparedStatements& prepared() const { return prepared_; }
 
 private:
     struct Close
@@ -43,6 +45,7 @@ private:
     Text file_;
     mutable Rights rights_;
     std::unique_ptr<sqlite3, Close> handle_;
+    mutable PreparedStatements prepared_; // they go before the handle does
 };
 
 } // namespace tolvex::embedded

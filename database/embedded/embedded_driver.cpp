@@ -5,6 +5,7 @@
 #include "database/embedded/opening.hpp"
 #include "database/embedded/rows.hpp"
 #include "database/embedded/script.hpp"
+#include "database/embedded/shared_commit.hpp"
 
 namespace tolvex {
 
@@ -12,6 +13,7 @@ namespace {
 
 using embedded::Database;
 using embedded::Script;
+using embedded::SharedCommit;
 using embedded::Statement;
 
 class EmbeddedDriver : public Driver
@@ -24,7 +26,7 @@ public:
 
     ~EmbeddedDriver() override
     {
-        if (relaxed_) quietly([&] { flush(); });
+        if (deferring_ || relaxed_) quietly([&] { flush(); });
     }
 
     void execute(const Text& sql, const std::vector<Value>& parameters) override
@@ -39,6 +41,7 @@ public:
 
     std::unique_ptr<Cursor> query(const Text& sql) override
     {
+        shared_commit_.end();
         std::size_t bound = 0;
         for (Script script(database_, sql); auto statement = script.next();) {
             bind(*statement, {}, bound);
@@ -51,6 +54,7 @@ public:
 
     std::unique_ptr<Cursor> query(const Text& sql, const std::vector<NamedValue>& parameters) override
     {
+        shared_commit_.end();
         for (Script script(database_, sql); auto statement = script.next();) {
             bind(*statement, parameters);
             if (statement->column_count() > 0) return embedded::rows_of(std::move(*statement));
@@ -68,7 +72,11 @@ public:
 
     // At once with the right to write: a transaction that reads first could not get it later if somebody else
     // wrote in between.
-    void begin() override { database_->run("BEGIN IMMEDIATE"); }
+    void begin() override
+    {
+        shared_commit_.end();
+        database_->run("BEGIN IMMEDIATE");
+    }
 
     void commit() override
     {
@@ -82,7 +90,7 @@ public:
         settle();
     }
 
-    bool in_transaction() const override { return database_->in_transaction(); }
+    bool in_transaction() const override { return database_->in_transaction() && !shared_commit_.is_open(); }
 
     Text description() override
     {
@@ -105,6 +113,7 @@ public:
     void flush() override
     {
         deferring_ = false;
+        shared_commit_.end();
         settle();
     }
 
@@ -132,9 +141,15 @@ private:
         throw Error(database_error, u"Falta el valor del parámetro " + name + u" de la instrucción SQL");
     }
 
-    static void run(Statement& statement)
+    void run(Statement& statement)
     {
-        while (statement.step()) continue;
+        if (deferring_) shared_commit_.join(statement);
+        try {
+            while (statement.step()) continue;
+        } catch (const Error&) {
+            quietly([&] { shared_commit_.end(); });
+            throw;
+        }
     }
 
     // Once nothing is deferred any more, what was written reaches the disk and the next statement flushes by
@@ -157,6 +172,7 @@ private:
     }
 
     std::shared_ptr<Database> database_;
+    SharedCommit shared_commit_{*database_};
     bool write_ahead_;       // the file took the write-ahead log
     bool deferring_ = false; // between defer_flush() and flush()
     bool relaxed_ = false;   // commits do not wait for the disk

@@ -2,26 +2,66 @@
 
 #include "core/errors.hpp"
 #include "database/embedded/tsql/rewriter.hpp"
+#include "database/embedded/tsql/shape.hpp"
+
+#include <utility>
 
 namespace tolvex::embedded {
 
 namespace {
 
-std::string engine_sql(TextView sql)
+// Whether the names of the literals, if there are any, are the statement's parameters in their order.
+bool fits(sqlite3_stmt* handle, const std::vector<Value>& literals)
 {
-    if (sql.find(u'\0') != TextView::npos)
-        throw Error(database_error, u"La instrucción SQL contiene un carácter nulo");
-    return to_utf8(to_sqlite(sql));
+    if (literals.empty()) return true;
+    const auto count = static_cast<std::size_t>(sqlite3_bind_parameter_count(handle));
+    for (std::size_t i = 0; i < count; ++i) {
+        const char* name = sqlite3_bind_parameter_name(handle, static_cast<int>(i + 1));
+        if (!name || name != "@" + std::to_string(i + 1)) return false;
+    }
+    return count == literals.size();
+}
+
+// None for what cannot stay prepared: several statements, none at all, or literals where the engine takes no
+// values.
+StatementHandle prepared(const Database& database, const Shape& shape)
+{
+    const std::string sql = to_utf8(to_sqlite(shape.sql));
+    sqlite3_stmt* handle = nullptr;
+    const char* rest = nullptr;
+    sqlite3_prepare_v3(database.handle(), sql.c_str(), static_cast<int>(sql.size()),
+                       SQLITE_PREPARE_PERSISTENT, &handle, &rest);
+    StatementHandle statement(handle);
+    const bool is_alone = handle && std::string_view(rest).find_first_not_of(" ;") == std::string_view::npos;
+    return is_alone && fits(handle, shape.literals) ? std::move(statement) : nullptr;
+}
+
+std::optional<Statement> statement_of(const std::shared_ptr<const Database>& database, const Shape& shape)
+{
+    PreparedStatement* kept = database->prepared().idle(shape.sql);
+    if (!kept) {
+        StatementHandle handle = prepared(*database, shape);
+        if (!handle) return {};
+        kept = database->prepared().keep(shape.sql, std::move(handle));
+    }
+    return Statement(database, *kept, shape.literals);
 }
 
 } // namespace
 
-Script::Script(std::shared_ptr<const Database> database, TextView sql)
-    : database_(std::move(database)), text_(engine_sql(sql)), rest_(text_)
-{}
+Script::Script(std::shared_ptr<const Database> database, TextView sql) : database_(std::move(database))
+{
+    if (sql.find(u'\0') != TextView::npos)
+        throw Error(database_error, u"La instrucción SQL contiene un carácter nulo");
+    only_ = statement_of(database_, shape_of(sql));
+    if (only_) return;
+    text_ = to_utf8(to_sqlite(sql));
+    rest_ = text_;
+}
 
 std::optional<Statement> Script::next()
 {
+    if (only_) return std::exchange(only_, std::nullopt);
     if (rest_.empty()) return {};
     Statement statement(database_, rest_);
     if (!statement.exists()) return {};

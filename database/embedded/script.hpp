@@ -20,6 +20,7 @@ public:
 
 private:
     std::shared_ptr<const Database> database_;
+    std::optional<Statement> only_; // of a text that holds one
     std::string text_;
     std::string_view rest_;
 };

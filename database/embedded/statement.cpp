@@ -99,7 +99,29 @@ Statement::Statement(std::shared_ptr<const Database> database, std::string_view&
     sql.remove_prefix(handle ? tail - sql.data() : sql.size());
 }
 
-std::size_t Statement::parameter_count() const { return sqlite3_bind_parameter_count(handle_.get()); }
+Statement::Statement(std::shared_ptr<const Database> database, PreparedStatement& kept,
+                     const std::vector<Value>& literals)
+    : database_(std::move(database)), handle_(kept.handle.get(), {&kept})
+{
+    kept.runs = true;
+    for (const Value& literal : literals) bind(literals_++, literal);
+}
+
+void Statement::Ending::operator()(sqlite3_stmt* handle) const
+{
+    if (!kept) {
+        sqlite3_finalize(handle);
+        return;
+    }
+    sqlite3_reset(handle); // says once more what a step that failed has said
+    sqlite3_clear_bindings(handle);
+    kept->runs = false;
+}
+
+std::size_t Statement::parameter_count() const
+{
+    return sqlite3_bind_parameter_count(handle_.get()) - literals_;
+}
 
 void Statement::bind(std::size_t parameter, const Value& value)
 {

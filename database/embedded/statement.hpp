@@ -1,4 +1,4 @@
-// One prepared statement of the embedded database: its parameters and its rows.
+// One statement of the embedded database, ready to run: its parameters and its rows.
 #pragma once
 
 #include "database/driver.hpp"
@@ -12,8 +12,14 @@ class Statement
 public:
     // Prepares the first statement of the text and takes it off; it does not exist when only blanks are left.
     Statement(std::shared_ptr<const Database> database, std::string_view& sql);
+    // Runs one that stays prepared, which is idle again afterwards; the literals are values of its shape.
+    Statement(std::shared_ptr<const Database> database, PreparedStatement& kept,
+              const std::vector<Value>& literals);
 
     bool exists() const { return handle_ != nullptr; }
+    // Where it stays prepared; null for one that does not.
+    const PreparedStatement* kept() const { return handle_.get_deleter().kept; }
+    // How many the caller has to bind.
     std::size_t parameter_count() const;
     // Parameters are counted from 0.
     void bind(std::size_t parameter, const Value& value);
@@ -28,9 +34,10 @@ public:
     Value value(std::size_t index, ColumnKind kind) const;
 
 private:
-    struct Finalize
+    struct Ending
     {
-        void operator()(sqlite3_stmt* handle) const { sqlite3_finalize(handle); }
+        PreparedStatement* kept; // null for one that goes when it is done
+        void operator()(sqlite3_stmt* handle) const;
     };
 
     Text text(int index) const;
@@ -38,7 +45,8 @@ private:
     Value stored_value(int index) const;
 
     std::shared_ptr<const Database> database_;
-    std::unique_ptr<sqlite3_stmt, Finalize> handle_;
+    std::unique_ptr<sqlite3_stmt, Ending> handle_;
+    std::size_t literals_ = 0; // that are bound already
 };
 
 } // namespace tolvex::embedded

@@ -32,10 +32,12 @@ struct FreeDocument
 {
     void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
 };
-struct FreeBuffer
+
+int append_to(void* saved, const char* piece, int length)
 {
-    void operator()(xmlBuffer* buffer) const { xmlBufferFree(buffer); }
-};
+    static_cast<std::string*>(saved)->append(piece, static_cast<std::size_t>(length));
+    return length;
+}
 
 xmlNode* node(XmlNode* element) { return reinterpret_cast<xmlNode*>(element); }
 XmlNode* element(xmlNode* node) { return reinterpret_cast<XmlNode*>(node); }
@@ -76,6 +78,7 @@ void XmlElement::set_text(const Text& text)
 XmlDocument::XmlDocument() : native_(std::make_unique<Native>())
 {
     native_->document.reset(checked(xmlNewDoc(bytes("1.0"))));
+    native_->document->dict = checked(xmlDictCreate()); // a name that comes back is kept once
     xmlNode* instruction =
         checked(xmlNewDocPI(native_->document.get(), bytes("xml"), bytes("version='1.0' encoding='UTF-8'")));
     xmlAddChild(reinterpret_cast<xmlNode*>(native_->document.get()), instruction);
@@ -92,12 +95,11 @@ XmlElement XmlDocument::create_root(const Text& name)
 
 std::string XmlDocument::as_bytes() const
 {
-    const std::unique_ptr<xmlBuffer, FreeBuffer> buffer(checked(xmlBufferCreate()));
-    xmlSaveCtxt* saving = checked(xmlSaveToBuffer(buffer.get(), "UTF-8", XML_SAVE_NO_DECL));
+    std::string saved;
+    xmlSaveCtxt* saving = checked(xmlSaveToIO(append_to, nullptr, &saved, "UTF-8", XML_SAVE_NO_DECL));
     xmlSaveDoc(saving, native_->document.get());
     if (xmlSaveClose(saving) < 0) throw xml_error(u"no se pudo formar");
-    const auto* start = reinterpret_cast<const char*>(xmlBufferContent(buffer.get()));
-    return {start, static_cast<std::size_t>(xmlBufferLength(buffer.get()))};
+    return saved;
 }
 
 } // namespace tolvex

@@ -161,12 +161,21 @@ TEST_F(EmbeddedFile, a_full_disk_says_so_and_keeps_what_was_stored)
 {
     testing::WatchedDisk disk;
     Connection connection = open(file_);
+    const auto says_full = AllOf(HasSubstr("Año 2011.db"), HasSubstr("disco está lleno"));
     connection.execute(add_document);
     disk.full = true;
-    EXPECT_THAT(database_failure([&] { connection.execute(add_document); }),
-                AllOf(HasSubstr("Año 2011.db"), HasSubstr("disco está lleno")));
+    EXPECT_THAT(database_failure([&] { connection.execute(add_document); }), says_full);
     disk.full = false;
     EXPECT_EQ(documents(connection), 1);
+
+    WriteBurst burst(connection);
+    for (int i = 0; i < 3; ++i) connection.execute(add_document);
+    disk.full = true;
+    EXPECT_THAT(database_failure([&] { burst.finish(); }), says_full);
+    disk.full = false;
+    EXPECT_EQ(documents(connection), 2) << "all but those that shared a commit";
+    connection.begin_transaction();
+    connection.roll_back();
 }
 
 TEST_F(EmbeddedFile, each_statement_reaches_the_disk_by_itself_and_a_burst_at_once_however_it_ends)
@@ -186,7 +195,7 @@ TEST_F(EmbeddedFile, each_statement_reaches_the_disk_by_itself_and_a_burst_at_on
                   WriteBurst burst(connection);
                   EXPECT_EQ(events_of(two_statements), "w");
                   burst.finish();
-                  EXPECT_EQ(disk.log_events(), "f");
+                  EXPECT_EQ(disk.log_events(), "wf");
               }),
               "");
     EXPECT_EQ(events_of([&] {
@@ -231,6 +240,29 @@ TEST_F(EmbeddedFile, a_burst_and_a_transaction_end_durable_in_any_order)
     connection.begin_transaction();
     expect_durable_after([&] { connection.execute(add_document); });
     EXPECT_EQ(documents(connection), 3) << "one after each";
+}
+
+TEST_F(EmbeddedFile, like_statements_of_a_burst_share_commits_and_the_first_ones_stay)
+{
+    Connection connection = open(file_), other = open(file_);
+    const auto add = [&](int first, int last) {
+        for (int i = first; i <= last; ++i)
+            connection.execute(u"insert into FE_VENTAS_RESUMEN(nID,cDocumento) values(" + decimal(i) +
+                               u",'A')");
+    };
+    WriteBurst burst(connection);
+    add(1, 250);
+    EXPECT_EQ(documents(other), 201) << "the first by itself, then a hundred at a time";
+    EXPECT_NE(database_failure([&] { add(250, 251); }), "no failure");
+    EXPECT_EQ(documents(other), 250) << "what a failure finds shared stays";
+    add(251, 260);
+    EXPECT_EQ(documents(other), 251);
+    connection.execute(u"update FE_VENTAS_RESUMEN set cSerie='B' where nID=1");
+    EXPECT_EQ(documents(other), 260) << "anything else ends the sharing";
+    add(261, 265);
+    connection.roll_back(); // there is no transaction
+    burst.finish();
+    EXPECT_EQ(documents(other), 265);
 }
 
 TEST_F(EmbeddedFile, what_a_killed_process_had_stored_is_there)

@@ -45,112 +45,99 @@ TextView keyword_of(TextView word)
     return found != keywords.end() && *found == lower ? *found : TextView();
 }
 
-class Tokenizer
+// Past what belongs together from a position on.
+template <class Belongs>
+std::size_t past_all(TextView sql, std::size_t from, Belongs belongs)
 {
-public:
-    explicit Tokenizer(TextView sql) : sql_(sql) { tokens_.reserve(sql.size() / 4); }
-
-    Tokens run()
-    {
-        while (skip_blanks(), position_ < sql_.size()) take();
-        return std::move(tokens_);
-    }
-
-private:
-    char16_t at(std::size_t position) const { return position < sql_.size() ? sql_[position] : u'\0'; }
-
-    bool is_at(TextView text) const { return sql_.substr(position_).starts_with(text); }
-
-    void skip_blanks()
-    {
-        for (;;) {
-            if (is_blank(at(position_)))
-                ++position_;
-            else if (is_at(u"--"))
-                position_ = std::min(sql_.find(u'\n', position_), sql_.size());
-            else if (is_at(u"/*"))
-                position_ = past(u"*/", position_ + 2);
-            else
-                return;
-        }
-    }
-
-    std::size_t past(TextView closing, std::size_t from) const
-    {
-        const auto found = sql_.find(closing, from);
-        return found == TextView::npos ? sql_.size() : found + closing.size();
-    }
-
-    // Past the closing quote; a doubled one stands for itself.
-    std::size_t past_quoted(std::size_t opening, TextView closing) const
-    {
-        std::size_t end = past(closing, opening + 1);
-        while (sql_.substr(std::min(end, sql_.size())).starts_with(closing)) end = past(closing, end + 1);
-        return end;
-    }
-
-    template <class Belongs>
-    std::size_t while_it(Belongs belongs) const
-    {
-        std::size_t end = position_;
-        while (end < sql_.size() && belongs(sql_[end])) ++end;
-        return end;
-    }
-
-    void take()
-    {
-        const char16_t c = sql_[position_];
-        if ((c == u'N' || c == u'n') && at(position_ + 1) == u'\'')
-            ++position_; // N'…' is a plain literal here
-        if (at(position_) == u'\'')
-            add(Kind::literal, past_quoted(position_, u"'"));
-        else if (c == u'"')
-            add(Kind::name, past_quoted(position_, u"\""));
-        else if (c == u'[')
-            add(Kind::name, past_quoted(position_, u"]"));
-        else if (is_digit(c) || (c == u'.' && is_digit(at(position_ + 1))))
-            add(Kind::number, end_of_number());
-        else if (is_letter_or_digit(c))
-            take_word();
-        else if (is_comparison(c))
-            add(Kind::symbol, while_it(is_comparison));
-        else
-            add(Kind::symbol, position_ + 1);
-    }
-
-    void take_word()
-    {
-        const bool qualified = !tokens_.empty() && tokens_.back().is(u".");
-        add(Kind::word, while_it(is_letter_or_digit));
-        Token& token = tokens_.back();
-        const TextView keyword = qualified ? TextView() : keyword_of(token.text);
-        if (keyword.empty()) return;
-        token.kind = Kind::keyword;
-        token.text = keyword;
-    }
-
-    std::size_t end_of_number() const
-    {
-        std::size_t end = while_it([](char16_t c) { return is_letter_or_digit(c) || c == u'.'; });
-        const bool signed_exponent = (at(end - 1) | 0x20) == u'e' && (at(end) == u'+' || at(end) == u'-');
-        if (signed_exponent)
-            for (++end; is_digit(at(end));) ++end;
-        return end;
-    }
-
-    void add(Kind kind, std::size_t end)
-    {
-        tokens_.push_back({.kind = kind, .text = sql_.substr(position_, end - position_)});
-        position_ = end;
-    }
-
-    TextView sql_;
-    std::size_t position_ = 0;
-    Tokens tokens_;
-};
+    while (from < sql.size() && belongs(sql[from])) ++from;
+    return from;
+}
 
 } // namespace
 
-Tokens tokenize(TextView sql) { return Tokenizer(sql).run(); }
+bool Tokenizer::next(Token& token)
+{
+    skip_blanks();
+    if (position_ == sql_.size()) return false;
+    const char16_t c = sql_[position_];
+    if ((c == u'N' || c == u'n') && at(position_ + 1) == u'\'') ++position_; // N'…' is a plain literal here
+    if (at(position_) == u'\'')
+        take(token, Kind::literal, past_quoted(position_, u"'"));
+    else if (c == u'"')
+        take(token, Kind::name, past_quoted(position_, u"\""));
+    else if (c == u'[')
+        take(token, Kind::name, past_quoted(position_, u"]"));
+    else if (is_digit(c) || (c == u'.' && is_digit(at(position_ + 1))))
+        take(token, Kind::number, end_of_number());
+    else if (is_letter_or_digit(c))
+        take_word(token);
+    else if (is_comparison(c))
+        take(token, Kind::symbol, past_all(sql_, position_, is_comparison));
+    else
+        take(token, Kind::symbol, position_ + 1);
+    qualified_ = token.is(u".");
+    return true;
+}
+
+void Tokenizer::skip_blanks()
+{
+    for (;;) {
+        if (is_blank(at(position_)))
+            ++position_;
+        else if (is_at(u"--"))
+            position_ = std::min(sql_.find(u'\n', position_), sql_.size());
+        else if (is_at(u"/*"))
+            position_ = past(u"*/", position_ + 2);
+        else
+            return;
+    }
+}
+
+std::size_t Tokenizer::past(TextView closing, std::size_t from) const
+{
+    const auto found = sql_.find(closing, from);
+    return found == TextView::npos ? sql_.size() : found + closing.size();
+}
+
+// Past the closing quote; a doubled one stands for itself.
+std::size_t Tokenizer::past_quoted(std::size_t opening, TextView closing) const
+{
+    std::size_t end = past(closing, opening + 1);
+    while (sql_.substr(std::min(end, sql_.size())).starts_with(closing)) end = past(closing, end + 1);
+    return end;
+}
+
+std::size_t Tokenizer::end_of_number() const
+{
+    std::size_t end =
+        past_all(sql_, position_, [](char16_t c) { return is_letter_or_digit(c) || c == u'.'; });
+    const bool signed_exponent = (at(end - 1) | 0x20) == u'e' && (at(end) == u'+' || at(end) == u'-');
+    return signed_exponent ? past_all(sql_, end + 1, is_digit) : end;
+}
+
+void Tokenizer::take_word(Token& token)
+{
+    take(token, Kind::word, past_all(sql_, position_, is_letter_or_digit));
+    const TextView keyword = qualified_ ? TextView() : keyword_of(token.text);
+    if (keyword.empty()) return;
+    token.kind = Kind::keyword;
+    token.text = keyword;
+}
+
+void Tokenizer::take(Token& token, Kind kind, std::size_t end)
+{
+    token.kind = kind;
+    token.text = sql_.substr(position_, end - position_);
+    position_ = end;
+}
+
+Tokens tokenize(TextView sql)
+{
+    Tokens tokens;
+    tokens.reserve(sql.size() / 4);
+    Token token;
+    for (Tokenizer tokenizer(sql); tokenizer.next(token);) tokens.push_back(token);
+    return tokens;
+}
 
 } // namespace tolvex::embedded
