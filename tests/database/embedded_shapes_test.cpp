@@ -1,5 +1,5 @@
-// A statement that shares its prepared form with others of its shape does what it does alone. Each goes to two
-// databases: as it is, twice, so that the second time it finds its shape prepared; and behind another
+// A statement that shares its prepared form with others of its shape does what it does alone. Each goes to
+// two databases: as it is, twice, so that the second time it finds its shape prepared; and behind another
 // statement, where it never stays prepared.
 #include "core/errors.hpp"
 #include "database/statement_listener.hpp"
