@@ -121,7 +121,8 @@ void measure_all(const char* program)
 
 int main(int argc, char** argv)
 {
-    if (argc == 3)
+    if (argc == 4) set_sealing(Sealing::in_process);
+    if (argc >= 3)
         measure(std::atoi(argv[1]), std::atoi(argv[2]));
     else
         measure_all(argv[0]);

@@ -9,6 +9,8 @@ target_link_libraries(tolvex_tests PRIVATE tolvex_rooms GTest::gmock GTest::gtes
 target_compile_definitions(tolvex_tests PRIVATE TOLVEX_SOURCE_DIR="${PROJECT_SOURCE_DIR}"
                                                 TOLVEX_COMMAND="$<TARGET_FILE:tolvex_command>")
 add_dependencies(tolvex_tests tolvex_command)
+include(cmake/keys_of_openssl.cmake)
+add_keys_of_openssl(tolvex_tests)
 # Which tests there are depends on the databases that the environment names, so they are listed when they are run. Those
 # on a shared server take turns.
 set(on_a_server "*/sqlServer:*/odbcNamed")

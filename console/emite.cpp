@@ -9,6 +9,7 @@
 #include "platform/files.hpp"
 #include "platform/terminal.hpp"
 #include "tolvex/root_layout.hpp"
+#include "tolvex/sealing.hpp"
 
 #include <algorithm>
 
@@ -60,12 +61,15 @@ public:
         options.flag("--json", as_json_, "Un objeto JSON por renglón: cada documento, cada falta");
         options.flag("--raiz-extendida", extended_root_,
                      "Escribe en el XML la raíz extendida, con folio y método de pago");
+        options.flag("--sello-interno", seals_in_process_,
+                     "Calcula los sellos sin el programa openssl: los mismos, y varias veces más rápido");
     }
 
     int run(const Place& place) override
     {
         terminal::is_interrupted(); // noticed from here on
         set_root_layout(extended_root_ ? RootLayout::extended : RootLayout::standard);
+        set_sealing(seals_in_process_ ? Sealing::in_process : Sealing::openssl_program);
         IssueReport report(as_json_);
         return watched_.empty() ? issue_all(place, report) : watch(place, report);
     }
@@ -175,7 +179,7 @@ private:
     std::vector<std::string> given_;
     FlatFileOptions options_;
     std::string encoding_, watched_;
-    bool only_reviews_ = false, as_json_ = false, extended_root_ = false;
+    bool only_reviews_ = false, as_json_ = false, extended_root_ = false, seals_in_process_ = false;
 };
 
 } // namespace

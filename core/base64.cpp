@@ -37,4 +37,18 @@ std::optional<std::string> from_base64(TextView text)
     return bytes;
 }
 
+Text to_base64(std::string_view bytes)
+{
+    Text text;
+    for (std::size_t i = 0; i < bytes.size(); i += 3) {
+        const auto byte = [&](std::size_t n) {
+            return i + n < bytes.size() ? static_cast<unsigned char>(bytes[i + n]) : 0U;
+        };
+        const unsigned bits = byte(0) << 16 | byte(1) << 8 | byte(2);
+        for (std::size_t n = 0; n < 4; ++n)
+            text += i + n <= bytes.size() ? alphabet[bits >> (18 - 6 * n) & 63] : u'=';
+    }
+    return text;
+}
+
 } // namespace tolvex

@@ -112,10 +112,13 @@ void Issue::seal()
 {
     const Text& folder = session_.gRutaDeArchivos;
     const Text original = original_string(session_, document_);
-    write_seal_batch(folder, digest_for(document_.DocFechaDate));
+    const Digest digest = digest_for(document_.DocFechaDate);
+    write_seal_batch(folder, digest);
     document_.original_string = utf8_characters(original);
     write_original_string(folder, document_.original_string);
-    document_.sello = clean_seal(run_seal_batch(folder));
+    document_.sello =
+        clean_seal(seals_in_process() ? seal_in_process(folder, digest, document_.original_string)
+                                      : run_seal_batch(folder));
 }
 
 // Deliberate: statement after statement without a transaction; a failure leaves what was stored before it.

@@ -1,5 +1,6 @@
 #include "issuing/seal.hpp"
 
+#include "core/base64.hpp"
 #include "core/code_pages.hpp"
 #include "core/dates.hpp"
 #include "core/errors.hpp"
@@ -30,7 +31,43 @@ Error no_seal(const Text& path)
                 u": revise que openssl y pkey.key.pem estén en la carpeta de trabajo y que la llave sirva"};
 }
 
+Sealing& sealing()
+{
+    static Sealing one = Sealing::openssl_program;
+    return one;
+}
+
+// The key of a folder, parsed anew only when the file says something else.
+const PrivateKey& key_of(const Text& folder)
+{
+    static std::string known;
+    static std::unique_ptr<PrivateKey> key;
+    const Text path = folder + u"\\pkey.key.pem";
+    std::string pem = files::read(path);
+    if (!key || pem != known) {
+        key.reset();
+        try {
+            key = std::make_unique<PrivateKey>(pem);
+        } catch (const Error& error) {
+            throw Error(error.number(), files::native_path(path) + u": " + error.description());
+        }
+        known = std::move(pem);
+    }
+    return *key;
+}
+
+// In lines as openssl writes them.
+Text base64_lines(std::string_view bytes)
+{
+    constexpr std::size_t width = 64;
+    Text lines = to_base64(bytes);
+    for (std::size_t end = width; end < lines.size(); end += width + 1) lines.insert(end, 1, u'\n');
+    return lines + u"\n";
+}
+
 } // namespace
+
+void set_sealing(Sealing one) { sealing() = one; }
 
 Digest digest_for(Date date) { return year_of(date) > 2010 ? Digest::sha1 : Digest::md5; }
 
@@ -82,6 +119,17 @@ Text run_seal_batch(const Text& folder)
     const Text result = folder + u"\\Sello.txt";
     if (!files::exists(result)) throw no_seal(result);
     return last_line(result);
+}
+
+bool seals_in_process() { return sealing() == Sealing::in_process; }
+
+Text seal_in_process(const Text& folder, Digest digest, const Text& utf8)
+{
+    const std::string signature = key_of(folder).signature(digest, bytes_of_text(utf8));
+    const Text seal = base64_lines(signature);
+    files::write_anew(folder + u"\\fi_md5.txt", signature);
+    files::write_anew(folder + u"\\sello.txt", to_utf8(seal));
+    return seal;
 }
 
 Text clean_seal(const Text& seal)

@@ -1,8 +1,9 @@
-// The digital seal: openssl signs the original string through a batch file in the working folder.
+// The digital seal: openssl signs the original string through a batch file in the working folder, or this
+// process does it in its place.
 #pragma once
 
 #include "platform/signature.hpp"
-#include "tolvex/types.hpp"
+#include "tolvex/sealing.hpp"
 
 namespace tolvex {
 
@@ -21,6 +22,10 @@ void write_seal_batch(const Text& folder, Digest digest);
 void write_original_string(const Text& folder, const Text& utf8);
 // Runs sello.bat to its end and reads the seal it left, uncleaned. Throws Error when there is none.
 Text run_seal_batch(const Text& folder);
+// What sello.bat would do, where set_sealing chose so: the seal of the bytes by the folder's pkey.key.pem,
+// which leaves the same files. Throws Error when the key cannot be read.
+bool seals_in_process();
+Text seal_in_process(const Text& folder, Digest digest, const Text& utf8);
 // Only the Base64 characters and "=".
 Text clean_seal(const Text& seal);
 // Removes what there is of the four work files.

@@ -31,14 +31,29 @@ Text moment_of(const Text& path)
     return format(local_now(), u"yyyy-mm-ddThh:mm:ss");
 }
 
+// The first number that is not taken: they are given one after the other, and a file of thousands of
+// documents may have one moment for all.
+template <class Taken>
+int first_free(Taken taken)
+{
+    int free = 1;
+    while (taken(free)) free *= 2;
+    for (int last = free / 2; free - last > 1;) {
+        const int middle = last + (free - last) / 2;
+        (taken(middle) ? last : free) = middle;
+    }
+    return free;
+}
+
 void keep_earlier(const Text& working_folder, const Text& name)
 {
     const Text path = xml_path(working_folder, name);
     if (!files::exists_as_spelt(path)) return;
     make_folder(anteriores_path(working_folder));
     const Text moment = moment_of(path);
-    for (int times = 1;; ++times)
-        if (files::move_unless_taken(path, earlier_xml_path(working_folder, name, moment, times))) return;
+    const auto earlier = [&](int times) { return earlier_xml_path(working_folder, name, moment, times); };
+    int times = first_free([&](int each) { return files::exists_as_spelt(earlier(each)); });
+    while (!files::move_unless_taken(path, earlier(times))) ++times;
 }
 
 } // namespace

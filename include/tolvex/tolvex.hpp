@@ -10,5 +10,6 @@
 #include "tolvex/errors.hpp"
 #include "tolvex/messages.hpp"
 #include "tolvex/root_layout.hpp"
+#include "tolvex/sealing.hpp"
 #include "tolvex/stored_documents.hpp"
 #include "tolvex/types.hpp"

@@ -15,8 +15,10 @@ bool is_there(const fs::path& path)
 fs::path usual_spelling(const fs::path& folder, const fs::path& name)
 {
     const Text given = to_text(name.string());
-    for (const Text& spelling : {given, lower_case(given), upper_case(given)})
-        if (is_there(folder / to_utf8(spelling))) return folder / to_utf8(spelling);
+    for (const Text& spelling : {given, lower_case(given), upper_case(given)}) {
+        fs::path path = folder / to_utf8(spelling);
+        if (is_there(path)) return path;
+    }
     return folder / name;
 }
 

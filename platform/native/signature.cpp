@@ -4,6 +4,7 @@
 
 #include <openssl/err.h>
 #include <openssl/evp.h>
+#include <openssl/pem.h>
 #include <openssl/rsa.h>
 #include <openssl/x509.h>
 
@@ -21,6 +22,8 @@ struct Releasing
     }
 };
 using X509Handle = std::unique_ptr<X509, Releasing<X509_free>>;
+using Key = std::unique_ptr<EVP_PKEY, Releasing<EVP_PKEY_free>>;
+using Memory = std::unique_ptr<BIO, Releasing<BIO_free_all>>;
 using KeyContext = std::unique_ptr<EVP_PKEY_CTX, Releasing<EVP_PKEY_CTX_free>>;
 
 Error no_certificate(TextView reason)
@@ -63,6 +66,26 @@ std::string digest_info(Digest digest, std::string_view message)
     return bytes.append(reinterpret_cast<const char*>(made), length);
 }
 
+int no_password(char*, int, int, void*) { return -1; } // without one, libcrypto would ask at the terminal
+
+Key parsed_key(const std::string& pem)
+{
+    const Memory memory(BIO_new_mem_buf(pem.data(), static_cast<int>(pem.size())));
+    check(memory ? 1 : 0);
+    Key key(PEM_read_bio_PrivateKey(memory.get(), nullptr, no_password, nullptr));
+    ERR_clear_error();
+    if (!key) throw invalid_call(u"no es una llave privada sin contraseña en forma PEM");
+    if (EVP_PKEY_get_base_id(key.get()) != EVP_PKEY_RSA) throw invalid_call(u"la llave no es RSA");
+    return key;
+}
+
+KeyContext context_for(EVP_PKEY* key)
+{
+    KeyContext context(EVP_PKEY_CTX_new(key, nullptr));
+    check(context ? 1 : 0);
+    return context;
+}
+
 const unsigned char* octets(std::string_view bytes)
 {
     return reinterpret_cast<const unsigned char*>(bytes.data());
@@ -84,14 +107,37 @@ bool Certificate::verifies(Digest digest, std::string_view message, std::string_
     EVP_PKEY* key = X509_get0_pubkey(native_->certificate.get());
     if (signature.size() != static_cast<std::size_t>(EVP_PKEY_get_size(key))) return false;
     const std::string signed_bytes = digest_info(digest, message);
-    const KeyContext context(EVP_PKEY_CTX_new(key, nullptr));
-    check(context ? 1 : 0);
+    const KeyContext context = context_for(key);
     check(EVP_PKEY_verify_init(context.get()));
     check(EVP_PKEY_CTX_set_rsa_padding(context.get(), RSA_PKCS1_PADDING));
     const int answer = EVP_PKEY_verify(context.get(), octets(signature), signature.size(),
                                        octets(signed_bytes), signed_bytes.size());
     ERR_clear_error(); // bytes that are no signature at all are told as an error too
     return answer == 1;
+}
+
+struct PrivateKey::Native
+{
+    Key key;
+};
+
+PrivateKey::PrivateKey(const std::string& pem) : native_(std::make_unique<Native>(Native{parsed_key(pem)})) {}
+
+PrivateKey::~PrivateKey() = default;
+
+std::string PrivateKey::signature(Digest digest, std::string_view message) const
+{
+    EVP_PKEY* key = native_->key.get();
+    const std::string signed_bytes = digest_info(digest, message);
+    const KeyContext context = context_for(key);
+    check(EVP_PKEY_sign_init(context.get()));
+    check(EVP_PKEY_CTX_set_rsa_padding(context.get(), RSA_PKCS1_PADDING));
+    std::string signature(EVP_PKEY_get_size(key), '\0');
+    std::size_t length = signature.size();
+    check(EVP_PKEY_sign(context.get(), reinterpret_cast<unsigned char*>(signature.data()), &length,
+                        octets(signed_bytes), signed_bytes.size()));
+    signature.resize(length);
+    return signature;
 }
 
 } // namespace tolvex

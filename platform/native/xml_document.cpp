@@ -33,10 +33,15 @@ struct FreeDocument
     void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
 };
 
-int append_to(void* saved, const char* piece, int length)
+// No exception may pass through the library.
+int append_to(void* saved, const char* piece, int length) noexcept
 {
-    static_cast<std::string*>(saved)->append(piece, static_cast<std::size_t>(length));
-    return length;
+    try {
+        static_cast<std::string*>(saved)->append(piece, static_cast<std::size_t>(length));
+        return length;
+    } catch (const std::bad_alloc&) {
+        return -1;
+    }
 }
 
 xmlNode* node(XmlNode* element) { return reinterpret_cast<xmlNode*>(element); }

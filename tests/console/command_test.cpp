@@ -15,6 +15,7 @@ namespace tolvex::testing {
 namespace {
 
 using ::testing::AllOf;
+using ::testing::ContainsRegex;
 using ::testing::HasSubstr;
 using ::testing::MatchesRegex;
 using ::testing::Not;
@@ -127,6 +128,12 @@ TEST_F(Command, emite_tells_each_document_as_it_is_issued)
     const Outcome folders = tolvex({"emite", "demo/otros", sales(1), "--bd", database});
     EXPECT_THAT(folders.output, AllOf(HasSubstr("otros/Facturas/A8.xml"), HasSubstr("otros/Facturas/A9.xml"),
                                       HasSubstr("A10  "), Not(HasSubstr("A11"))));
+
+    const Outcome without_openssl =
+        in_shell("PATH=/nada " TOLVEX_COMMAND " emite - --sello-interno --bd tolvex.db < ../" + sales(1),
+                 path() / "demo");
+    EXPECT_THAT(without_openssl.output, HasSubstr("A11  ")) << without_openssl.errors;
+    EXPECT_THAT(read_file(path() / "demo/Facturas/A11.xml"), ContainsRegex("sello=\"[A-Za-z0-9+/]{342}==\""));
 }
 
 TEST_F(Command, who_stops_reading_what_is_printed_ends_nothing_half_way)

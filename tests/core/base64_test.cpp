@@ -21,5 +21,15 @@ TEST(Base64, whole_texts_become_bytes_and_others_nothing)
                                                                {u"aG9sñQ==", {}}});
 }
 
+TEST(Base64, bytes_become_whole_texts)
+{
+    expect_all<std::string, Text>(to_base64, {{"", u""},
+                                              {"h", u"aA=="},
+                                              {"ho", u"aG8="},
+                                              {"hol", u"aG9s"},
+                                              {"hola!", u"aG9sYSE="},
+                                              {std::string("\xFF\xEF\0", 3), u"/+8A"}});
+}
+
 } // namespace
 } // namespace tolvex

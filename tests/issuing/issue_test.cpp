@@ -331,19 +331,22 @@ TEST_F(Issuing, work_files_are_made_anew_and_what_an_interrupted_issue_left_goes
     EXPECT_EQ(work_files(), "");
 }
 
-// Folios 10, 20 and 30 name one file.
+// Folios 10, 20, 30 … name one file.
 TEST_F(Issuing, a_file_whose_name_another_document_takes_is_kept)
 {
     stage_document();
-    for (const Text folio : {u"10", u"20", u"30"}) ASSERT_TRUE(issue(folio)) << to_utf8(last_error());
+    for (int folio = 10; folio <= 70; folio += 10)
+        ASSERT_TRUE(issue(decimal(folio))) << to_utf8(last_error());
     const auto has_seal_of = [&](const std::string& file, const Text& folio) {
         const Text seal =
             answer(u"Select cSelloDigital From FE_VENTAS_RESUMEN Where cDocumento='" + folio + u"'").text();
         return content("Facturas/" + file).find(to_utf8(seal)) != std::string::npos;
     };
-    EXPECT_TRUE(has_seal_of("A0.xml", u"30"));
+    EXPECT_TRUE(has_seal_of("A0.xml", u"70"));
     EXPECT_TRUE(has_seal_of("Anteriores/A0_2011-03-15T14-05-09.xml", u"10"));
-    EXPECT_TRUE(has_seal_of("Anteriores/A0_2011-03-15T14-05-09-2.xml", u"20"));
+    for (int times = 2; times <= 6; ++times)
+        EXPECT_TRUE(has_seal_of("Anteriores/A0_2011-03-15T14-05-09-" + std::to_string(times) + ".xml",
+                                decimal(10 * times)));
 
     write_file(folder() / "Facturas/A5.xml", "<ajeno fecha=\"ayer\"/>");
     ASSERT_TRUE(issue(u"5")) << to_utf8(last_error());

@@ -1,5 +1,6 @@
 #include "issuing/seal.hpp"
 
+#include "support/keys_of_openssl.hpp"
 #include "support/station.hpp"
 #include "support/tables.hpp"
 
@@ -35,6 +36,38 @@ TEST_F(Seal, batch_files_are_the_documented_lines)
     EXPECT_EQ(content("sello.bat"), t + "openssl dgst -md5 -sign " + t + "pkey.key.pem  -out " + t +
                                         "fi_md5.txt " + t + "utf8.txt\r\n" + t + "openssl enc -base64 -in " +
                                         t + "fi_md5.txt -out " + t + "sello.txt\r\n");
+}
+
+TEST_F(Seal, in_process_is_the_programs_and_leaves_the_same_files_after_a_failure)
+{
+    std::filesystem::create_directory(folder() / "Facturas");
+    std::filesystem::create_directory(folder() / "Facturas/A123.xml"); // the XML cannot take its place
+    const auto sealed = [&](Sealing sealing) {
+        set_sealing(sealing);
+        stage_document();
+        EXPECT_FALSE(issue());
+        std::vector<std::string> contents;
+        for (const char* name : {"sello.bat", "utf8.txt", "fi_md5.txt", "sello.txt"}) {
+            contents.push_back(content(name));
+            std::filesystem::remove(folder() / name);
+        }
+        return contents;
+    };
+    const auto by_the_program = sealed(Sealing::openssl_program);
+    EXPECT_EQ(sealed(Sealing::in_process), by_the_program);
+    EXPECT_EQ(rows(u"Select count(distinct cSelloDigital) as n,count(*) as m From FE_VENTAS_RESUMEN"),
+              u"1|2");
+
+    // The next key is read, and one that is none is told with its file.
+    write_file(folder() / "pkey.key.pem", keys_of_openssl[0].pem);
+    EXPECT_EQ(sealed(Sealing::in_process)[2].size(), 1024U / 8);
+    write_file(folder() / "pkey.key.pem", "nada");
+    EXPECT_FALSE((stage_document(), issue()));
+    EXPECT_EQ(to_utf8(last_error()),
+              (folder() / "pkey.key.pem").string() + ": no es una llave privada sin contraseña en forma PEM");
+    std::filesystem::remove(folder() / "pkey.key.pem");
+    EXPECT_FALSE((stage_document(), issue()));
+    EXPECT_EQ(count(u"FE_VENTAS_RESUMEN"), 3);
 }
 
 } // namespace

@@ -2,6 +2,7 @@
 #include "platform/signature.hpp"
 
 #include "core/base64.hpp"
+#include "support/keys_of_openssl.hpp"
 #include "support/tables.hpp"
 #include "support/test_certificate.hpp"
 
@@ -77,6 +78,25 @@ TEST(Signature, needs_a_certificate_with_an_rsa_key)
     for (const std::string& der :
          {std::string(), std::string("no es un certificado"), whole.substr(0, 400), bytes(other_certificate)})
         EXPECT_EQ(error_number([&] { Certificate certificate(der); }), 5);
+}
+
+TEST(Signature, is_the_one_that_the_openssl_program_makes)
+{
+    for (const KeyOfOpenssl& made : keys_of_openssl)
+        for (const char* pem : {made.pem, made.pkcs1}) {
+            const PrivateKey key(pem);
+            EXPECT_EQ(to_base64(key.signature(Digest::md5, signed_message)), made.by_md5) << made.bits;
+            EXPECT_EQ(to_base64(key.signature(Digest::sha1, signed_message)), made.by_sha1) << made.bits;
+        }
+}
+
+TEST(Signature, needs_an_rsa_key_without_a_password)
+{
+    const std::string whole = keys_of_openssl[0].pem;
+    for (const std::string& pem :
+         {std::string(), std::string("no es una llave"), whole.substr(0, whole.size() / 2), whole.substr(30),
+          std::string(key_with_a_password), std::string(key_on_a_curve)})
+        EXPECT_EQ(error_number([&] { PrivateKey key(pem); }), 5) << pem;
 }
 
 } // namespace

@@ -29,6 +29,7 @@ Station::~Station()
     session() = Session();
     set_message_handler(nullptr);
     set_root_layout(RootLayout::standard);
+    set_sealing(Sealing::openssl_program);
 }
 
 // A string of another form than that of hosts, with another driver or a port of its own, opens as it is.

@@ -27,6 +27,12 @@ expect "el componente emite en la carpeta" grep -qx 'Folio: 4' \
     <<< "$(windows "$(system_folder "$bits")\\cscript.exe" //nologo 'ejemplos\vbscript\factura.vbs' "$(windows_path "$work/demo")")"
 expect "todo está bien" [ "$(tolvex verifica --bd 'demo\tolvex.db')" = "Documentos revisados: 5; no está bien: 0" ]
 
+mv openssl.exe aparte.exe
+tolvex emite 'demo\factura.txt' --sello-interno --bd 'demo\tolvex.db' > emitido.txt
+mv aparte.exe openssl.exe
+expect "el sello interno no necesita openssl" grep -q 'A5\.xml' emitido.txt
+expect "y es el mismo" [ "$(tolvex verifica --bd 'demo\tolvex.db')" = "Documentos revisados: 6; no está bien: 0" ]
+
 said=$(tolvex diagnostico --bd 'demo\tolvex.db')
 expect "se puede emitir, con la llave del certificado" grep -q '^bien .*pkey.key.pem sella, y es del certificado' <<< "$said"
 expect "y nada falta" [ -z "$(grep -v '^bien ' <<< "$said")" ]
