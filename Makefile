@@ -55,11 +55,7 @@ bench:
 	setup/native.sh
 	cmake --preset bench
 	cmake --build build/bench
-	build/bench/bench/issue_bench
-	build/bench/bench/print_bench
-	build/bench/bench/verify_bench
-	build/bench/bench/archive_bench
-	build/bench/bench/stations
+	bench/table.sh
 
 bench-windows: all windows
 	setup/testbed.sh

@@ -1,20 +1,17 @@
 // What a document costs in a full archive: issues on a database and in a Facturas folder with 100 documents,
 // and on ones with 200,000, taken in turns in one process.
+#include "bench/measuring.hpp"
 #include "issuing/master_data.hpp"
 #include "tolvex/tolvex.hpp"
 
-#include <algorithm>
-#include <chrono>
-#include <cstdlib>
 #include <filesystem>
-#include <fmt/core.h>
 #include <fstream>
 #include <sqlite3.h>
-#include <vector>
 
 namespace {
 
 using namespace tolvex;
+using namespace tolvex::bench;
 namespace fs = std::filesystem;
 
 constexpr int rounds = 100;
@@ -48,19 +45,13 @@ public:
         for (int line = 0; line < 10; ++line)
             lines.SetDetalleDocto(u"1", u"F", u"CAF-01", u"Café", 1, u"KG", 10, 1.6, 10, 16);
         Text folio;
-        const auto start = std::chrono::steady_clock::now();
-        if (!issuer.GeneraFacturaElectronica(folio, true)) fmt::print(stderr, "{}\n", to_utf8(last_error()));
-        const std::chrono::duration<double, std::milli> taken = std::chrono::steady_clock::now() - start;
+        const double taken =
+            milliseconds([&] { check(issuer.GeneraFacturaElectronica(folio, true), to_utf8(last_error())); });
         ConfigFE().CierraConexion();
-        return taken.count();
+        return taken;
     }
 
 private:
-    static void run(const std::string& order)
-    {
-        if (std::system(order.c_str()) != 0) std::exit(1);
-    }
-
     // Copies of the first document.
     void fill_database(int documents)
     {
@@ -90,12 +81,6 @@ private:
     const std::string folder_;
 };
 
-double median(std::vector<double> times)
-{
-    std::nth_element(times.begin(), times.begin() + times.size() / 2, times.end());
-    return times[times.size() / 2];
-}
-
 } // namespace
 
 int main()
@@ -107,7 +92,7 @@ int main()
         of_few.push_back(few.issue());
         of_many.push_back(many.issue());
     }
-    fmt::print(
-        "an issue of 10 lines beside 100 documents {:.2f} ms, beside 200,000 {:.2f} ms: ratio {:.2f}\n",
-        median(of_few), median(of_many), median(of_many) / median(of_few));
+    row("issue beside 100 documents", median(of_few));
+    row("issue beside 200000 documents", median(of_many), 0,
+        fmt::format("{:.2f} times as long", median(of_many) / median(of_few)));
 }

@@ -1,6 +1,7 @@
 // What printing costs, by lines per document: the layout that comes with the program composed into pages and
 // written as a PDF file, on a warm process; the query's share is measured apart. Each size runs in a process
 // of its own, so that its peak memory is its own.
+#include "bench/measuring.hpp"
 #include "core/numbers.hpp"
 #include "platform/clock.hpp"
 #include "platform/pages/pdf.hpp"
@@ -9,36 +10,12 @@
 #include "schema/schema.hpp"
 
 #include <algorithm>
-#include <chrono>
-#include <cstdlib>
 #include <filesystem>
-#include <fmt/core.h>
-#include <sys/resource.h>
 
 namespace {
 
 using namespace tolvex;
-
-template <class Operation>
-double milliseconds(Operation operation)
-{
-    const auto start = std::chrono::steady_clock::now();
-    operation();
-    return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - start).count();
-}
-
-double median(std::vector<double> times)
-{
-    std::nth_element(times.begin(), times.begin() + times.size() / 2, times.end());
-    return times[times.size() / 2];
-}
-
-double peak_mebibytes()
-{
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    return usage.ru_maxrss / 1024.0;
-}
+using namespace tolvex::bench;
 
 // A document as it would have been issued.
 void store_document(Connection& connection, int lines)
@@ -107,8 +84,8 @@ int measure(int lines)
         }));
     }
     const double rest = median(whole) - median(query);
-    fmt::print("{:>7} {:>7} {:>10.2f} {:>10.2f} {:>11.2f} {:>9.0f} {:>9.1f}\n", lines, page_count,
-               median(whole), median(query), rest, page_count / rest * 1000, peak_mebibytes());
+    row(fmt::format("page of a PDF, {} lines", lines), rest / page_count, peak_mebibytes(),
+        fmt::format("{} pages in {:.1f} ms, and their query in {:.1f}", page_count, rest, median(query)));
     std::filesystem::remove_all(folder);
     return 0;
 }
@@ -118,9 +95,5 @@ int measure(int lines)
 int main(int count, char** words)
 {
     if (count > 1) return measure(std::atoi(words[1]));
-    fmt::print("  lines   pages   whole ms   query ms  without it   pages/s  peak MiB\n");
-    std::fflush(stdout);
-    for (const char* lines : {"10", "100", "1000", "10000", "30000"})
-        if (std::system(fmt::format("'{}' {}", words[0], lines).c_str()) != 0) return 1;
-    return 0;
+    for (const int lines : {10, 100, 1'000, 10'000, 30'000}) run(fmt::format("'{}' {}", words[0], lines));
 }

@@ -4,6 +4,7 @@
 //   stations [STATIONS [SECONDS]]    on an embedded database of its own, or on the SQL Server of
 //                                    TOLVEX_SERVIDOR, TOLVEX_BD, TOLVEX_USUARIO and TOLVEX_CLAVE (whose
 //                                    company 1 must be the demonstration's)
+#include "bench/measuring.hpp"
 #include "core/code_pages.hpp"
 #include "core/numbers.hpp"
 #include "issuing/master_data.hpp"
@@ -167,8 +168,8 @@ int main(int argc, char** argv)
     const std::int32_t folios =
         query(u"Select count(distinct cDocumento) as n From FE_VENTAS_RESUMEN(nolock) Where" + ours)[u"n"]
             .int32();
-    fmt::print("{} stations, {} s, one range, one folder: {} documents ({:.0f} a second), {} failed\n"
-               "  folios handed out twice: {}\n  documents with another's lines: {}\n  wrong seals: {}\n",
-               stations, seconds, found.documents, double(found.documents) / seconds, failures,
-               found.documents - folios, found.other_lines, found.wrong_seals);
+    bench::row(fmt::format("issue by {} stations, one range and folder", stations),
+               1000.0 * seconds / found.documents, 0,
+               fmt::format("{} failed, {} folios twice, {} with another's lines, {} wrong seals", failures,
+                           found.documents - folios, found.other_lines, found.wrong_seals));
 }

@@ -1,31 +1,23 @@
 // What verifying costs, by stored documents: an issued document of three lines, its rows and its file copied
 // under as many folios, all of them right. Each size runs in a process of its own, so that its peak memory is
 // its own.
+#include "bench/measuring.hpp"
+#include "core/dates.hpp"
 #include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "session/session.hpp"
 #include "tolvex/tolvex.hpp"
 
 #include <algorithm>
-#include <chrono>
-#include <cstdlib>
 #include <filesystem>
-#include <fmt/core.h>
-#include <sys/resource.h>
 
 namespace {
 
 using namespace tolvex;
+using namespace tolvex::bench;
 namespace fs = std::filesystem;
 
 const fs::path folder = BENCH_FOLDER;
-
-void check(bool succeeded, const char* step)
-{
-    if (succeeded) return;
-    fmt::print(stderr, "{}: failed\n", step);
-    std::exit(1);
-}
 
 Connection& open_database()
 {
@@ -59,9 +51,7 @@ void multiply(Connection& connection, const Text& table, const Text& key, int do
 void prepare(int documents)
 {
     fs::remove_all(folder);
-    check(std::system(
-              (std::string(TOLVEX_COMMAND) + " demo --carpeta " BENCH_FOLDER " > /dev/null").c_str()) == 0,
-          "tolvex demo");
+    run(TOLVEX_COMMAND " demo --carpeta " BENCH_FOLDER " > /dev/null");
     Connection& connection = open_database();
     for (const auto& [table, key] : {std::pair{u"FE_VENTAS_RESUMEN", u"nID"},
                                      {u"FE_ClienteFactura", u"nidFE"},
@@ -81,14 +71,23 @@ void prepare(int documents)
 void measure(int documents)
 {
     open_database();
-    const auto start = std::chrono::steady_clock::now();
-    const VerificationSummary summary = verify_documents({}, {});
-    const double seconds = std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    VerificationSummary summary;
+    const double taken = milliseconds([&] { summary = verify_documents({}, {}); });
     check(summary.documents == static_cast<std::size_t>(documents) && summary.findings == 0, "verification");
-    rusage usage{};
-    getrusage(RUSAGE_SELF, &usage);
-    fmt::print("{:>9} {:>8.0f} {:>12.0f} {:>9.1f}\n", documents, documents / seconds,
-               seconds * 1e6 / documents, usage.ru_maxrss / 1024.0);
+    row(fmt::format("document verified, of {}", documents), taken / documents, peak_mebibytes());
+}
+
+// The monthly report of all of them, by the command.
+void measure_report(int documents)
+{
+    const CalendarDate month = calendar(
+        open_database().query(u"Select dFecha From FE_VENTAS_RESUMEN Where nID=1")[u"dFecha"].date());
+    const std::string order =
+        fmt::format(TOLVEX_COMMAND " reporte --empresa 1 --mes {} --anio {} --carpeta " BENCH_FOLDER
+                                   " --bd " BENCH_FOLDER "/tolvex.db > /dev/null 2>&1",
+                    month.month, month.year);
+    const double taken = milliseconds([&] { run(order); });
+    row(fmt::format("row of the monthly report, of {}", documents), taken / documents);
 }
 
 } // namespace
@@ -101,9 +100,7 @@ int main(int argc, char** argv)
     else if (step == "measure")
         measure(std::atoi(argv[2]));
     if (!step.empty()) return 0;
-    fmt::print("{:>9} {:>8} {:>12} {:>9}\n", "documents", "doc/s", "us/document", "peak MiB");
-    std::fflush(stdout);
     for (const int documents : {1'000, 10'000, 100'000})
-        for (const char* each : {"prepare", "measure"})
-            check(std::system(fmt::format("{} {} {}", argv[0], each, documents).c_str()) == 0, each);
+        for (const char* each : {"prepare", "measure"}) run(fmt::format("{} {} {}", argv[0], each, documents));
+    measure_report(100'000);
 }
