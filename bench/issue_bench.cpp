@@ -36,8 +36,9 @@ Text prepare_bare_runs(const Text& folder, int lines)
     files::write(bare + u"\\pkey.key.pem", files::read(folder + u"\\pkey.key.pem"));
     const std::string base = to_utf8(bare);
     files::write(bare + u"\\sello.bat", "openssl dgst -sha1 -sign " + base + "\\pkey.key.pem -out " + base +
-                                            "\\fi_md5.txt " + base + "\\utf8.txt\r\nopenssl enc -base64 -in " +
-                                            base + "\\fi_md5.txt -out " + base + "\\sello.txt\r\n");
+                                            "\\fi_md5.txt " + base +
+                                            "\\utf8.txt\r\nopenssl enc -base64 -in " + base +
+                                            "\\fi_md5.txt -out " + base + "\\sello.txt\r\n");
     files::write(bare + u"\\utf8.txt", std::string(static_cast<std::size_t>(lines) * 70 + 400, 'x'));
     return bare;
 }

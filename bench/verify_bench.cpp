@@ -101,6 +101,7 @@ int main(int argc, char** argv)
         measure(std::atoi(argv[2]));
     if (!step.empty()) return 0;
     for (const int documents : {1'000, 10'000, 100'000})
-        for (const char* each : {"prepare", "measure"}) run(fmt::format("{} {} {}", argv[0], each, documents));
+        for (const char* each : {"prepare", "measure"})
+            run(fmt::format("{} {} {}", argv[0], each, documents));
     measure_report(100'000);
 }

@@ -57,6 +57,11 @@ Decimal normalized(Decimal number)
 Decimal decimal_of(double number)
 {
     if (!std::isfinite(number)) throw overflow();
+    // Amounts are whole counts of ten-thousandths, whose digits are found faster. No two decimals of up to 15
+    // digits are the same double, so they are the digits.
+    const double scaled = std::nearbyint(number * 10'000);
+    if (std::abs(scaled) < 1e15 && scaled / 10'000 == number)
+        return decimal_of(Currency::from_scaled(static_cast<std::int64_t>(scaled)));
     char buffer[40];
     const auto end =
         std::to_chars(buffer, std::end(buffer), std::abs(number), std::chars_format::scientific, 14).ptr;
