@@ -8,6 +8,9 @@
 #include "issuing/amount_patterns.hpp"
 #include "issuing/xml_files.hpp"
 
+#include <algorithm>
+#include <functional>
+
 namespace tolvex {
 
 namespace {
@@ -29,12 +32,15 @@ RootLayout& root_layout()
     return layout;
 }
 
-// One document while it is written.
+using Line = std::function<void(const Concepto&)>;
+using Lines = std::function<void(const Line& each)>;
+
+// One document while it is written. Its lines come one after another.
 struct Writer
 {
     const Session& session;
     const DocumentValues& document;
-    const std::vector<Concepto>& lines;
+    const Lines& lines;
     const RootLayout layout;
 
     Text tipo_de_comprobante() const { return document.es_nota_credito ? u"egreso" : u"ingreso"; }
@@ -151,12 +157,13 @@ void add_concepto(XmlElement& conceptos, const Concepto& line)
     concepto.set_attribute(u"cantidad", format(line.cantidad, amount_pattern));
     concepto.set_attribute(u"descripcion", line.descripcion);
     concepto.set_attribute(u"valorUnitario", format(line.valorUnitario, amount_pattern));
+    concepto.finish();
 }
 
 void Writer::add_conceptos(XmlElement& comprobante) const
 {
     XmlElement conceptos = comprobante.append(u"cfdi:Conceptos");
-    for (const Concepto& line : lines) add_concepto(conceptos, line);
+    lines([&](const Concepto& line) { add_concepto(conceptos, line); });
 }
 
 void add_retencion(XmlElement& retenciones, const Text& impuesto, const Text& importe)
@@ -191,14 +198,10 @@ void Writer::add_impuestos(XmlElement& comprobante) const
     traslado.set_attribute(u"impuesto", u"IVA");
 }
 
-std::vector<Concepto> read_conceptos(Session& session, const Text& nIdFe)
+Recordset stored_lines(Session& session, const Text& nIdFe)
 {
-    std::vector<Concepto> conceptos;
-    const Text sql =
-        u"select * from FE_VENTAS_RESUMEN_DET d(nolock)\rWhere d.nIdFe = " + nIdFe + u" order by nrenglon";
-    for (Recordset lines = shared_connection(session).query(sql); !lines.eof(); lines.move_next())
-        conceptos.push_back(read_concepto(lines));
-    return conceptos;
+    return shared_connection(session).query(
+        u"select * from FE_VENTAS_RESUMEN_DET d(nolock)\rWhere d.nIdFe = " + nIdFe + u" order by nrenglon");
 }
 
 } // namespace
@@ -218,8 +221,11 @@ Text write_comprobante(Session& session, const DocumentValues& document, const T
                        bool genera_addenda)
 {
     return trapping(Text(), [&] {
-        const std::vector<Concepto> conceptos = read_conceptos(session, nIdFe);
-        const Writer writer{session, document, conceptos, root_layout()};
+        Recordset rows = stored_lines(session, nIdFe);
+        const Lines lines = [&](const Line& each) {
+            for (; !rows.eof(); rows.move_next()) each(read_concepto(rows));
+        };
+        const Writer writer{session, document, lines, root_layout()};
         XmlDocument xml;
         XmlElement comprobante = writer.write(xml);
         if (genera_addenda) add_addenda(session, document, comprobante);
@@ -231,8 +237,9 @@ Text write_comprobante(Session& session, const DocumentValues& document, const T
 std::string comprobante_bytes(const Session& session, const DocumentValues& document,
                               const std::vector<Concepto>& conceptos, RootLayout layout)
 {
+    const Lines lines = [&](const Line& each) { std::for_each(conceptos.begin(), conceptos.end(), each); };
     XmlDocument xml;
-    Writer{session, document, conceptos, layout}.write(xml);
+    Writer{session, document, lines, layout}.write(xml);
     return xml.as_bytes();
 }
 

@@ -20,6 +20,8 @@ public:
     // New last child with that name. Throws Error when it is no XML name.
     XmlElement append(const Text& name);
     void set_text(const Text& text);
+    // Nothing changes in it any more: a document of thousands of lines need not keep their nodes.
+    void finish();
 
 private:
     friend class XmlDocument;

@@ -125,7 +125,7 @@ private:
         const std::size_t count = statement.parameter_count();
         if (bound + count > parameters.size())
             throw Error(database_error, u"Faltan valores para los parámetros de la instrucción SQL");
-        for (std::size_t i = 0; i < count; ++i) statement.bind(i, parameters[bound++]);
+        for (std::size_t i = 0; i < count; ++i) statement.lend(i, parameters[bound++]);
     }
 
     static void bind(Statement& statement, const std::vector<NamedValue>& parameters)

@@ -1,7 +1,7 @@
 // Statements that stay prepared, for others of their shape.
 #pragma once
 
-#include "tolvex/types.hpp"
+#include "database/embedded/tsql/shape.hpp"
 
 #include <list>
 #include <memory>
@@ -17,7 +17,7 @@ using StatementHandle = std::unique_ptr<sqlite3_stmt, Finalize>;
 
 struct PreparedStatement
 {
-    Text shape;
+    Shape shape;
     StatementHandle handle;
     bool runs = false;
 };
@@ -26,10 +26,16 @@ struct PreparedStatement
 class PreparedStatements
 {
 public:
-    // One of that shape; null when there is none, or none that is not still running.
-    PreparedStatement* idle(TextView shape);
+    struct Match
+    {
+        PreparedStatement& prepared;
+        std::vector<Value> literals;
+    };
+
+    // One of the statement's shape, if there is one that is not still running.
+    std::optional<Match> match(TextView statement);
     // In the place of the one that was not used for the longest time.
-    PreparedStatement* keep(Text shape, StatementHandle handle);
+    PreparedStatement& keep(Shape shape, StatementHandle handle);
 
 private:
     std::list<PreparedStatement> last_used_first_;

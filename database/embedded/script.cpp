@@ -11,40 +11,41 @@ namespace tolvex::embedded {
 namespace {
 
 // Whether the names of the literals, if there are any, are the statement's parameters in their order.
-bool fits(sqlite3_stmt* handle, const std::vector<Value>& literals)
+bool fits(sqlite3_stmt* handle, std::size_t literal_count)
 {
-    if (literals.empty()) return true;
-    const auto count = static_cast<std::size_t>(sqlite3_bind_parameter_count(handle));
-    for (std::size_t i = 0; i < count; ++i) {
-        const char* name = sqlite3_bind_parameter_name(handle, static_cast<int>(i + 1));
-        if (!name || name != "@" + std::to_string(i + 1)) return false;
+    if (literal_count == 0) return true;
+    const int count = sqlite3_bind_parameter_count(handle);
+    for (int i = 1; i <= count; ++i) {
+        const char* name = sqlite3_bind_parameter_name(handle, i);
+        if (!name || name != "@" + std::to_string(i)) return false;
     }
-    return count == literals.size();
+    return static_cast<std::size_t>(count) == literal_count;
 }
 
 // None for what cannot stay prepared: several statements, none at all, or literals where the engine takes no
 // values.
 StatementHandle prepared(const Database& database, const Shape& shape)
 {
-    const std::string sql = to_utf8(to_sqlite(shape.sql));
+    const std::string sql = to_utf8(to_sqlite(shape.sql()));
     sqlite3_stmt* handle = nullptr;
     const char* rest = nullptr;
     sqlite3_prepare_v3(database.handle(), sql.c_str(), static_cast<int>(sql.size()),
                        SQLITE_PREPARE_PERSISTENT, &handle, &rest);
     StatementHandle statement(handle);
     const bool is_alone = handle && std::string_view(rest).find_first_not_of(" ;") == std::string_view::npos;
-    return is_alone && fits(handle, shape.literals) ? std::move(statement) : nullptr;
+    return is_alone && fits(handle, shape.literal_count()) ? std::move(statement) : nullptr;
 }
 
-std::optional<Statement> statement_of(const std::shared_ptr<const Database>& database, const Shape& shape)
+std::optional<Statement> statement_of(const std::shared_ptr<const Database>& database, TextView sql)
 {
-    PreparedStatement* kept = database->prepared().idle(shape.sql);
-    if (!kept) {
-        StatementHandle handle = prepared(*database, shape);
-        if (!handle) return {};
-        kept = database->prepared().keep(shape.sql, std::move(handle));
-    }
-    return Statement(database, *kept, shape.literals);
+    if (auto match = database->prepared().match(sql))
+        return Statement(database, match->prepared, std::move(match->literals));
+    Shape shape(sql);
+    StatementHandle handle = prepared(*database, shape);
+    if (!handle) return {};
+    std::vector<Value> literals = shape.literals_of(sql).value();
+    PreparedStatement& kept = database->prepared().keep(std::move(shape), std::move(handle));
+    return Statement(database, kept, std::move(literals));
 }
 
 } // namespace
@@ -53,7 +54,7 @@ Script::Script(std::shared_ptr<const Database> database, TextView sql) : databas
 {
     if (sql.find(u'\0') != TextView::npos)
         throw Error(database_error, u"La instrucción SQL contiene un carácter nulo");
-    only_ = statement_of(database_, shape_of(sql));
+    only_ = statement_of(database_, sql);
     if (only_) return;
     text_ = to_utf8(to_sqlite(sql));
     rest_ = text_;

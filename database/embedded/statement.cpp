@@ -67,22 +67,26 @@ struct Binder
 {
     sqlite3_stmt* statement;
     int index;
+    sqlite3_destructor_type lifetime;
 
     int operator()(Null) const { return sqlite3_bind_null(statement, index); }
     int operator()(bool bit) const { return sqlite3_bind_int(statement, index, bit); }
     int operator()(std::int64_t number) const { return sqlite3_bind_int64(statement, index, number); }
     int operator()(double number) const { return sqlite3_bind_double(statement, index, number); }
     int operator()(Currency amount) const { return (*this)(amount.units()); }
-    int operator()(Date date) const { return (*this)(stored_date(date)); }
+    int operator()(Date date) const
+    {
+        return Binder{statement, index, SQLITE_TRANSIENT}(stored_date(date));
+    }
     int operator()(const Text& text) const
     {
         return sqlite3_bind_text16(statement, index, text.data(),
-                                   static_cast<int>(text.size() * sizeof(char16_t)), SQLITE_TRANSIENT);
+                                   static_cast<int>(text.size() * sizeof(char16_t)), lifetime);
     }
     int operator()(const Bytes& bytes) const
     {
         return sqlite3_bind_blob(statement, index, bytes.data.data(), static_cast<int>(bytes.data.size()),
-                                 SQLITE_TRANSIENT);
+                                 lifetime);
     }
 };
 
@@ -100,11 +104,11 @@ Statement::Statement(std::shared_ptr<const Database> database, std::string_view&
 }
 
 Statement::Statement(std::shared_ptr<const Database> database, PreparedStatement& kept,
-                     const std::vector<Value>& literals)
-    : database_(std::move(database)), handle_(kept.handle.get(), {&kept})
+                     std::vector<Value> literals)
+    : database_(std::move(database)), literals_(std::move(literals)), handle_(kept.handle.get(), {&kept})
 {
     kept.runs = true;
-    for (const Value& literal : literals) bind(literals_++, literal);
+    for (std::size_t i = 0; i < literals_.size(); ++i) lend(i, literals_[i]);
 }
 
 void Statement::Ending::operator()(sqlite3_stmt* handle) const
@@ -120,12 +124,18 @@ void Statement::Ending::operator()(sqlite3_stmt* handle) const
 
 std::size_t Statement::parameter_count() const
 {
-    return sqlite3_bind_parameter_count(handle_.get()) - literals_;
+    return sqlite3_bind_parameter_count(handle_.get()) - literals_.size();
 }
 
 void Statement::bind(std::size_t parameter, const Value& value)
 {
-    database_->check(value.visit(Binder{handle_.get(), static_cast<int>(parameter) + 1}));
+    database_->check(
+        value.visit(Binder{handle_.get(), static_cast<int>(parameter) + 1, SQLITE_TRANSIENT}));
+}
+
+void Statement::lend(std::size_t parameter, const Value& value)
+{
+    database_->check(value.visit(Binder{handle_.get(), static_cast<int>(parameter) + 1, SQLITE_STATIC}));
 }
 
 Text Statement::parameter_name(std::size_t parameter) const

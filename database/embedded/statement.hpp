@@ -13,16 +13,16 @@ public:
     // Prepares the first statement of the text and takes it off; it does not exist when only blanks are left.
     Statement(std::shared_ptr<const Database> database, std::string_view& sql);
     // Runs one that stays prepared, which is idle again afterwards; the literals are values of its shape.
-    Statement(std::shared_ptr<const Database> database, PreparedStatement& kept,
-              const std::vector<Value>& literals);
+    Statement(std::shared_ptr<const Database> database, PreparedStatement& kept, std::vector<Value> literals);
 
     bool exists() const { return handle_ != nullptr; }
     // Where it stays prepared; null for one that does not.
     const PreparedStatement* kept() const { return handle_.get_deleter().kept; }
     // How many the caller has to bind.
     std::size_t parameter_count() const;
-    // Parameters are counted from 0.
+    // Parameters are counted from 0. A value that is lent, not copied, must outlive the statement.
     void bind(std::size_t parameter, const Value& value);
+    void lend(std::size_t parameter, const Value& value);
     // Its name with the "@" before it; empty for "?".
     Text parameter_name(std::size_t parameter) const;
     // Runs up to the next row; false at the end.
@@ -45,8 +45,8 @@ private:
     Value stored_value(int index) const;
 
     std::shared_ptr<const Database> database_;
+    std::vector<Value> literals_; // lent already
     std::unique_ptr<sqlite3_stmt, Ending> handle_;
-    std::size_t literals_ = 0; // that are bound already
 };
 
 } // namespace tolvex::embedded

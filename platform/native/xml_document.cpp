@@ -2,6 +2,7 @@
 
 #include "platform/xml_content.hpp"
 
+#include <libxml/parserInternals.h> // xmlStringTextNoenc
 #include <libxml/tree.h>
 #include <libxml/xmlsave.h>
 
@@ -33,6 +34,29 @@ struct FreeDocument
     void operator()(xmlDoc* document) const { xmlFreeDoc(document); }
 };
 
+struct FreeBuffer
+{
+    void operator()(xmlBuffer* buffer) const { xmlBufferFree(buffer); }
+};
+
+// Elements that were finished one after the other, as they will stand in the file. The node in their place is
+// a text that is written as it is.
+struct Finished
+{
+    xmlNode* place;
+    std::unique_ptr<xmlBuffer, FreeBuffer> bytes;
+
+    static Finished before(xmlNode* element)
+    {
+        Finished made{checked(xmlNewText(nullptr)), nullptr};
+        made.place->name = xmlStringTextNoenc;
+        xmlAddPrevSibling(element, made.place);
+        made.bytes.reset(checked(xmlBufferCreate()));
+        xmlBufferSetAllocationScheme(made.bytes.get(), XML_BUFFER_ALLOC_DOUBLEIT);
+        return made;
+    }
+};
+
 // No exception may pass through the library.
 int append_to(void* saved, const char* piece, int length) noexcept
 {
@@ -52,6 +76,7 @@ XmlNode* element(xmlNode* node) { return reinterpret_cast<XmlNode*>(node); }
 struct XmlDocument::Native
 {
     std::unique_ptr<xmlDoc, FreeDocument> document;
+    std::vector<Finished> finished;
 };
 
 void XmlElement::set_attribute(const Text& name, const Text& value)
@@ -80,6 +105,18 @@ void XmlElement::set_text(const Text& text)
     xmlAddChild(node(node_), checked(xmlNewText(bytes(content_of(text)))));
 }
 
+void XmlElement::finish()
+{
+    xmlNode* element = node(node_);
+    std::vector<Finished>& finished = document_->native_->finished;
+    if (finished.empty() || finished.back().place != element->prev)
+        finished.push_back(Finished::before(element));
+    if (xmlNodeDump(finished.back().bytes.get(), element->doc, element, 0, 0) < 0)
+        throw xml_error(u"no alcanza la memoria");
+    xmlUnlinkNode(element);
+    xmlFreeNode(element);
+}
+
 XmlDocument::XmlDocument() : native_(std::make_unique<Native>())
 {
     native_->document.reset(checked(xmlNewDoc(bytes("1.0"))));
@@ -100,9 +137,15 @@ XmlElement XmlDocument::create_root(const Text& name)
 
 std::string XmlDocument::as_bytes() const
 {
+    std::size_t size = 65'536;
+    for (const Finished& each : native_->finished) size += xmlBufferLength(each.bytes.get());
     std::string saved;
+    saved.reserve(size);
     xmlSaveCtxt* saving = checked(xmlSaveToIO(append_to, nullptr, &saved, "UTF-8", XML_SAVE_NO_DECL));
+    for (const Finished& each : native_->finished)
+        each.place->content = const_cast<xmlChar*>(xmlBufferContent(each.bytes.get()));
     xmlSaveDoc(saving, native_->document.get());
+    for (const Finished& each : native_->finished) each.place->content = nullptr; // it frees only its own
     if (xmlSaveClose(saving) < 0) throw xml_error(u"no se pudo formar");
     return saved;
 }

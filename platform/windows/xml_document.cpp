@@ -77,6 +77,8 @@ void XmlElement::set_text(const Text& text)
     check(element(node_)->put_text(Variant(allowed_xml_content(text)).bstrVal), u"XML text");
 }
 
+void XmlElement::finish() {} // MSXML keeps its nodes
+
 XmlDocument::XmlDocument() : native_(std::make_unique<Native>())
 {
     auto& document = native_->document;

@@ -1,9 +1,8 @@
 #include "database/embedded/tsql/shape.hpp"
 
+#include "core/numbers.hpp"
 #include "core/text.hpp"
 #include "database/embedded/tsql/tokenizer.hpp"
-
-#include <algorithm>
 
 namespace tolvex::embedded {
 
@@ -11,19 +10,11 @@ namespace {
 
 using Kind = Token::Kind;
 
-constexpr std::size_t most_digits = 18; // that a whole number surely holds
-
-// What the literal says; false when its quotes do not match.
-bool read_text(TextView literal, Text& text)
+std::size_t digits_at(TextView text, std::size_t from)
 {
-    if (literal.size() < 2 || literal.back() != u'\'') return false;
-    const TextView within = literal.substr(1, literal.size() - 2);
-    text.reserve(within.size());
-    for (std::size_t i = 0; i < within.size(); ++i) {
-        text += within[i];
-        if (within[i] == u'\'' && (++i == within.size() || within[i] != u'\'')) return false;
-    }
-    return true;
+    std::size_t end = from;
+    while (end < text.size() && is_digit(text[end])) ++end;
+    return end - from;
 }
 
 std::int64_t whole_number(TextView digits)
@@ -33,29 +24,88 @@ std::int64_t whole_number(TextView digits)
     return number;
 }
 
+// Each of these reads the literal that a text begins with and gives its length; 0 when there is none.
+
+std::size_t read_text(TextView text, Value& value)
+{
+    Text read;
+    for (std::size_t i = 1;; ++i) {
+        const auto quote = text.find(u'\'', i);
+        if (quote == TextView::npos) return 0;
+        read += text.substr(i, quote - i);
+        i = quote + 1;
+        if (i == text.size() || text[i] != u'\'') {
+            value = std::move(read);
+            return i;
+        }
+        read += u'\''; // a doubled one stands for itself
+    }
+}
+
+std::size_t read_whole_number(TextView text, Value& value)
+{
+    constexpr std::size_t most_digits = 18; // that 64 bits surely hold
+    const std::size_t length = digits_at(text, 0);
+    if (length > most_digits) return 0;
+    value = whole_number(text.substr(0, length));
+    return length;
+}
+
+// The engine itself reads the digits, as it does within a statement: not every reader gives the same last bit.
+std::size_t read_number_with_point(TextView text, Value& value)
+{
+    const std::size_t point = digits_at(text, 0);
+    const std::size_t length = point + 1 + digits_at(text, point + 1);
+    if (length == 1) return 0; // a point alone
+    value = Text(text.substr(0, length));
+    return length;
+}
+
+bool has_point(TextView text)
+{
+    const std::size_t point = digits_at(text, 0);
+    return point < text.size() && text[point] == u'.';
+}
+
+std::size_t read_literal(TextView text, Value& value)
+{
+    if (text.starts_with(u'\'')) return read_text(text, value);
+    return has_point(text) ? read_number_with_point(text, value) : read_whole_number(text, value);
+}
+
+} // namespace
+
 class ShapeReader
 {
 public:
-    explicit ShapeReader(TextView sql) : sql_(sql), tokenizer_(sql) { shape_.sql.reserve(sql.size()); }
+    ShapeReader(Shape& shape, TextView statement)
+        : shape_(shape), statement_(statement), tokenizer_(statement)
+    {}
 
-    Shape read()
+    void read()
     {
         Token token;
         while (tokenizer_.next(token)) {
-            if (is_parameter(token)) return {Text(sql_), {}};
+            if (is_parameter(token)) return leave_as_it_is();
             follow_parentheses(token);
-            if (!stands_for_a_value(token) || !take(token)) shape_.sql += token.text;
-            shape_.sql += u' ';
+            if (!stands_for_a_value(token) || !take(token)) shape_.sql_ += token.text;
+            shape_.sql_ += u' ';
             before_previous_ = previous_;
             previous_ = token.kind == Kind::symbol || token.kind == Kind::keyword ? token.text : TextView();
         }
-        return std::move(shape_);
+        shape_.end_ = statement_.substr(past_literal_);
     }
 
 private:
     static bool is_parameter(const Token& token)
     {
         return token.is(u"?") || (token.kind == Kind::word && token.text.front() == u'@');
+    }
+
+    void leave_as_it_is()
+    {
+        shape_.sql_ = shape_.end_ = statement_;
+        shape_.places_.clear();
     }
 
     void follow_parentheses(const Token& token)
@@ -75,51 +125,45 @@ private:
         return is_listed && (start == u"(" || start == u",");
     }
 
+    // False for a literal that cannot be read: an exponent, a quote that nobody closes.
     bool take(const Token& token)
     {
-        return token.kind == Kind::literal ? take_text(token.text) : take_number(token.text);
-    }
-
-    bool take_text(TextView literal)
-    {
-        Text text;
-        if (!read_text(literal, text)) return false;
-        put(std::move(text));
+        Value value;
+        const std::size_t start = token.text.data() - statement_.data();
+        if (read_literal(statement_.substr(start), value) != token.text.size()) return false;
+        const bool is_real = token.kind == Kind::number && has_point(token.text);
+        shape_.places_.push_back({Text(statement_.substr(past_literal_, start - past_literal_)), is_real});
+        past_literal_ = start + token.text.size();
+        const Text name = u"@" + decimal(static_cast<std::int64_t>(shape_.places_.size()));
+        shape_.sql_ += is_real ? u"(" + name + u"*1.0)" : name;
         return true;
     }
 
-    bool take_number(TextView number)
-    {
-        const std::size_t digits = std::find_if_not(number.begin(), number.end(), is_digit) - number.begin();
-        if (digits == number.size() && digits <= most_digits) {
-            put(whole_number(number));
-            return true;
-        }
-        const TextView rest = number.substr(digits);
-        if (!rest.starts_with(u'.') || !std::all_of(rest.begin() + 1, rest.end(), is_digit)) return false;
-        // The engine itself reads the digits, as it does within a statement: not every reader gives the same
-        // last bit.
-        shape_.sql += u'(';
-        put(Text(number));
-        shape_.sql += u"*1.0)";
-        return true;
-    }
-
-    void put(Value value)
-    {
-        shape_.literals.push_back(std::move(value));
-        (shape_.sql += u'@') += decimal(static_cast<std::int64_t>(shape_.literals.size()));
-    }
-
-    TextView sql_;
+    Shape& shape_;
+    TextView statement_;
     Tokenizer tokenizer_;
-    Shape shape_;
     TextView previous_, before_previous_; // symbols and keywords; empty for anything else
     std::vector<bool> lists_of_values_;   // for each open parenthesis whether it holds one
+    std::size_t past_literal_ = 0;
 };
 
-} // namespace
+Shape::Shape(TextView statement) { ShapeReader(*this, statement).read(); }
 
-Shape shape_of(TextView sql) { return ShapeReader(sql).read(); }
+std::optional<std::vector<Value>> Shape::literals_of(TextView statement) const
+{
+    std::vector<Value> literals;
+    literals.reserve(places_.size());
+    for (const Place& place : places_) {
+        if (!statement.starts_with(place.before)) return {};
+        statement.remove_prefix(place.before.size());
+        const bool is_real = !statement.starts_with(u'\'') && has_point(statement);
+        Value& value = literals.emplace_back();
+        const std::size_t length = is_real == place.has_point ? read_literal(statement, value) : 0;
+        if (length == 0) return {};
+        statement.remove_prefix(length);
+    }
+    if (statement != end_) return {};
+    return literals;
+}
 
 } // namespace tolvex::embedded
