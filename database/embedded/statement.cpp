@@ -74,10 +74,7 @@ struct Binder
     int operator()(std::int64_t number) const { return sqlite3_bind_int64(statement, index, number); }
     int operator()(double number) const { return sqlite3_bind_double(statement, index, number); }
     int operator()(Currency amount) const { return (*this)(amount.units()); }
-    int operator()(Date date) const
-    {
-        return Binder{statement, index, SQLITE_TRANSIENT}(stored_date(date));
-    }
+    int operator()(Date date) const { return Binder{statement, index, SQLITE_TRANSIENT}(stored_date(date)); }
     int operator()(const Text& text) const
     {
         return sqlite3_bind_text16(statement, index, text.data(),
@@ -129,8 +126,7 @@ std::size_t Statement::parameter_count() const
 
 void Statement::bind(std::size_t parameter, const Value& value)
 {
-    database_->check(
-        value.visit(Binder{handle_.get(), static_cast<int>(parameter) + 1, SQLITE_TRANSIENT}));
+    database_->check(value.visit(Binder{handle_.get(), static_cast<int>(parameter) + 1, SQLITE_TRANSIENT}));
 }
 
 void Statement::lend(std::size_t parameter, const Value& value)

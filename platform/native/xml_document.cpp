@@ -120,7 +120,8 @@ void XmlElement::finish()
 XmlDocument::XmlDocument() : native_(std::make_unique<Native>())
 {
     native_->document.reset(checked(xmlNewDoc(bytes("1.0"))));
-    native_->document->dict = checked(xmlDictCreate()); // a name that comes back is kept once
+    native_->document->dict = checked(xmlDictCreate());               // a name that comes back is kept once
+    native_->document->encoding = checked(xmlStrdup(bytes("UTF-8"))); // letters are written as they are
     xmlNode* instruction =
         checked(xmlNewDocPI(native_->document.get(), bytes("xml"), bytes("version='1.0' encoding='UTF-8'")));
     xmlAddChild(reinterpret_cast<xmlNode*>(native_->document.get()), instruction);

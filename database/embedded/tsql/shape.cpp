@@ -51,7 +51,8 @@ std::size_t read_whole_number(TextView text, Value& value)
     return length;
 }
 
-// The engine itself reads the digits, as it does within a statement: not every reader gives the same last bit.
+// The engine itself reads the digits, as it does within a statement: not every reader gives the same last
+// bit.
 std::size_t read_number_with_point(TextView text, Value& value)
 {
     const std::size_t point = digits_at(text, 0);
