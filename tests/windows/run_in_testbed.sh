@@ -125,12 +125,26 @@ run() {
         32) run_limited "$seconds" /usr/lib/wine/wine "$@" || status=$? ;;
         session) run_limited "$seconds" "$@" || status=$? ;;
     esac
-    [ "$status" != 124 ] || end_wine
+    [ "$status" != 124 ] || restart_wine
     return "$status"
 }
 
+# The server and the system's processes stay from one program to the next: otherwise they end with each program, and
+# one that starts at that very moment is cut off. A program of ours that came first would lend them its output, and
+# who reads that would wait for them.
+start_wine() {
+    /usr/lib/wine/wineserver64 -p &&
+        /usr/lib/wine/wine64 wineboot &&
+        /usr/lib/wine/wine64 rundll32 none,none # its desktop
+} < /dev/null &> /dev/null || true
+
 # Ends every Windows process and writes the registry. (A mere SIGTERM would leave programs behind.)
 end_wine() { /usr/lib/wine/wineserver -k || true; }
+
+restart_wine() {
+    end_wine
+    start_wine
+}
 
 start_inside() {
     local status=0
@@ -138,6 +152,7 @@ start_inside() {
     cd "$1"
     [ -z "$2" ] || start_display
     shift 2
+    start_wine
     run "$@" || status=$?
     end_wine
     exit "$status"
