@@ -2,7 +2,7 @@
 find_package(GTest REQUIRED)
 include(GoogleTest)
 
-file(GLOB test_sources CONFIGURE_DEPENDS tests/*.cpp tests/*/*_test.cpp tests/support/*.cpp)
+file(GLOB test_sources CONFIGURE_DEPENDS tests/*.cpp tests/*/*_test.cpp tests/support/*.cpp developer_console/*.cpp)
 add_executable(tolvex_tests ${test_sources} console/csv.cpp console/json.cpp)
 target_include_directories(tolvex_tests PRIVATE tests)
 target_link_libraries(tolvex_tests PRIVATE tolvex_rooms GTest::gmock GTest::gtest_main)

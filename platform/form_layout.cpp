@@ -7,6 +7,7 @@ namespace tolvex {
 namespace {
 
 constexpr int character = 4, line = 8;
+constexpr int tabs_height = 14, tabs_gap = 5;
 constexpr int margin = 7, row_gap = 4, section_gap = 7, control_gap = 8, label_gap = 3, button_gap = 5;
 constexpr int field_height = 12, button_height = 14, tool_bar_height = 17, tool_bar_gap = 3;
 constexpr int field_padding = 6, combo_padding = 14, check_padding = 12,
@@ -176,7 +177,11 @@ public:
     FormLayout lay_out()
     {
         add_tool_bar();
-        for (const Section& section : form_.sections) add(section);
+        for (const Section& section : form_.sections) {
+            turn_to_page(section.page);
+            add(section);
+        }
+        turn_to_page({});
         if (!form_.sections.empty()) y_ += margin - section_gap;
         if (!form_.buttons.empty()) y_ += button_height + margin;
         made_.size = {width_ + 2 * margin, y_};
@@ -204,6 +209,20 @@ private:
         y_ = made_.tool_bar.bottom() + tool_bar_gap;
     }
 
+    // Every page begins where the first one does; what follows them stands below the longest.
+    void turn_to_page(TextView page)
+    {
+        if (page == page_) return;
+        pages_bottom_ = std::max(pages_bottom_, y_);
+        if (!page.empty() && made_.pages.empty()) {
+            made_.tabs = {margin, y_, width_, tabs_height};
+            pages_top_ = made_.tabs.bottom() + tabs_gap;
+        }
+        if (!page.empty()) made_.pages.push_back(page);
+        y_ = page.empty() ? pages_bottom_ : pages_top_;
+        page_ = page;
+    }
+
     void add(const Section& section)
     {
         const int top = y_;
@@ -213,7 +232,7 @@ private:
         y_ -= row_gap;
         if (!section.frame.empty()) {
             y_ += frame_bottom;
-            made_.frames.push_back({section.frame, {margin, top, width_, y_ - top}});
+            made_.frames.push_back({section.frame, {margin, top, width_, y_ - top}, page_});
         }
         y_ += section_gap;
     }
@@ -221,7 +240,7 @@ private:
     void add(const Row& row, const std::vector<Column>& columns, int side)
     {
         if (is_hidden(row)) {
-            for (const Control& control : row) made_.controls.push_back({&control, {}, {}});
+            for (const Control& control : row) made_.controls.push_back({&control, {}, {}, page_});
             return;
         }
         const int height = row_height(row) + (has_list(row) ? list_spare_ : 0);
@@ -235,6 +254,7 @@ private:
             const bool middle = height <= button_height;
             placed.box.y = y_ + (middle ? (height - placed.box.height) / 2 : 0);
             placed.label.y = y_ + (middle ? (height - placed.label.height) / 2 : 0);
+            placed.page = page_;
             made_.controls.push_back(placed);
         }
         y_ += height + row_gap;
@@ -242,7 +262,8 @@ private:
 
     const FormDescription& form_;
     const int width_, list_spare_;
-    int y_ = 0;
+    int y_ = 0, pages_top_ = 0, pages_bottom_ = 0;
+    TextView page_;
     FormLayout made_;
 };
 

@@ -25,12 +25,14 @@ struct PlacedControl
     const Control* control;
     Box box;
     Box label; // of its caption before it; empty when it has none
+    TextView page = {};
 };
 
 struct PlacedFrame
 {
     TextView caption;
     Box box;
+    TextView page = {};
 };
 
 // Controls are in tab order; they point into the description.
@@ -38,6 +40,8 @@ struct FormLayout
 {
     Size size;
     Box tool_bar; // empty without tools
+    Box tabs;     // empty without pages
+    std::vector<TextView> pages;
     std::vector<PlacedFrame> frames;
     std::vector<PlacedControl> controls;
 };

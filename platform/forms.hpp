@@ -36,17 +36,20 @@ struct Control
     int lines = 1; // a text box of more than one scrolls
     bool enabled = true;
     bool read_only = false; // of a text box: its text can be marked and copied
+    bool secret = false;    // of a text box: what stands in it cannot be read
     bool visible = true;    // a row of which nothing is takes no room
 };
 
 // Controls side by side.
 using Row = std::vector<Control>;
 
-// Rows one below the other, within a frame when it has a caption.
+// Rows one below the other, within a frame when it has a caption. The sections of all pages follow one
+// another; they share one place, in which tabs with their names bring one forward.
 struct Section
 {
     TextView frame;
     std::vector<Row> rows;
+    TextView page = {};
 };
 
 enum class Icon
@@ -123,6 +126,8 @@ public:
     virtual void clear_rows(TextView list) = 0;
     virtual void set_columns(TextView list, const std::vector<ListColumn>& columns) = 0;
     virtual void add_row(TextView list, const ListRow& row) = 0;
+    // Brings the end of a list that grows into sight.
+    virtual void show_last_row(TextView list) = 0;
     virtual std::optional<ListRow> selected_row(TextView list) const = 0;
 
     // Shows that the form works, or that it is done.

@@ -52,6 +52,7 @@ public:
     void clear_rows(TextView list) override;
     void set_columns(TextView list, const std::vector<ListColumn>& columns) override;
     void add_row(TextView list, const ListRow& row) override { at(list).rows.push_back(row); }
+    void show_last_row(TextView) override {}
     std::optional<ListRow> selected_row(TextView list) const override;
     void set_busy(bool) override {}
     void close() override { open_ = false; }

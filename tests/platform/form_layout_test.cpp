@@ -76,7 +76,7 @@ TEST(FormLayout, keeps_everything_apart_and_inside)
 TEST(FormLayout, puts_labels_close_before_their_fields)
 {
     for_all_layouts([](const FormDescription&, const FormLayout& layout) {
-        for (const auto& [control, box, label] : layout.controls) {
+        for (const auto& [control, box, label, page] : layout.controls) {
             const bool labelled = control->kind == ControlKind::text || control->kind == ControlKind::combo;
             EXPECT_EQ(!label.empty(), labelled && !control->caption.empty()) << to_utf8(control->name);
             if (label.empty()) continue;

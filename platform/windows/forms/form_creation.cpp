@@ -60,11 +60,14 @@ void FormWindow::create_controls()
     const FormLayout layout = lay_out(description_);
     if (!description_.tools.empty())
         tool_bar_ = std::make_unique<ToolBar>(handle_, description_.tools, first_tool);
-    for (const PlacedFrame& frame : layout.frames) frames_.push_back(create_frame(handle_, frame.caption));
+    for (const PlacedFrame& frame : layout.frames)
+        frames_.push_back({create_frame(handle_, frame.caption), frame.page});
+    if (!layout.pages.empty()) tabs_ = std::make_unique<PageTabs>(handle_, layout.pages);
     controls_.reserve(layout.controls.size());
     for (const PlacedControl& placed : layout.controls)
         controls_.push_back(
             create_control(handle_, placed, first_control + static_cast<int>(controls_.size())));
+    show_page();
     if (!description_.enter_moves && !description_.buttons.empty()) {
         const std::size_t first_button = controls_.size() - description_.buttons.size();
         SendMessageW(handle_, DM_SETDEFID, static_cast<WPARAM>(first_control) + first_button, 0);
@@ -77,7 +80,8 @@ void FormWindow::set_font(int dots_per_inch)
 {
     auto font = std::make_unique<FormFont>(dots_per_inch);
     if (tool_bar_) tool_bar_->set_font(*font, lay_out(description_).tool_bar);
-    for (const HWND frame : frames_) tolvex::set_font(frame, *font);
+    if (tabs_) tabs_->set_font(*font);
+    for (const NativeFrame& frame : frames_) tolvex::set_font(frame.window, *font);
     for (const NativeControl& control : controls_) tolvex::set_font(control, *font);
     font_ = std::move(font);
 }
@@ -102,10 +106,21 @@ void FormWindow::place_controls()
 {
     const FormLayout layout = lay_out(description_, font_->units(client_size(handle_)));
     if (tool_bar_) tool_bar_->place(font_->pixels(layout.tool_bar));
+    if (tabs_) tabs_->place(font_->pixels(layout.tabs));
     for (std::size_t i = 0; i < frames_.size(); ++i)
-        move_window(frames_[i], font_->pixels(layout.frames[i].box));
+        move_window(frames_[i].window, font_->pixels(layout.frames[i].box));
     for (std::size_t i = 0; i < controls_.size(); ++i)
         place_control(controls_[i], layout.controls[i], *font_);
+}
+
+// Brings the chosen page forward; the keys go to it if a control that went had them.
+void FormWindow::show_page()
+{
+    const TextView chosen = chosen_page();
+    for (const NativeControl& control : controls_) show_control(control, chosen);
+    for (const NativeFrame& frame : frames_)
+        ShowWindow(frame.window, frame.page.empty() || frame.page == chosen ? SW_SHOWNA : SW_HIDE);
+    if (IsChild(handle_, GetFocus()) && !IsWindowVisible(GetFocus())) focus_first();
 }
 
 // In the middle of its owner, or of the screen; its caption stays in sight.

@@ -75,6 +75,7 @@ INT_PTR FormWindow::answer(UINT message, WPARAM first, LPARAM second)
 
 INT_PTR FormWindow::answer(NMHDR& notification)
 {
+    if (tabs_ && notification.hwndFrom == tabs_->window() && notification.code == TCN_SELCHANGE) show_page();
     const NativeControl* control = control_of(notification.hwndFrom);
     if (!control || !control->list) return FALSE;
     if (notification.code == LVN_GETDISPINFOW)
@@ -124,6 +125,7 @@ void FormWindow::run(const std::function<void()>& event)
 bool FormWindow::takes_key(MSG& message)
 {
     if (message.message == WM_KEYDOWN) {
+        if (turns_page(message)) return true;
         if (description_.enter_moves && moves_focus(message)) return true;
         const NativeControl* control = control_of(message.hwnd);
         if (message.wParam == VK_RETURN && control && control->list) {
@@ -132,6 +134,15 @@ bool FormWindow::takes_key(MSG& message)
         }
     }
     return IsDialogMessageW(handle_, &message);
+}
+
+// Ctrl+Tab and Ctrl+Shift+Tab.
+bool FormWindow::turns_page(const MSG& key)
+{
+    if (!tabs_ || key.wParam != VK_TAB || GetKeyState(VK_CONTROL) >= 0) return false;
+    tabs_->choose_next(GetKeyState(VK_SHIFT) < 0);
+    show_page();
+    return true;
 }
 
 bool FormWindow::moves_focus(const MSG& key)

@@ -75,10 +75,10 @@ void FormWindow::enable(TextView control, bool enabled)
 
 void FormWindow::set_visible(TextView control, bool visible)
 {
-    const NativeControl& found = at(control);
+    NativeControl& found = at(control);
     if (!visible && GetFocus() == found.window) focus_next(false);
-    ShowWindow(found.window, visible ? SW_SHOWNA : SW_HIDE);
-    if (found.label) ShowWindow(found.label, visible ? SW_SHOWNA : SW_HIDE);
+    found.visible = visible;
+    show_control(found, chosen_page());
 }
 
 void FormWindow::set_background(TextView control, Background background)
@@ -122,6 +122,8 @@ void FormWindow::set_columns(TextView list, const std::vector<ListColumn>& colum
 }
 
 void FormWindow::add_row(TextView list, const ListRow& row) { list_at(list).add_row(row); }
+
+void FormWindow::show_last_row(TextView list) { list_at(list).show_last_row(); }
 
 std::optional<ListRow> FormWindow::selected_row(TextView list) const { return list_at(list).selected_row(); }
 

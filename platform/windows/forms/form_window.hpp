@@ -4,6 +4,7 @@
 
 #include "platform/windows/forms/message_hook.hpp"
 #include "platform/windows/forms/native_control.hpp"
+#include "platform/windows/forms/page_tabs.hpp"
 #include "platform/windows/forms/tool_bar.hpp"
 
 namespace tolvex {
@@ -42,6 +43,7 @@ public:
     void clear_rows(TextView list) override;
     void set_columns(TextView list, const std::vector<ListColumn>& columns) override;
     void add_row(TextView list, const ListRow& row) override;
+    void show_last_row(TextView list) override;
     std::optional<ListRow> selected_row(TextView list) const override;
     void set_busy(bool busy) override;
     void close() override;
@@ -61,6 +63,8 @@ private:
     void measure();
     void resize(SIZE size);
     void place_controls();
+    TextView chosen_page() const { return tabs_ ? tabs_->chosen() : TextView(); }
+    void show_page();
     void move_to_middle_of(HWND owner);
     void change_resolution(int dots_per_inch, const RECT& suggested);
 
@@ -75,6 +79,7 @@ private:
     HBRUSH background_of(HDC paper, HWND window) const;
     bool show_busy_cursor();
 
+    bool turns_page(const MSG& key);
     bool moves_focus(const MSG& key);
     void focus_next(bool backwards);
     void focus_first();
@@ -91,7 +96,8 @@ private:
     MessageHook hook_;
     std::unique_ptr<FormFont> font_;
     std::unique_ptr<ToolBar> tool_bar_;
-    std::vector<HWND> frames_;
+    std::unique_ptr<PageTabs> tabs_;
+    std::vector<NativeFrame> frames_;
     std::vector<NativeControl> controls_;   // in tab order
     SIZE least_ = {};                       // size of the window
     bool loaded_ = false, running_ = false; // an event

@@ -57,6 +57,12 @@ void ListView::show_rows()
     ListView_SetItemCountEx(window_, static_cast<int>(rows_.size()), LVSICF_NOSCROLL);
 }
 
+void ListView::show_last_row()
+{
+    show_rows();
+    ListView_EnsureVisible(window_, static_cast<int>(rows_.size()) - 1, FALSE);
+}
+
 std::optional<ListRow> ListView::selected_row() const
 {
     const int selected = ListView_GetNextItem(window_, -1, LVNI_SELECTED);

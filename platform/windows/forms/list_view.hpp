@@ -21,6 +21,7 @@ public:
     void set_columns(const std::vector<ListColumn>& columns, const FormFont& font);
     void add_row(const ListRow& row);
     void show_rows();
+    void show_last_row();
     std::optional<ListRow> selected_row() const;
     // The text of a cell that the control is about to draw.
     void give_text(LVITEMW& item) const;

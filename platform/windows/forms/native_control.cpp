@@ -15,8 +15,9 @@ struct WindowKind
 
 DWORD text_style(const Control& control)
 {
-    const DWORD lines = control.lines > 1 ? ES_MULTILINE | ES_AUTOVSCROLL | WS_VSCROLL : ES_AUTOHSCROLL;
-    return WS_TABSTOP | lines | (control.read_only ? ES_READONLY : 0);
+    const DWORD lines =
+        control.lines > 1 ? ES_MULTILINE | ES_AUTOVSCROLL | ES_WANTRETURN | WS_VSCROLL : ES_AUTOHSCROLL;
+    return WS_TABSTOP | lines | (control.read_only ? ES_READONLY : 0) | (control.secret ? ES_PASSWORD : 0);
 }
 
 WindowKind window_kind(const Control& control)
@@ -81,15 +82,22 @@ NativeControl create_control(HWND form, const PlacedControl& placed, int id)
 {
     const Control& control = *placed.control;
     NativeControl made{&control, nullptr};
+    made.page = placed.page;
+    made.visible = control.visible;
     if (!placed.label.empty())
         made.label = create_child(form, {WC_STATICW, label_style}, Text(control.caption), 0);
     made.window = create_child(form, window_kind(control), shown_caption(control), id);
     if (control.kind == ControlKind::list) made.list = std::make_unique<ListView>(made.window);
     EnableWindow(made.window, control.enabled);
-    const int show = control.visible ? SW_SHOWNA : SW_HIDE;
-    ShowWindow(made.window, show);
-    ShowWindow(made.label, show);
     return made;
+}
+
+void show_control(const NativeControl& control, TextView chosen_page)
+{
+    const bool in_front = control.page.empty() || control.page == chosen_page;
+    const int show = control.visible && in_front ? SW_SHOWNA : SW_HIDE;
+    ShowWindow(control.window, show);
+    ShowWindow(control.label, show);
 }
 
 HWND create_frame(HWND form, TextView caption)

@@ -10,9 +10,17 @@ struct NativeControl
     const Control* control;
     HWND window;
     HWND label = nullptr;
+    TextView page = {};
+    bool visible = true;          // while its page is in front
     std::vector<Item> items = {}; // of a combo box
     std::unique_ptr<ListView> list = {};
     Background background = Background::plain;
+};
+
+struct NativeFrame
+{
+    HWND window;
+    TextView page;
 };
 
 NativeControl create_control(HWND form, const PlacedControl& placed, int id);
@@ -20,6 +28,7 @@ HWND create_frame(HWND form, TextView caption);
 
 void place_control(const NativeControl& control, const PlacedControl& placed, const FormFont& font);
 void move_window(HWND window, const RECT& place);
+void show_control(const NativeControl& control, TextView chosen_page);
 void set_font(const NativeControl& control, const FormFont& font);
 void set_font(HWND window, const FormFont& font);
 

@@ -24,8 +24,8 @@ VisualStyles::VisualStyles()
     static const HANDLE context =
         create_context(); // for the life of the process, as are its windows' classes
     if (context != INVALID_HANDLE_VALUE) ActivateActCtx(context, &cookie_);
-    const INITCOMMONCONTROLSEX classes{sizeof classes,
-                                       ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES | ICC_BAR_CLASSES};
+    const INITCOMMONCONTROLSEX classes{sizeof classes, ICC_STANDARD_CLASSES | ICC_LISTVIEW_CLASSES |
+                                                           ICC_BAR_CLASSES | ICC_TAB_CLASSES};
     InitCommonControlsEx(&classes);
 }
 

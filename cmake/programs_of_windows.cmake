@@ -1,0 +1,21 @@
+# What Windows shows as the properties of a program's file, and resources of its own.
+string(REPLACE "." "," version_numbers ${PROJECT_VERSION}.0)
+function(add_file_properties target program_name program_description program_resources)
+    set(resources ${PROJECT_BINARY_DIR}/${program_name}.rc)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/program.rc.in ${resources} @ONLY)
+    target_sources(${target} PRIVATE ${resources})
+endfunction()
+
+add_file_properties(tolvex_command tolvex "TOLVEX: facturas electrónicas CFDI 3.0, línea de órdenes" "")
+
+# TolvexConsola.exe, the developer console. It is a host of the component: of the rooms only what draws its form is
+# linked in.
+add_library(tolvex_archive STATIC $<TARGET_OBJECTS:tolvex_rooms>)
+file(GLOB developer_console_sources CONFIGURE_DEPENDS developer_console/*.cpp developer_console/windows/*.cpp)
+add_executable(tolvex_console WIN32 ${developer_console_sources})
+set_target_properties(tolvex_console PROPERTIES OUTPUT_NAME TolvexConsola RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
+target_include_directories(tolvex_console PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
+target_link_libraries(tolvex_console PRIVATE tolvex_archive ${TOLVEX_LIBRARIES})
+target_link_options(tolvex_console PRIVATE -municode -s)
+add_file_properties(tolvex_console TolvexConsola "TOLVEX: consola para integradores"
+    "1 24 \"${PROJECT_SOURCE_DIR}/developer_console/windows/TolvexConsola.manifest\"")

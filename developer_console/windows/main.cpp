@@ -1,0 +1,44 @@
+// TolvexConsola.exe: tries the component as a host of its own.
+#include "developer_console/windows/late_bound.hpp"
+#include "developer_console/windows/surroundings.hpp"
+
+#include <ole2.h>
+
+namespace {
+
+using namespace tolvex;
+
+Text folder_of_program()
+{
+    Text path(32767, u'\0');
+    path.resize(GetModuleFileNameW(nullptr, wide(path), static_cast<DWORD>(path.size())));
+    return path.substr(0, path.rfind(u'\\'));
+}
+
+// Where examples\demostracion.cmd puts the demonstration.
+Text folder_of_demonstration()
+{
+    Text drive(16, u'\0');
+    drive.resize(GetEnvironmentVariableW(L"SystemDrive", wide(drive), static_cast<DWORD>(drive.size())));
+    return drive + u"\\TOLVEX-demo";
+}
+
+void run_console()
+{
+    namespace console = developer_console;
+    console::LateBoundComponent component;
+    console::RegistryMemory memory;
+    console::ConsoleForm form({component, memory, console::copy_to_clipboard, folder_of_demonstration(),
+                               folder_of_program() + u"\\factura.rdl"});
+    toolkit().show_modal(form);
+}
+
+} // namespace
+
+int WINAPI wWinMain(HINSTANCE, HINSTANCE, PWSTR, int)
+{
+    if (FAILED(OleInitialize(nullptr))) return 1;
+    run_event(run_console);
+    OleUninitialize();
+    return 0;
+}
