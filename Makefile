@@ -3,8 +3,10 @@
 # make test-native  builds and tests the native edition alone: without Wine, and without root once set up
 # make check        looks over the sources: layout, clang-tidy, what each room includes; make format lays them out
 # make windows      builds TOLVEX.dll for 64 and 32 bits into build/windows
+# make dist         makes what a customer installs, into build/dist: for Windows an installer and a zip, for Linux a
+#                   Debian package and a tar file
 # make bench        measures how fast documents are issued, printed and verified; make bench-windows the same from Windows hosts
-.PHONY: all demo test test-native sanitized check format windows bench bench-windows clean
+.PHONY: all demo test test-native sanitized check format windows dist bench bench-windows clean
 
 windows_bitnesses := x86_64 i686
 run_tests := ctest --output-on-failure --parallel 2 --test-dir
@@ -30,6 +32,7 @@ test: sanitized
 	-setup/check.sh
 	-setup/testbed.sh
 	-$(MAKE) windows
+	-$(MAKE) dist
 	mkdir -p build/all_tests
 	cp cmake/all_tests.cmake build/all_tests/CTestTestfile.cmake
 	$(run_tests) build/all_tests
@@ -50,6 +53,9 @@ windows:
 	for bits in $(windows_bitnesses); do \
 	    cmake --preset windows-$$bits && cmake --build build/windows/$$bits || exit 1; \
 	done
+
+dist: all windows
+	dist/make.sh
 
 bench:
 	setup/native.sh

@@ -60,6 +60,7 @@ void prepare(int documents)
         multiply(connection, table, key, documents);
     }
     connection.execute(u"Update FE_VENTAS_RESUMEN Set cDocumento='0'+convert(varchar(10),nID),nFolioFE=nID");
+    connection.execute(u"Update FE_ClienteFactura Set nFolioDocto='0'+convert(varchar(10),nidFE)");
     connection.execute(u"Update FE_FOLIOS Set nUltimoFolio=0");
     const fs::path issued = folder / "documento.xml";
     fs::rename(folder / "Facturas/A1.xml", issued);

@@ -6,3 +6,10 @@ add_test(house.format ../../tests/house/format.sh)
 add_test(house.clang_tidy ../../tests/house/tidy.sh)
 add_test(windows.both_bitnesses_build make -C ../.. windows)
 set_tests_properties(windows.both_bitnesses_build PROPERTIES RESOURCE_LOCK testbed)
+
+# What make dist leaves, as customers install it.
+add_test(dist.reproducible ../../tests/dist/reproducible_test.sh)
+add_test(dist.installer ../../tests/dist/installer_test.sh)
+add_test(dist.debian ../../tests/dist/debian_test.sh)
+set_tests_properties(dist.reproducible dist.installer dist.debian PROPERTIES
+                     SKIP_RETURN_CODE 77 TIMEOUT 900 RESOURCE_LOCK testbed)

@@ -16,7 +16,8 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 # Windows 7 is the oldest Windows that a point of sale runs; UNICODE because all text is UTF-16.
 add_compile_definitions(_WIN32_WINNT=0x0601 WINVER=0x0601 UNICODE _UNICODE)
 
-# Everything of the compiler is linked in: a DLL must import system libraries only.
+# Everything of the compiler is linked in: a DLL must import system libraries only. The moment of a build would make its
+# bytes differ from those of another.
 foreach(kind EXE SHARED MODULE)
-    set(CMAKE_${kind}_LINKER_FLAGS_INIT -static)
+    set(CMAKE_${kind}_LINKER_FLAGS_INIT "-static -Wl,--no-insert-timestamp")
 endforeach()

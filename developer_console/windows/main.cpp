@@ -8,11 +8,13 @@ namespace {
 
 using namespace tolvex;
 
-Text folder_of_program()
+// The programs of each bitness lie in a folder of their own within it.
+Text folder_of_installation()
 {
     Text path(32767, u'\0');
     path.resize(GetModuleFileNameW(nullptr, wide(path), static_cast<DWORD>(path.size())));
-    return path.substr(0, path.rfind(u'\\'));
+    const auto folder_of = [](const Text& inner) { return inner.substr(0, inner.rfind(u'\\')); };
+    return folder_of(folder_of(path));
 }
 
 // Where examples\demostracion.cmd puts the demonstration.
@@ -29,7 +31,7 @@ void run_console()
     console::LateBoundComponent component;
     console::RegistryMemory memory;
     console::ConsoleForm form({component, memory, console::copy_to_clipboard, folder_of_demonstration(),
-                               folder_of_program() + u"\\factura.rdl"});
+                               folder_of_installation() + u"\\layouts\\factura.rdl"});
     toolkit().show_modal(form);
 }
 

@@ -13,10 +13,11 @@ runner=$here/../run_in_testbed.sh
 
 session() {
     rm -rf "$work"
-    mkdir -p "$work"
+    mkdir -p "$work"/{bin,layouts}
     "$tolvex" demo --carpeta "$work/demo" > /dev/null
     cp "$openssl" "$work/demo/"
-    cp "$console" "$here/../../../printing/layouts/factura.rdl" "$work/"
+    cp "$console" "$work/bin/"
+    cp "$here/../../../printing/layouts/factura.rdl" "$work/layouts/"
     cd "$work"
     "$runner" --display session 300 "$here/run_console.sh" "$bits" "$component" "$clipboard" "$work" | tee "$work/said"
     grep -q 'FIN: [1-9][0-9]* comprobaciones, 0 fallas$' "$work/said"

@@ -14,7 +14,7 @@ title='Consola de TOLVEX'
 [ "$bits" = 64 ] && dpi=96 || dpi=144
 
 opens_console() {
-    windows "$work/TolvexConsola.exe" > /dev/null &
+    windows "$work/bin/TolvexConsola.exe" > /dev/null &
     appears "$title"
 }
 
