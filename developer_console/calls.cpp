@@ -81,10 +81,9 @@ Argument number_or_text(const Text& typed)
 
 Text arguments_in_vbscript(const Call& call)
 {
-    Text list;
-    for (const Argument& argument : call.arguments)
-        list += (list.empty() ? u"" : u", ") + in_vbscript(argument);
-    return list;
+    std::vector<Text> list;
+    for (const Argument& argument : call.arguments) list.push_back(in_vbscript(argument));
+    return join(list, u", ");
 }
 
 Text call_in_vbscript(const Call& call)
