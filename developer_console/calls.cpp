@@ -50,6 +50,13 @@ TextView object_name(TextView class_name)
     return u"documento";
 }
 
+Text creation_of(TextView class_name)
+{
+    const Text object(object_name(class_name));
+    return u"Dim " + object + u"\r\nSet " + object + u" = CreateObject(\"TOLVEX." + Text(class_name) +
+           u"\")\r\n";
+}
+
 const Argument* variable_of(const Call& call)
 {
     const auto found = std::find_if(call.arguments.begin(), call.arguments.end(),
@@ -104,9 +111,7 @@ Text script_of(const std::vector<Call>& calls)
     std::vector<TextView> created;
     for (const Call& call : calls) {
         if (std::find(created.begin(), created.end(), call.class_name) == created.end()) {
-            const Text object(object_name(call.class_name));
-            script += u"Dim " + object + u"\r\nSet " + object + u" = CreateObject(\"TOLVEX." +
-                      Text(call.class_name) + u"\")\r\n";
+            script += creation_of(call.class_name);
             created.push_back(call.class_name);
         }
         script += statements_of(call);
