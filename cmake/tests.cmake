@@ -23,6 +23,10 @@ add_test(NAME SqlServer_life_on_TOLVEX_PRUEBA_SQLSERVER COMMAND tolvex_tests --g
 set_tests_properties(SqlServer_life_on_TOLVEX_PRUEBA_SQLSERVER PROPERTIES
                      TIMEOUT 900 RESOURCE_LOCK server SKIP_REGULAR_EXPRESSION "not run: TOLVEX_PRUEBA_SQLSERVER names no")
 
+# What the documents show.
+add_test(NAME docs.orders_and_code_are_so COMMAND ${PROJECT_SOURCE_DIR}/tests/docs/docs_test.sh
+         $<TARGET_FILE:tolvex_command> ${PROJECT_BINARY_DIR}/docs_test)
+
 # A host outside this build: examples/nativo against the installed package.
 add_test(NAME ExampleHost.builds_against_the_installed_package_and_issues
     COMMAND ${CMAKE_COMMAND} -DBUILD=${PROJECT_BINARY_DIR} -DSOURCE=${PROJECT_SOURCE_DIR}/examples/nativo

@@ -144,7 +144,7 @@ private:
                                         u"is_identity=0 And default_object_id=0") > 0)
                 tell(name,
                      u"la base de datos no da el número al agregar un documento; cree la tabla de nuevo "
-                     u"con nID int IDENTITY(1, 1) y pase sus registros (docs/sql-server.md)");
+                     u"con nID int IDENTITY(1, 1) y pase sus registros (docs/administracion.md)");
         } catch (const Error& error) {
             tell(name, u"no se pudo ver si la base de datos da el número (" + error.description() + u")");
         }

@@ -87,7 +87,7 @@ std::wstring cpp_header()
 {
     std::wstring text =
         L"\uFEFF// The automation interfaces of TOLVEX for C++ hosts. Every argument goes by reference;\n"
-        L"// optional ones must be given too (docs/automation.md lists their defaults).\n"
+        L"// optional ones must be given too (docs/guia-de-integracion.md lists their defaults).\n"
         L"#pragma once\n\n#include <windows.h>\n\n#include <oaidl.h>\n\nnamespace TOLVEX {\n";
     for (const Class& described : surface()) text += cpp_interface(described);
     text += L"\n} // namespace TOLVEX\n\n#ifdef __CRT_UUID_DECL\n";

@@ -1,5 +1,5 @@
 ﻿// The automation interfaces of TOLVEX for C++ hosts. Every argument goes by reference;
-// optional ones must be given too (docs/automation.md lists their defaults).
+// optional ones must be given too (docs/guia-de-integracion.md lists their defaults).
 #pragma once
 
 #include <windows.h>

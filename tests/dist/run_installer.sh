@@ -55,6 +55,9 @@ installs() {
     expect "un guion de 64 bits emite" issues 4 64 "$installed"
     expect "un guion de 32 bits emite" issues 5 32 "$installed"
     expect "la orden de 32 bits" eval 'windows_32 "$installed\\bin32\\tolvex.exe" --version | grep -q tolvex'
+    windows 'C:\windows\system32\cscript.exe' //nologo "$installed\\examples\\vbscript\\imprime.vbs" 4 pdf \
+        "$installed\\layouts\\factura.rdl" 'C:\TOLVEX-demo' > imprime.txt
+    expect "un guion imprime" [ -s "$drive/TOLVEX-demo/FacturaElec_4.pdf" ]
     expect "lo emitido está bien" verifies "$installed"
 }
 

@@ -9,7 +9,7 @@ namespace {
 
 constexpr char host_manifest[] = "registration_free.manifest";
 
-// As docs/automation.md has it.
+// As docs/guia-de-integracion.md has it.
 void write_host_manifest()
 {
     const char* architecture = sizeof(void*) == 8 ? "amd64" : "x86";
