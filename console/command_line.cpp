@@ -7,6 +7,7 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <sstream>
 
 namespace tolvex::console {
 
@@ -109,10 +110,20 @@ std::string named(const std::string& message, const std::string& before, const s
     return message.substr(from, after.empty() ? std::string::npos : message.find(after, from) - from);
 }
 
+// What was asked for instead of an order, help for instance, or what is wrong with the words.
+int tell(CLI::App& app, const CLI::ParseError& error)
+{
+    std::ostringstream out, errors;
+    const int code = app.exit(error, out, errors);
+    terminal::print(stdout, out.str());
+    terminal::print(stderr, errors.str());
+    return code == 0 ? 0 : wrong_usage;
+}
+
 // For the system that installs the program.
 int print_whole(const std::string& text)
 {
-    std::fputs(text.c_str(), stdout);
+    terminal::print(stdout, text);
     return all_written_out() ? 0 : 1;
 }
 
@@ -288,9 +299,9 @@ int run_command_line(std::vector<std::string> words, const std::vector<std::uniq
         std::reverse(words.begin(), words.end()); // the library wants the last one first
         app.parse(std::move(words));
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? 0 : wrong_usage;
+        return tell(app, error);
     } catch (const WrongOrder& error) {
-        std::fputs(with_hint(error.what()).c_str(), stderr);
+        terminal::print(stderr, with_hint(error.what()));
         return wrong_usage;
     } catch (const std::exception& error) {
         say_error(error.what());

@@ -6,6 +6,7 @@
 #include "issuing/amount_patterns.hpp"
 #include "platform/clock.hpp"
 #include "platform/files.hpp"
+#include "platform/terminal.hpp"
 
 #include <algorithm>
 #include <fmt/core.h>
@@ -102,12 +103,10 @@ void IssueReport::summarize()
     progress_.clear();
     if (as_json_ || count_ == 0) return;
     const double passed = std::max(seconds(milliseconds_running() - start_), 0.001);
-    std::fputs(
-        fmt::format("{} en {:.1f} s ({:.1f} por segundo)\n",
-                    count_ == 1 ? "Un documento emitido" : std::to_string(count_) + " documentos emitidos",
-                    passed, static_cast<double>(count_) / passed)
-            .c_str(),
-        stderr);
+    terminal::print(stderr, fmt::format("{} en {:.1f} s ({:.1f} por segundo)\n",
+                                        count_ == 1 ? "Un documento emitido"
+                                                    : std::to_string(count_) + " documentos emitidos",
+                                        passed, static_cast<double>(count_) / passed));
 }
 
 } // namespace tolvex::console

@@ -1,7 +1,6 @@
 #include "console/output.hpp"
 
-#include <cstdio>
-#include <fmt/core.h>
+#include "platform/terminal.hpp"
 
 namespace tolvex::console {
 
@@ -10,11 +9,11 @@ void print_line(const Text& text) { print_line(to_utf8(text)); }
 // At once: who reads must know what is done even if the program is killed.
 void print_line(const std::string& text)
 {
-    fmt::print("{}\n", text);
+    terminal::print(stdout, text + "\n");
     std::fflush(stdout);
 }
 
-void say_error(const std::string& reason) noexcept { std::fprintf(stderr, "tolvex: %s\n", reason.c_str()); }
+void say_error(const std::string& reason) noexcept { terminal::print(stderr, "tolvex: " + reason + "\n"); }
 
 void say_warning(const Text& warning) noexcept { say_error("aviso: " + to_utf8(warning)); }
 

@@ -9,7 +9,7 @@ namespace {
 bool says_yes()
 {
     if (!takes_answers()) return false;
-    std::fputs("¿Sí o no? [s/N] ", stderr);
+    print(stderr, "¿Sí o no? [s/N] ");
     char answer[16] = {};
     return std::fgets(answer, sizeof answer, stdin) && (answer[0] == 's' || answer[0] == 'S');
 }
@@ -18,7 +18,7 @@ bool says_yes()
 
 MessageAnswer show(const Message& message)
 {
-    std::fprintf(stderr, "%s: %s\n", to_utf8(message.title).c_str(), to_utf8(message.text).c_str());
+    print(stderr, to_utf8(message.title + u": " + message.text + u"\n"));
     if (message.buttons == MessageButtons::ok) return MessageAnswer::ok;
     return says_yes() ? MessageAnswer::yes : MessageAnswer::no;
 }

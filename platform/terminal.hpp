@@ -3,6 +3,7 @@
 
 #include "tolvex/messages.hpp"
 
+#include <cstdio>
 #include <optional>
 #include <string>
 #include <vector>
@@ -13,6 +14,10 @@ namespace tolvex::terminal {
 // there, and the programs that it runs ask and answer there instead of in windows of their own. The words of
 // the command line after the program's name, in UTF-8.
 std::vector<std::string> take(int argc, char** argv);
+
+// Writes text in UTF-8 on standard output or error so that a person can read it there, whatever letters the
+// terminal takes. A failure is seen in the stream.
+void print(std::FILE* stream, const std::string& text) noexcept;
 
 // Whether a person sees standard error, on a terminal that can take a line back; whether one types what is
 // read from standard input.

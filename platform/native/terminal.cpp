@@ -92,6 +92,11 @@ std::vector<std::string> take(int argc, char** argv)
     return {argv + std::min(argc, 1), argv + argc};
 }
 
+void print(std::FILE* stream, const std::string& text) noexcept
+{
+    std::fwrite(text.data(), 1, text.size(), stream);
+}
+
 bool shows_errors() { return isatty(STDERR_FILENO) != 0; }
 
 bool takes_answers() { return isatty(STDIN_FILENO) != 0; }

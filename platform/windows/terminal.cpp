@@ -88,6 +88,26 @@ std::vector<std::string> take(int, char**)
     return given;
 }
 
+// Old consoles take no UTF-8, and those that do no letter in two pieces.
+void print(std::FILE* stream, const std::string& text) noexcept
+try {
+    const auto console = reinterpret_cast<HANDLE>(_get_osfhandle(_fileno(stream)));
+    DWORD mode = 0;
+    if (!GetConsoleMode(console, &mode)) {
+        std::fwrite(text.data(), 1, text.size(), stream);
+        return;
+    }
+    std::fflush(stream);
+    constexpr std::size_t most_at_once = 8192;
+    const Text letters = to_text(text);
+    for (std::size_t i = 0; i < letters.size(); i += most_at_once) {
+        const Text piece = letters.substr(i, most_at_once);
+        WriteConsoleW(console, wide(piece), static_cast<DWORD>(piece.size()), nullptr, nullptr);
+    }
+} catch (...) {
+    std::fputs("?", stream); // without memory the words are lost
+}
+
 // One that takes a line back, which old consoles do not.
 bool shows_errors()
 {
