@@ -9,13 +9,14 @@
 #   SHA256SUMS                       sums of them all
 #
 # The same sources give the same bytes: all moments are that of the last commit, or of the environment's
-# SOURCE_DATE_EPOCH.
+# SOURCE_DATE_EPOCH; without either, of the list of changes.
 . "$(dirname "$0")/../setup/common.sh"
 
 out=$build/dist
 stage=$out/stage
 version=$(sed -n 's/^project(tolvex VERSION \([0-9.]*\) .*/\1/p' "$project/CMakeLists.txt")
-export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(git -C "$project" log -1 --format=%ct)}
+moment_of_sources() { git -C "$project" log -1 --format=%ct 2> /dev/null || stat -c %Y "$project/CHANGELOG.md"; }
+export SOURCE_DATE_EPOCH=${SOURCE_DATE_EPOCH:-$(moment_of_sources)}
 export TZ=UTC LC_ALL=C.UTF-8
 umask 022
 

@@ -3,13 +3,14 @@
 set -euo pipefail
 
 here=$(dirname "$(readlink -f "$0")")
-project=$(cd "$here/../.." && pwd)
 . "$here/../windows/checks.sh"
+. "$here/../../setup/common.sh"
 runner=$project/tests/windows/run_in_testbed.sh
 work=$project/build/dist_windows
 
 "$runner" require 64
 "$runner" require 32 # the installer is a program of 32 bits
+install_packages unzip
 rm -rf "$work"
 mkdir -p "$work/herramientas"
 cp "$project"/build/windows/x86_64-w64-mingw32/bin/openssl.exe "$work/herramientas/"
