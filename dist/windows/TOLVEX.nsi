@@ -39,16 +39,16 @@ InstallDir ""
 !insertmacro MUI_PAGE_FINISH
 !insertmacro MUI_UNPAGE_CONFIRM
 !insertmacro MUI_UNPAGE_INSTFILES
-!insertmacro MUI_LANGUAGE "Spanish"
+!insertmacro MUI_LANGUAGE "SpanishInternational"
 
 VIProductVersion "${VERSION}.0"
 VIFileVersion "${VERSION}.0"
-VIAddVersionKey /LANG=${LANG_SPANISH} ProductName "TOLVEX"
-VIAddVersionKey /LANG=${LANG_SPANISH} ProductVersion "${VERSION}"
-VIAddVersionKey /LANG=${LANG_SPANISH} FileVersion "${VERSION}.0"
-VIAddVersionKey /LANG=${LANG_SPANISH} FileDescription "Instalador de TOLVEX"
-VIAddVersionKey /LANG=${LANG_SPANISH} CompanyName "TOLVEX"
-VIAddVersionKey /LANG=${LANG_SPANISH} LegalCopyright "© 2026 Los autores de TOLVEX, licencia MIT"
+VIAddVersionKey /LANG=${LANG_SPANISHINTERNATIONAL} ProductName "TOLVEX"
+VIAddVersionKey /LANG=${LANG_SPANISHINTERNATIONAL} ProductVersion "${VERSION}"
+VIAddVersionKey /LANG=${LANG_SPANISHINTERNATIONAL} FileVersion "${VERSION}.0"
+VIAddVersionKey /LANG=${LANG_SPANISHINTERNATIONAL} FileDescription "Instalador de TOLVEX"
+VIAddVersionKey /LANG=${LANG_SPANISHINTERNATIONAL} CompanyName "TOLVEX"
+VIAddVersionKey /LANG=${LANG_SPANISHINTERNATIONAL} LegalCopyright "© 2026 Los autores de TOLVEX, licencia MIT"
 
 Var ForUser ; 1, or empty for the machine
 Var Log
