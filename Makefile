@@ -5,8 +5,9 @@
 # make windows      builds TOLVEX.dll for 64 and 32 bits into build/windows
 # make dist         makes what a customer installs, into build/dist: for Windows an installer and a zip, for Linux a
 #                   Debian package and a tar file
+# make kills        kills stations in the middle of issuing, a thousand times, and looks at what is left
 # make bench        measures how fast documents are issued, printed and verified; make bench-windows the same from Windows hosts
-.PHONY: all demo test test-native sanitized check format windows dist bench bench-windows clean
+.PHONY: all demo test test-native sanitized check format windows dist kills bench bench-windows clean
 
 windows_bitnesses := x86_64 i686
 run_tests := ctest --output-on-failure --parallel 2 --test-dir
@@ -56,6 +57,9 @@ windows:
 
 dist: all windows
 	dist/make.sh
+
+kills: all
+	trials/kills.sh build/tolvex build/kills 1000
 
 bench:
 	setup/native.sh
