@@ -20,3 +20,7 @@ endif()
 if(TOLVEX_BENCH)
     add_subdirectory(bench)
 endif()
+
+# Built when it is asked for (make soak).
+add_executable(soak EXCLUDE_FROM_ALL trials/soak.cpp)
+target_link_libraries(soak PRIVATE tolvex_rooms fmt::fmt)
