@@ -2,7 +2,7 @@
 // memory and descriptors it holds after each tenth. Both have to stay where they were once everything had
 // been used.
 //
-//   soak FOLDER [PERCENT]    FOLDER is a demonstration's (tolvex demo --carpeta FOLDER); PERCENT of the full counts
+//   soak FOLDER [PERCENT]    in the FOLDER of a demonstration; PERCENT of the full counts
 #include "core/numbers.hpp"
 #include "platform/files.hpp"
 #include "platform/in_memory/forms_in_memory.hpp"
