@@ -5,10 +5,11 @@
 # make windows      builds TOLVEX.dll for 64 and 32 bits into build/windows
 # make dist         makes what a customer installs, into build/dist: for Windows an installer and a zip, for Linux a
 #                   Debian package and a tar file
+# make faults       issues a document with each of its calls to the system going wrong, and looks at what is left
 # make kills        kills stations in the middle of issuing, a thousand times, and looks at what is left
 # make soak         20,000 documents, 10,000 certificates, 1,000 PDF files and forms in one process: memory stays flat
 # make bench        measures how fast documents are issued, printed and verified; make bench-windows the same from Windows hosts
-.PHONY: all demo test test-native sanitized check format windows dist kills soak bench bench-windows clean
+.PHONY: all demo test test-native sanitized check format windows dist faults kills soak bench bench-windows clean
 
 windows_bitnesses := x86_64 i686
 run_tests := ctest --output-on-failure --parallel 2 --test-dir
@@ -58,6 +59,10 @@ windows:
 
 dist: all windows
 	dist/make.sh
+
+faults: all
+	cmake --build build --target faulty_system
+	trials/faults.sh build/tolvex build/faulty_system.so build/faults
 
 kills: all
 	trials/kills.sh build/tolvex build/kills 1000

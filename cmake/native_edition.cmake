@@ -21,6 +21,10 @@ if(TOLVEX_BENCH)
     add_subdirectory(bench)
 endif()
 
-# Built when it is asked for (make soak).
+# Built when they are asked for (make soak, make faults). What stands before the system's calls must not be checked twice.
 add_executable(soak EXCLUDE_FROM_ALL trials/soak.cpp)
 target_link_libraries(soak PRIVATE tolvex_rooms fmt::fmt)
+add_library(faulty_system MODULE EXCLUDE_FROM_ALL trials/faulty_system.cpp)
+target_compile_options(faulty_system PRIVATE -U_FORTIFY_SOURCE)
+set_target_properties(faulty_system PROPERTIES PREFIX "" CXX_VISIBILITY_PRESET default)
+target_link_libraries(faulty_system PRIVATE ${CMAKE_DL_LIBS})
