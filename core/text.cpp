@@ -78,6 +78,8 @@ Text replace_all(TextView text, TextView what, TextView with)
     }
 }
 
+Text basic_literal(TextView text) { return u"\"" + replace_all(text, u"\"", u"\"\"") + u"\""; }
+
 Text without(TextView text, char16_t unwanted)
 {
     return filtered(text, [=](char16_t c) { return c != unwanted; });

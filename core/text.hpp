@@ -20,6 +20,8 @@ bool starts_with_ignoring_case(TextView text, TextView prefix);
 // First n UTF-16 units.
 Text clip(TextView text, std::size_t n);
 Text replace_all(TextView text, TextView what, TextView with);
+// As a literal of Basic: between double quotes, those within doubled.
+Text basic_literal(TextView text);
 Text without(TextView text, char16_t unwanted);
 // Only the characters that occur in the allowed set, in order.
 Text keep_only(TextView text, TextView allowed);

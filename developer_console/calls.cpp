@@ -36,7 +36,7 @@ Text in_vbscript(const Argument& argument)
     case Argument::Kind::text:
         break;
     }
-    return u"\"" + replace_all(argument.value, u"\"", u"\"\"") + u"\"";
+    return basic_literal(argument.value);
 }
 
 // What a script calls its object of a class.
@@ -57,20 +57,13 @@ Text creation_of(TextView class_name)
            u"\")\r\n";
 }
 
-const Argument* variable_of(const Call& call)
-{
-    const auto found = std::find_if(call.arguments.begin(), call.arguments.end(),
-                                    [](const Argument& a) { return a.kind == Argument::Kind::variable; });
-    return found == call.arguments.end() ? nullptr : &*found;
-}
-
 // Lines of a script: a call with what is needed before and after it.
 Text statements_of(const Call& call)
 {
     const Argument* variable = variable_of(call);
     const Text name(text_variable);
     Text lines;
-    if (variable) lines += name + u" = \"" + replace_all(variable->value, u"\"", u"\"\"") + u"\"\r\n";
+    if (variable) lines += name + u" = " + basic_literal(variable->value) + u"\r\n";
     if (call.gives_result)
         lines += u"WScript.Echo \"" + Text(call.method) + u": \" & " + call_in_vbscript(call) + u"\r\n";
     else
@@ -84,6 +77,13 @@ Text statements_of(const Call& call)
 Argument number_or_text(const Text& typed)
 {
     return {is_number(typed) ? Argument::Kind::number : Argument::Kind::text, typed};
+}
+
+const Argument* variable_of(const Call& call)
+{
+    const auto found = std::find_if(call.arguments.begin(), call.arguments.end(),
+                                    [](const Argument& a) { return a.kind == Argument::Kind::variable; });
+    return found == call.arguments.end() ? nullptr : &*found;
 }
 
 Text arguments_in_vbscript(const Call& call)

@@ -53,6 +53,9 @@ public:
 // thinks of it.
 Argument number_or_text(const Text& typed);
 
+// The argument that the method writes; null when there is none.
+const Argument* variable_of(const Call& call);
+
 // The arguments in VBScript, separated by commas; a password by the name of its variable.
 Text arguments_in_vbscript(const Call& call);
 // The call alone: "documento.GetDatosEmpresa(1)".

@@ -236,9 +236,7 @@ bool ConsoleForm::make(FormView& view, const Call& call)
     const std::int64_t start = milliseconds_running();
     const Outcome outcome = while_busy(view, [&] { return surroundings_.component.call(call); });
     add_to_log(view, call, outcome, milliseconds_running() - start);
-    const bool writes = std::any_of(call.arguments.begin(), call.arguments.end(),
-                                    [](const Argument& a) { return a.kind == Argument::Kind::variable; });
-    if (writes) view.set_text(u"Folio", outcome.variable);
+    if (variable_of(call)) view.set_text(u"Folio", outcome.variable);
     return outcome.succeeded();
 }
 

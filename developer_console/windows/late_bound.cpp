@@ -44,10 +44,13 @@ Variant value_of(const Argument& argument)
     }
 }
 
+// Null is an empty text.
+Text text_of(BSTR text) { return text ? from_wide(text) : Text(); }
+
 Text text_of(const VARIANT& value)
 {
     if (value.vt == VT_BOOL) return value.boolVal ? u"True" : u"False";
-    return value.vt == VT_BSTR && value.bstrVal ? from_wide(value.bstrVal) : Text();
+    return value.vt == VT_BSTR ? text_of(value.bstrVal) : Text();
 }
 
 // What the component left as error information: a C++ or .NET host reads it, a script cannot.
@@ -56,7 +59,7 @@ Text error_information()
     ComPtr<IErrorInfo> information;
     BSTR description = nullptr;
     if (GetErrorInfo(0, &information) == S_OK) information->GetDescription(&description);
-    const Text words = description ? from_wide(description) : Text();
+    const Text words = text_of(description);
     SysFreeString(description);
     return words;
 }
@@ -64,7 +67,7 @@ Text error_information()
 // What a raised error says; frees it.
 Text words_of(EXCEPINFO& raised, HRESULT failure)
 {
-    const Text words = raised.bstrDescription ? from_wide(raised.bstrDescription)
+    const Text words = raised.bstrDescription ? text_of(raised.bstrDescription)
                                               : system_message(static_cast<DWORD>(failure));
     for (const BSTR text : {raised.bstrDescription, raised.bstrSource, raised.bstrHelpFile})
         SysFreeString(text);

@@ -1,6 +1,8 @@
 // TolvexConsola.exe: tries the component as a host of its own.
 #include "developer_console/windows/late_bound.hpp"
 #include "developer_console/windows/surroundings.hpp"
+#include "platform/files.hpp"
+#include "platform/terminal.hpp"
 
 #include <ole2.h>
 
@@ -11,18 +13,14 @@ using namespace tolvex;
 // The programs of each bitness lie in a folder of their own within it.
 Text folder_of_installation()
 {
-    Text path(32767, u'\0');
-    path.resize(GetModuleFileNameW(nullptr, wide(path), static_cast<DWORD>(path.size())));
-    const auto folder_of = [](const Text& inner) { return inner.substr(0, inner.rfind(u'\\')); };
-    return folder_of(folder_of(path));
+    const Text programs = files::program_folder();
+    return programs.substr(0, programs.rfind(u'\\'));
 }
 
 // Where examples\demostracion.cmd puts the demonstration.
 Text folder_of_demonstration()
 {
-    Text drive(16, u'\0');
-    drive.resize(GetEnvironmentVariableW(L"SystemDrive", wide(drive), static_cast<DWORD>(drive.size())));
-    return drive + u"\\TOLVEX-demo";
+    return to_text(terminal::environment("SystemDrive").value_or("C:")) + u"\\TOLVEX-demo";
 }
 
 void run_console()

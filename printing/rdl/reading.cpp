@@ -73,15 +73,13 @@ bool is_number(TextView text)
     return error == std::errc() && end == digits.data() + digits.size();
 }
 
-Text quoted(const Text& text) { return u"\"" + replace_all(text, u"\"", u"\"\"") + u"\""; }
-
 // A literal of a data type as an expression of that type, which a bare literal would be a text of.
 Text typed_literal(const Text& type, const Text& text)
 {
     const Text value = trim(text);
     if ((type == u"Integer" || type == u"Float") && is_number(value)) return u"=" + value;
     if (type == u"Boolean" && (value == u"true" || value == u"false")) return u"=" + value;
-    if (type == u"DateTime" && !value.empty()) return u"=CDate(" + quoted(value) + u")";
+    if (type == u"DateTime" && !value.empty()) return u"=CDate(" + basic_literal(value) + u")";
     return text;
 }
 
@@ -91,7 +89,7 @@ Text source_of(const Element& element)
     const bool is_expression = element.text.starts_with(u'=');
     if (!is_expression) return typed_literal(attribute(element, u"DataType"), element.text);
     const bool is_constant = attribute(element, u"EvaluationMode") == u"Constant";
-    return is_constant ? u"=" + quoted(element.text) : element.text;
+    return is_constant ? u"=" + basic_literal(element.text) : element.text;
 }
 
 Text not_a_length(const Element& element)
