@@ -80,7 +80,7 @@ void FormWindow::set_font(int dots_per_inch)
 {
     auto font = std::make_unique<FormFont>(dots_per_inch);
     if (tool_bar_) tool_bar_->set_font(*font, lay_out(description_).tool_bar);
-    if (tabs_) tabs_->set_font(*font);
+    if (tabs_) tolvex::set_font(tabs_->window(), *font);
     for (const NativeFrame& frame : frames_) tolvex::set_font(frame.window, *font);
     for (const NativeControl& control : controls_) tolvex::set_font(control, *font);
     font_ = std::move(font);
@@ -106,7 +106,7 @@ void FormWindow::place_controls()
 {
     const FormLayout layout = lay_out(description_, font_->units(client_size(handle_)));
     if (tool_bar_) tool_bar_->place(font_->pixels(layout.tool_bar));
-    if (tabs_) tabs_->place(font_->pixels(layout.tabs));
+    if (tabs_) move_window(tabs_->window(), font_->pixels(layout.tabs));
     for (std::size_t i = 0; i < frames_.size(); ++i)
         move_window(frames_[i].window, font_->pixels(layout.frames[i].box));
     for (std::size_t i = 0; i < controls_.size(); ++i)
@@ -118,8 +118,7 @@ void FormWindow::show_page()
 {
     const TextView chosen = chosen_page();
     for (const NativeControl& control : controls_) show_control(control, chosen);
-    for (const NativeFrame& frame : frames_)
-        ShowWindow(frame.window, frame.page.empty() || frame.page == chosen ? SW_SHOWNA : SW_HIDE);
+    for (const NativeFrame& frame : frames_) show_frame(frame, chosen);
     if (IsChild(handle_, GetFocus()) && !IsWindowVisible(GetFocus())) focus_first();
 }
 

@@ -76,6 +76,12 @@ void place_combo(HWND combo, const RECT& place)
     if (wanted > 0 && wanted != item) SendMessageW(combo, CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), wanted);
 }
 
+// What stands on no page is always in front.
+int showing(TextView page, TextView chosen_page)
+{
+    return page.empty() || page == chosen_page ? SW_SHOWNA : SW_HIDE;
+}
+
 } // namespace
 
 NativeControl create_control(HWND form, const PlacedControl& placed, int id)
@@ -94,10 +100,14 @@ NativeControl create_control(HWND form, const PlacedControl& placed, int id)
 
 void show_control(const NativeControl& control, TextView chosen_page)
 {
-    const bool in_front = control.page.empty() || control.page == chosen_page;
-    const int show = control.visible && in_front ? SW_SHOWNA : SW_HIDE;
+    const int show = control.visible ? showing(control.page, chosen_page) : SW_HIDE;
     ShowWindow(control.window, show);
     ShowWindow(control.label, show);
+}
+
+void show_frame(const NativeFrame& frame, TextView chosen_page)
+{
+    ShowWindow(frame.window, showing(frame.page, chosen_page));
 }
 
 HWND create_frame(HWND form, TextView caption)

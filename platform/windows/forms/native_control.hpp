@@ -29,6 +29,7 @@ HWND create_frame(HWND form, TextView caption);
 void place_control(const NativeControl& control, const PlacedControl& placed, const FormFont& font);
 void move_window(HWND window, const RECT& place);
 void show_control(const NativeControl& control, TextView chosen_page);
+void show_frame(const NativeFrame& frame, TextView chosen_page);
 void set_font(const NativeControl& control, const FormFont& font);
 void set_font(HWND window, const FormFont& font);
 

@@ -22,16 +22,6 @@ PageTabs::PageTabs(HWND form, const std::vector<TextView>& pages)
     }
 }
 
-void PageTabs::place(const RECT& place)
-{
-    MoveWindow(window_, place.left, place.top, place.right - place.left, place.bottom - place.top, TRUE);
-}
-
-void PageTabs::set_font(const FormFont& font)
-{
-    SendMessageW(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font.get()), TRUE);
-}
-
 TextView PageTabs::chosen() const { return pages_.at(static_cast<std::size_t>(chosen_index())); }
 
 void PageTabs::choose_next(bool backwards)

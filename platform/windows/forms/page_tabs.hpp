@@ -1,7 +1,8 @@
 // The tabs of a form's pages: a strip of names, one of which is chosen.
 #pragma once
 
-#include "platform/windows/forms/form_font.hpp"
+#include "platform/forms.hpp"
+#include "platform/windows/windows.hpp"
 
 #include <commctrl.h>
 
@@ -13,8 +14,6 @@ public:
     PageTabs(HWND form, const std::vector<TextView>& pages);
 
     HWND window() const { return window_; }
-    void place(const RECT& place);
-    void set_font(const FormFont& font);
     TextView chosen() const;
     // The tab after the chosen one, or before it; the first follows the last.
     void choose_next(bool backwards);

@@ -1,6 +1,7 @@
 #include "platform/windows/forms/tool_bar.hpp"
 
 #include "platform/windows/forms/icon_image.hpp"
+#include "platform/windows/forms/native_control.hpp"
 
 namespace tolvex {
 
@@ -45,10 +46,7 @@ ToolBar::~ToolBar()
     if (images_) ImageList_Destroy(images_);
 }
 
-void ToolBar::place(const RECT& place)
-{
-    MoveWindow(window_, place.left, place.top, place.right - place.left, place.bottom - place.top, TRUE);
-}
+void ToolBar::place(const RECT& place) { move_window(window_, place); }
 
 void ToolBar::set_font(const FormFont& font, const Box& box)
 {
