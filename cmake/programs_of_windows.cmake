@@ -1,12 +1,13 @@
-# What Windows shows as the properties of a program's file, and resources of its own.
+# What Windows shows as the properties of a DLL (VFT_DLL) or program (VFT_APP), and other resources and values of its own.
 string(REPLACE "." "," version_numbers ${PROJECT_VERSION}.0)
-function(add_file_properties target program_name program_description program_resources)
-    set(resources ${PROJECT_BINARY_DIR}/${program_name}.rc)
-    configure_file(${PROJECT_SOURCE_DIR}/cmake/program.rc.in ${resources} @ONLY)
+function(add_file_properties target file_name file_type description other_resources other_values)
+    get_filename_component(internal_name ${file_name} NAME_WE)
+    set(resources ${CMAKE_CURRENT_BINARY_DIR}/${internal_name}.rc)
+    configure_file(${PROJECT_SOURCE_DIR}/cmake/file_properties.rc.in ${resources} @ONLY)
     target_sources(${target} PRIVATE ${resources})
 endfunction()
 
-add_file_properties(tolvex_command tolvex "TOLVEX: facturas electrónicas CFDI 3.0, línea de órdenes" "")
+add_file_properties(tolvex_command tolvex.exe VFT_APP "TOLVEX: facturas electrónicas CFDI 3.0, línea de órdenes" "" "")
 
 # TolvexConsola.exe, the developer console. It is a host of the component: of the rooms only what draws its form is
 # linked in.
@@ -17,5 +18,5 @@ set_target_properties(tolvex_console PROPERTIES OUTPUT_NAME TolvexConsola RUNTIM
 target_include_directories(tolvex_console PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
 target_link_libraries(tolvex_console PRIVATE tolvex_archive ${TOLVEX_LIBRARIES})
 target_link_options(tolvex_console PRIVATE -municode -s)
-add_file_properties(tolvex_console TolvexConsola "TOLVEX: consola para integradores"
-    "1 24 \"${PROJECT_SOURCE_DIR}/developer_console/windows/TolvexConsola.manifest\"")
+add_file_properties(tolvex_console TolvexConsola.exe VFT_APP "TOLVEX: consola para integradores"
+    "1 24 \"${PROJECT_SOURCE_DIR}/developer_console/windows/TolvexConsola.manifest\"" "")
