@@ -24,6 +24,8 @@ umask 022
 
 # As Windows programs read them: line ends, and letters in the code page of those who know no other.
 for_windows() { iconv -f UTF-8 -t "$1" "$2" | sed 's/\r*$/\r/' > "$3"; }
+# UTF-8 for those who need its mark to know it.
+marked_for_windows() { { printf '\xef\xbb\xbf' && sed 's/\r*$/\r/' "$1"; } > "$2"; }
 
 stage_programs() {
     local bits built folder
@@ -44,7 +46,7 @@ stage_examples() {
         case $file in
             *.cmd) for_windows CP850 "$file" "$target" ;;
             *.vbs | *.js | *.bas) for_windows CP1252 "$file" "$target" ;;
-            *.ps1) { printf '\xef\xbb\xbf' && sed 's/\r*$/\r/' "$file"; } > "$target" ;;
+            *.ps1) marked_for_windows "$file" "$target" ;;
             *) for_windows UTF-8 "$file" "$target" ;;
         esac
     done
@@ -58,7 +60,7 @@ stage_texts() {
     for file in "$project"/docs/*.md; do for_windows UTF-8 "$file" "$tree/docs/${file##*/}"; done
     cp "$project"/docs/imagenes/*.png "$tree/docs/imagenes/"
     for_windows UTF-8 "$project/LICENSE" "$tree/LICENSE.txt"
-    { printf '\xef\xbb\xbf' && sed 's/$/\r/' "$project/dist/windows/LEEME.txt"; } > "$tree/LEEME.txt"
+    marked_for_windows "$project/dist/windows/LEEME.txt" "$tree/LEEME.txt"
 }
 
 stage_windows() {
@@ -98,9 +100,8 @@ installer_files() {
 
 make_setup() {
     installer_files > "$stage/files.nsh"
-    iconv -f UTF-8 -t UTF-8 "$tree/LICENSE.txt" > "$stage/license.txt"
     makensis -V2 -NOCD -INPUTCHARSET UTF8 -DVERSION="$version" -DOUT="$out/tolvex-$version-setup.exe" \
-        -DFILES="$stage/files.nsh" -DLICENSE="$stage/license.txt" "$project/dist/windows/TOLVEX.nsi"
+        -DFILES="$stage/files.nsh" -DLICENSE="$tree/LICENSE.txt" "$project/dist/windows/TOLVEX.nsi"
 }
 
 # Those who unpack it register it themselves.
@@ -111,7 +112,6 @@ make_zip() {
     done
     set_moments "$stage/windows"
     cd "$stage/windows"
-    rm -f "$out/tolvex-$version-windows.zip"
     find "tolvex-$version" -type f | sort | zip -X -q -9 "$out/tolvex-$version-windows.zip" -@
 }
 

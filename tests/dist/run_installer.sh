@@ -28,9 +28,17 @@ makes_windows() {
     program_files=$drive/Program\ Files/TOLVEX
 }
 
+# Ten seconds at most.
+soon() {
+    local tries
+    for ((tries = 0; tries < 100; tries++)); do "$@" && return || sleep 0.1; done
+}
+
 is_registered() { windows reg query "$1" > registered.txt && grep -qi "${2:-TOLVEX}" registered.txt; }
 is_not_registered() { ! is_registered "$@"; }
-in_list_of_programs() { is_registered "$1\\Software\\Microsoft\\Windows\\CurrentVersion\\Uninstall\\TOLVEX" DisplayVersion; }
+listed='Software\Microsoft\Windows\CurrentVersion\Uninstall\TOLVEX'
+in_list_of_programs() { is_registered "$1\\$listed" DisplayVersion; }
+not_in_list_of_programs() { ! in_list_of_programs "$1"; }
 # What the installer says that it did; its log is UTF-16.
 says() { find "$drive/users" -name tolvex-instalacion.txt -exec iconv -f UTF-16 -t UTF-8 {} + | grep -q "$1"; }
 
@@ -73,7 +81,7 @@ upgrades() {
 refuses_while_in_use() {
     printf 'Set c = CreateObject("TOLVEX.ConfigFE")\r\nc.SetDatosConexion "", "", "", ""\r\nWScript.Echo "listo"\r\nt = Timer\r\nDo While Timer < t + 8\r\nLoop\r\n' > ocupa.vbs
     "$runner" 64 60 'C:\windows\system32\cscript.exe' //nologo ocupa.vbs > ocupa.txt 2> /dev/null &
-    for ((i = 0; i < 100; i++)); do grep -q listo ocupa.txt && break || sleep 0.1; done
+    soon grep -q listo ocupa.txt
     local status=0
     windows_32 "$work/setup.exe" /S || status=$?
     expect "se niega mientras un programa la usa" [ "$status" = 2 ]
@@ -84,18 +92,17 @@ refuses_while_in_use() {
 
 uninstalls() {
     windows_32 "$installed\\desinstalar.exe" /S
-    for ((i = 0; i < 100; i++)); do [ -e "$program_files/desinstalar.exe" ] || break; sleep 0.1; done
+    soon [ ! -e "$program_files/desinstalar.exe" ]
     expect "sólo quedan los archivos ajenos" [ "$(cd "$program_files" && find . -type f | sort | tr '\n' ' ')" = "./bin64/vieja.dll ./mis datos.db " ]
     expect "nada registrado" is_not_registered "$classes"
-    expect "fuera de la lista de programas" eval '! in_list_of_programs HKLM'
+    expect "fuera de la lista de programas" not_in_list_of_programs HKLM
     expect "sin accesos directos" [ -z "$(find "$drive" -iname '*TOLVEX*.lnk' -o -name TOLVEX -path '*Menu*')" ]
     expect "lo emitido se queda" [ -s "$drive/TOLVEX-demo/Facturas/A4.xml" ]
 }
 
 # As the list of programs calls it.
 quiet_uninstall() {
-    windows reg query 'HKCU\Software\Microsoft\Windows\CurrentVersion\Uninstall\TOLVEX' /v QuietUninstallString |
-        sed -nE 's/.*"(.*)" \/S$/\1/p'
+    windows reg query "HKCU\\$listed" /v QuietUninstallString | sed -nE 's/.*"(.*)" \/S$/\1/p'
 }
 
 installs_for_one_user() {
@@ -105,7 +112,7 @@ installs_for_one_user() {
     expect "y no en la de todos" is_not_registered "$classes"
     expect "en su lista de programas" in_list_of_programs HKCU
     windows_32 "$(quiet_uninstall)" /S
-    for ((i = 0; i < 100; i++)); do in_list_of_programs HKCU || break; done
+    soon not_in_list_of_programs HKCU
     sleep 1
     expect "se quita todo" eval '[ -z "$(find "$drive/users" -path "*Programs/TOLVEX*")" ]'
     expect "también del registro" is_not_registered 'HKCU\Software\Classes\TOLVEX.GeneraDocto'

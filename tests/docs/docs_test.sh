@@ -15,14 +15,15 @@ make_shop() {
     mkdir -p "$work"
     "$tolvex" demo --carpeta "$work/shop" > /dev/null
     cd "$work/shop"
-    for ((i = 4; i <= 15; i++)); do sed 's/|[0-9]*-[0-9]*-[0-9]* [0-9:]*|/|2011-03-15 14:05:09|/' factura.txt > marzo.txt && "$tolvex" emite marzo.txt &> /dev/null; done
+    sed 's/|[0-9]*-[0-9]*-[0-9]* [0-9:]*|/|2011-03-15 14:05:09|/' factura.txt > marzo.txt
+    for ((i = 4; i <= 15; i++)); do "$tolvex" emite marzo.txt &> /dev/null; done
     ln -s tolvex.db tienda.db
     mkdir sello reportes build
     cp certificado.cer nuevo.cer
     cp llave.key nuevo.key
     cp "$project/printing/layouts/factura.rdl" mio.rdl
     echo 12345678a > clave.txt
-    sed -n '/^```toml/,/^```/p' "$project/docs/maestros.md" | grep -v '^```' > tienda.toml
+    blocks_of "$project/docs/maestros.md" toml > tienda.toml
     ln -s "$tolvex" build/tolvex
     "$tolvex" demo --carpeta demo > /dev/null
 }
@@ -63,16 +64,18 @@ orders_run() {
 
 # --- the rest ----------------------------------------------------------------------------------------------------------
 
+# What stands in blocks of a language.
+blocks_of() { sed -n "/^\`\`\`$2/,/^\`\`\`/p" "$1" | grep -v '^```'; }
 # Lines of VBScript, without blanks at their ends and what explains them.
-code_of() { sed -n '/^```vb/,/^```/p' "$1" | grep -v '^```' | sed -E "s/ +' .*//; s/^ +//; s/ +$//" | grep -v '^$'; }
+bare_code() { sed -E "s/ +' .*//; s/^ +//; s/ +$//" | grep -v '^$'; }
 
 code_is_in_examples() {
     local document line
-    cat "$project"/examples/vbscript/*.vbs | sed -E "s/ +' .*//; s/^ +//; s/ +$//" > "$work/examples.txt"
+    cat "$project"/examples/vbscript/*.vbs | bare_code > "$work/examples.txt"
     for document in "$project"/docs/*.md; do
         while read -r line; do
             expect "$(basename "$document"): $line" grep -qxF -- "$line" "$work/examples.txt"
-        done < <(code_of "$document" || true)
+        done < <(blocks_of "$document" vb | bare_code || true)
     done
 }
 
