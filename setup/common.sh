@@ -62,3 +62,24 @@ list_archives() {
     apt-get indextargets --format '$(REPO_URI)' \
         'Created-By: Packages' 'Origin: Debian' "Codename: $1" 'Component: main'
 }
+
+# --- a Debian in a folder ----------------------------------------------------------------------------------------------
+
+can_make_namespaces() {
+    unshare --mount --pid --uts --fork sh -c 'hostname caja && mount -t tmpfs tmpfs /mnt' 2> /dev/null
+}
+
+# Never into what may be mounted there.
+remove_debian() { rm -rf --one-file-system "$1"; }
+
+# FOLDER [OPTION]…: this Debian's release, as those options of mmdebstrap say. Proxies and certificates that this system's
+# apt is set up with hold for it too; it is made in namespaces, so that no mount stays in the folder whatever ends it.
+make_debian() {
+    local folder=$1 settings=$build/debian-apt.conf
+    install_packages mmdebstrap
+    apt-config dump | grep -E '^Acquire::(https?|Retries|Check-)' > "$settings" || true
+    remove_debian "$folder"
+    debian_archive deb | unshare --mount --pid --fork --kill-child mmdebstrap --quiet --mode=root \
+        --aptopt="$settings" --aptopt='APT::Sandbox::User "root"' --aptopt='APT::Install-Recommends "false"' \
+        --dpkgopt=force-unsafe-io "${@:2}" "$(debian_codename)" "$folder" -
+}

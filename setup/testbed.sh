@@ -11,42 +11,26 @@
 [ "$(id -u)" = 0 ] || exec sudo "$0" "$@"
 
 testbed=$build/testbed
-settings=$build/testbed-apt.conf
 packages_64=(wine wine64 libodbc2 libsqliteodbc tdsodbc libcups2 cups-daemon cups-client ghostscript
     xvfb xdotool openbox x11-utils imagemagick fonts-liberation locales)
 packages_32=(wine32:i386 libodbc2:i386 libsqliteodbc:i386 tdsodbc:i386 libcups2:i386)
 
-can_make_namespaces() {
-    unshare --mount --pid --uts --fork sh -c 'hostname caja && mount -t tmpfs tmpfs /mnt' 2> /dev/null
-}
-
-# Never into what may be mounted there.
-remove_testbed() { rm -rf --one-file-system "$testbed"; }
+remove_testbed() { remove_debian "$testbed"; }
 
 # --- a Debian of its own ---------------------------------------------------------------------------------------------
 
-# Proxies and certificates that this system's apt is set up with hold for the test bed too.
-copy_apt_settings() { apt-config dump | grep -E '^Acquire::(https?|Retries|Check-)' > "$settings" || true; }
-
-# In namespaces too: whatever ends it, no mount stays in the folder.
 install_debian() {
     local architectures=$1 packages
     shift
     printf -v packages '%s,' "$@"
-    remove_testbed
-    debian_archive deb | unshare --mount --pid --fork --kill-child mmdebstrap --quiet --mode=root --variant=essential \
-        --architectures="$architectures" --include="${packages%,}" --aptopt="$settings" --aptopt='APT::Sandbox::User "root"' \
-        --aptopt='APT::Install-Recommends "false"' --dpkgopt=force-unsafe-io \
+    make_debian "$testbed" --variant=essential --architectures="$architectures" --include="${packages%,}" \
         --dpkgopt='path-exclude=/usr/share/doc/*' --dpkgopt='path-exclude=/usr/share/man/*' \
         --customize-hook='chroot "$1" localedef -i es_MX -f UTF-8 es_MX.UTF-8' \
-        --customize-hook='echo 127.0.0.1 localhost caja > "$1/etc/hosts"' \
-        "$(debian_codename)" "$testbed" -
+        --customize-hook='echo 127.0.0.1 localhost caja > "$1/etc/hosts"'
 }
 
 make_own_debian() {
     say "creando el banco de pruebas, un Debian propio con Wine"
-    install_packages mmdebstrap
-    copy_apt_settings
     install_debian amd64,i386 "${packages_64[@]}" "${packages_32[@]}" || install_debian amd64 "${packages_64[@]}"
 }
 
@@ -99,7 +83,7 @@ make_testbed() {
 
 kind=use_this_system
 ! can_make_namespaces || kind=make_own_debian
-recipe="$kind $(sha256sum < "$0")"
+recipe="$kind $(cat "$0" "$project/setup/common.sh" | sha256sum)"
 if [ "$(cat "$testbed/recipe" 2> /dev/null)" != "$recipe" ]; then
     make_testbed "$kind"
     echo "$recipe" > "$testbed/recipe"

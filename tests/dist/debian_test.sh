@@ -10,31 +10,24 @@ project=$(cd "$here/../.." && pwd)
 root=$build/dist_debian
 dist=$build/dist
 
-unshare --mount --pid --fork true 2> /dev/null ||
-    { echo "NO SE PROBÓ: este sistema no deja crear espacios de nombres" && exit 77; }
+can_make_namespaces || { echo "NO SE PROBÓ: este sistema no deja crear espacios de nombres" && exit 77; }
 
-# A Debian with apt and nothing else; the package brings what it needs.
-make_debian() {
-    install_packages mmdebstrap
-    apt-config dump | grep -E '^Acquire::(https?|Retries|Check-)' > "$build/dist-apt.conf" || true
-    rm -rf --one-file-system "$root"
-    debian_archive deb | unshare --mount --pid --fork --kill-child mmdebstrap --quiet --mode=root --variant=apt \
-        --aptopt="$build/dist-apt.conf" --aptopt='APT::Sandbox::User "root"' --aptopt='APT::Install-Recommends "false"' \
-        --dpkgopt=force-unsafe-io --customize-hook="copy-in $(echo "$dist"/tolvex_*.deb) /tmp" \
-        --customize-hook='chroot "$1" sh -c "find / -xdev | sort > /tmp/before; apt-get -qq install -y /tmp/tolvex_*.deb > /tmp/apt.log 2>&1"' \
-        "$(debian_codename)" "$root" -
+# With apt and nothing else; the package brings what it needs.
+make_bare_debian() {
+    make_debian "$root" --variant=apt --customize-hook="copy-in $(echo "$dist"/tolvex_*.deb) /" \
+        --customize-hook='chroot "$1" sh -c "apt-get -qq install -y /tolvex_*.deb > /dev/null && rm /tolvex_*.deb"'
 }
 
 inside() { LC_ALL=C.UTF-8 unshare --mount --pid --fork chroot "$root" env -i PATH=/usr/sbin:/usr/bin:/sbin:/bin HOME=/root LC_ALL=C.UTF-8 "$@"; }
 
 # issues TOLVEX FOLDER: the demonstration, one more document, and all of them verified.
 issues() {
-    inside "$1" demo --carpeta "$2" > "$root/tmp/demo.txt" && grep -q 'Verified OK' "$root/tmp/demo.txt" &&
+    inside "$1" demo --carpeta "$2" | grep 'Verified OK' > /dev/null &&
         inside "$1" emite "$2/factura.txt" --bd "$2/tolvex.db" 2> /dev/null | grep -q 'A4' &&
         inside "$1" verifica --bd "$2/tolvex.db" | grep -q 'no está bien: 0'
 }
 
-make_debian
+make_bare_debian
 expect "el paquete emite" issues tolvex /demo
 expect "la biblioteca se encuentra" eval 'inside ldconfig -p | grep -q libtolvex.so.1'
 expect "manual, completado, diseños y guiones" inside ls /usr/share/man/es/man1/tolvex.1.gz \
@@ -45,5 +38,5 @@ expect "y no deja nada" [ -z "$(find "$root/usr" "$root/etc" "$root/var/lib" -in
 mkdir "$root/opt/tolvex"
 tar -xzf "$dist"/tolvex-*-linux-*.tar.gz -C "$root/opt/tolvex" --strip-components=1
 expect "lo desempacado emite" issues /opt/tolvex/bin/tolvex /demo2
-rm -rf --one-file-system "$root"
+remove_debian "$root"
 end_of_checks
