@@ -16,6 +16,12 @@ end_of_checks() {
     [ "$failures" = 0 ]
 }
 
+# A user at a screen of the test bed: plays SECONDS SCRIPT [ARGUMENT]…, whose words go to $work/said too.
+plays() {
+    "$runner" --display session "$@" | tee "$work/said"
+    grep -q 'FIN: [1-9][0-9]* comprobaciones, 0 fallas$' "$work/said"
+}
+
 windows_path() { echo "Z:${1//\//\\}"; }
 
 # system_folder 64|32: where the system's programs of that bitness lie.

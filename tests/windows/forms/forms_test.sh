@@ -14,8 +14,7 @@ cd "$work"
 
 session() {
     rm -rf "${work:?}"/*
-    "$runner" --display session 600 "$here/run_forms.sh" "$bits" "$component" "$host" "$work" | tee "$work/said"
-    grep -q 'FIN: [1-9][0-9]* comprobaciones, 0 fallas$' "$work/said"
+    plays 600 "$here/run_forms.sh" "$bits" "$component" "$host" "$work"
 }
 
 # On a machine with much else to do a key may be lost on its way; a fault is there the second time too.

@@ -18,8 +18,7 @@ session() {
     issue_long_invoice "$tolvex" "$work"
     cp "$here/../../../printing/layouts/factura.rdl" "$work/"
     cd "$work"
-    "$runner" --display session 400 "$here/run_viewer.sh" "$bits" "$component" "$host" "$work" | tee "$work/said"
-    grep -q 'FIN: [1-9][0-9]* comprobaciones, 0 fallas$' "$work/said"
+    plays 400 "$here/run_viewer.sh" "$bits" "$component" "$host" "$work"
 }
 
 # On a machine with much else to do a key may be lost on its way; a fault is there the second time too.
