@@ -14,15 +14,11 @@ database=$work/tolvex.db
 
 # --- the stations ------------------------------------------------------------------------------------------------------
 
-flat_file() {
+# The demonstration's invoice, of three lines, again and again.
+sales() {
     local i
-    echo 'EMISOR|1|1'
-    for ((i = 0; i < documents_each; i++)); do
-        printf 'CLIENTE|PEGM800101AB1|María Peña|Niños Héroes|120||Del Valle||Distrito Federal|Benito Juárez|México|03100|'
-        echo '300.00|0.00|48.00|348.00|1|1|2011-03-15 14:05:09|'
-        printf 'DETALLE|1|F|CAF-01|Café de altura, 1 kg|1|KG|100.00|16.00|100.00|16\n%.0s' 1 2 3
-        echo 'EMITE||1'
-    done
+    grep '^EMISOR' "$work/factura.txt"
+    for ((i = 0; i < documents_each; i++)); do sed -n '/^CLIENTE/,/^EMITE/p' "$work/factura.txt"; done
 }
 
 # Every other station has its seals computed in the process: it is killed at other points.
@@ -69,11 +65,10 @@ next_is_issued() { "$tolvex" emite "$work/uno.txt" --json --bd "$database" >> "$
 # Numbers of the documents that a station reported; a line that was cut off is none.
 reported() { sed -nE 's/^.*"nID":([0-9]+),.*"error":""\}$/\1/p' "$work"/reported.* | sort -n; }
 
-# Folios of documents that nobody reported, one way or another unfinished or not.
+# Number and folio of documents that nobody reported, finished or not.
 unreported() {
-    reported > "$work/reported.ids"
     ask 'select nID || " " || cDocumento from FE_VENTAS_RESUMEN where nID>5 order by nID' |
-        awk 'NR == FNR { known[$1]; next } !($1 in known) { print $2 }' "$work/reported.ids" - | sort
+        awk 'NR == FNR { known[$1]; next } !($1 in known)' <(reported) -
 }
 
 # Of a document that nobody reported: does it lack a row, its lines or its file?
@@ -87,14 +82,13 @@ is_unfinished() {
 
 found() { sed -nE 's/^serie A, folio ([^,]*),.*/\1/p' "$work/verified" | sort -u; }
 
-only_unfinished_are_found() { [ -z "$(comm -23 <(found) <(unreported | sort -u))" ]; }
+only_unfinished_are_found() { [ -z "$(comm -23 <(found) <(unreported | cut -d ' ' -f 2 | sort -u))" ]; }
 
 unfinished_are_found() {
     local id folio
     while read -r id folio; do
         ! is_unfinished "$id" || grep -qx "$folio" <(found) || { echo "no se dice: folio $folio (nID $id)" && return 1; }
-    done < <(ask 'select nID || " " || cDocumento from FE_VENTAS_RESUMEN where nID>5' |
-        awk 'NR == FNR { known[$1]; next } !($1 in known)' "$work/reported.ids" -)
+    done < <(unreported)
 }
 
 verify() {
@@ -105,7 +99,7 @@ verify() {
 
 rm -rf "$work"
 "$tolvex" demo --carpeta "$work" > /dev/null
-flat_file > "$work/ventas.txt"
+sales > "$work/ventas.txt"
 cp "$work/factura.txt" "$work/uno.txt"
 "$tolvex" emite "$work/uno.txt" --bd "$database" > /dev/null 2>&1 # 5 documents before anybody is killed
 ask 'update FE_FOLIOS set nHasta=1000000' > /dev/null
