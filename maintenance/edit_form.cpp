@@ -141,13 +141,16 @@ std::function<Value(const FormView&)> constant(const Value& value)
 }
 
 void EditForm::load(FormView& view)
-{
+try {
     const EditPattern form = pattern();
     view.set_caption(key_.is_new() ? form.new_caption : form.modify_caption);
     view.set_visible(u"lblNuevo", key_.is_new());
     if (form.belongs_to_company) show_company(view);
     load_lists(view);
     if (!key_.is_new()) show_record(view, form);
+} catch (...) {
+    view.close(); // what was not read whole would be saved over what is stored, or as another record
+    throw;
 }
 
 void EditForm::show_company(FormView& view)

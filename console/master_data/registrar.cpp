@@ -59,6 +59,7 @@ Registrar::~Registrar()
 
 void Registrar::fill(FormInMemory& form, const std::vector<KeyOfControl>& controls, const Entry& entry)
 {
+    require_open(form);
     for (const auto& [key, control] : controls) {
         if (!entry.has(key)) continue;
         const Text& value = entry.required(key);
@@ -73,6 +74,12 @@ void Registrar::fill(FormInMemory& form, const std::vector<KeyOfControl>& contro
             form.type(control, value);
         }
     }
+}
+
+// A form that could not read its record has said why and closed.
+void Registrar::require_open(const FormInMemory& form)
+{
+    if (!form.is_open()) throw invalid_call(join(std::exchange(complaints_, {}), u"; "));
 }
 
 // A form that saved is closed. What it said on the way is told either way.
@@ -113,6 +120,7 @@ std::int16_t Registrar::save_folio_range(std::int16_t company, const Entry& entr
     const std::int16_t number = number_of(entry, find());
     FrmCatSerieyFolios behaviour(session_, {company, number}, nullptr);
     FormInMemory form(behaviour);
+    require_open(form);
     if (number == 0 && !entry.has("sucursal")) form.pick(u"CboSucursal", u"0");
     fill(form, folio_controls(), entry);
     save(form, u"Command1");
@@ -155,6 +163,7 @@ Text Registrar::number_of_certificate(std::int16_t company, const CertificateFil
 
 void Registrar::choose_certificate(FormInMemory& form, const CertificateFiles& files)
 {
+    require_open(form);
     toolkit_.next_folder = files.seal_folder;
     form.click(u"Command1");
     toolkit_.next_file = files.certificate;

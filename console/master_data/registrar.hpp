@@ -32,6 +32,7 @@ public:
 
 private:
     void fill(FormInMemory& form, const std::vector<KeyOfControl>& controls, const Entry& entry);
+    void require_open(const FormInMemory& form);
     void save(FormInMemory& form, TextView save_button);
     Text number_of_certificate(std::int16_t company, const CertificateFiles& files);
     void choose_certificate(FormInMemory& form, const CertificateFiles& files);

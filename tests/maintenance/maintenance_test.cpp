@@ -230,9 +230,13 @@ TEST_F(Maintenance, a_record_that_is_gone_or_a_lost_connection_is_told_and_nobod
     other.open();
     other.execute(u"Insert Into FE_EMPRESAS(nEmpresa) Values(1)");
 
+    show_companies();
     messages.clear();
     ConfigFE().CierraConexion();
-    edit(u"FrmMuestraEmpresas", u"FrmCatEmpresas", [](FormInMemory&) {});
+    edit(
+        u"FrmMuestraEmpresas", u"FrmCatEmpresas",
+        [](FormInMemory& form) { EXPECT_FALSE(form.is_open()); }, // saved, it would be another record
+        u"1");
     ASSERT_FALSE(messages.empty());
     EXPECT_EQ(messages.back().title, u"Seguridad");
     EXPECT_TRUE(messages.back().text.starts_with(u"      Un error ha Ocurrido - "));
