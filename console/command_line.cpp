@@ -304,8 +304,7 @@ int run_command_line(std::vector<std::string> words, const std::vector<std::uniq
         terminal::print(stderr, with_hint(error.what()));
         return wrong_usage;
     } catch (const std::exception& error) {
-        say_error(error.what());
-        return 1;
+        return fail(error);
     }
     return all_written_out() ? result : 1;
 }

@@ -1,9 +1,10 @@
 // The command-line program: the same operations as the classes, one command each.
 #include "console/command_line.hpp"
+#include "console/output.hpp"
 #include "platform/terminal.hpp"
 
 int main(int argc, char** argv)
-{
+try {
     using namespace tolvex::console;
     std::vector<std::unique_ptr<Command>> commands;
     commands.push_back(demo_command());
@@ -24,4 +25,6 @@ int main(int argc, char** argv)
     commands.push_back(imprime_command());
     commands.push_back(revisa_reporte_command());
     return run_command_line(tolvex::terminal::take(argc, argv), commands);
+} catch (const std::exception& error) {
+    return tolvex::console::fail(error);
 }

@@ -1,5 +1,6 @@
 #include "console/output.hpp"
 
+#include "core/errors.hpp"
 #include "platform/terminal.hpp"
 
 namespace tolvex::console {
@@ -22,6 +23,8 @@ int fail(const Text& reason)
     say_error(to_utf8(reason));
     return 1;
 }
+
+int fail(const std::exception& error) { return fail(words_of(error)); }
 
 bool is_heard() { return std::ferror(stdout) == 0; }
 

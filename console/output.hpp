@@ -3,6 +3,7 @@
 
 #include "tolvex/types.hpp"
 
+#include <exception>
 #include <string>
 
 namespace tolvex::console {
@@ -18,6 +19,7 @@ void say_warning(const Text& warning) noexcept;
 
 // Says why a command failed and gives its exit code.
 int fail(const Text& reason);
+int fail(const std::exception& error);
 
 // Whether somebody still takes what is printed.
 bool is_heard();

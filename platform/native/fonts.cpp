@@ -29,6 +29,7 @@ std::string text_property(FcPattern* pattern, const char* property, int number =
 Pattern wanted(const Font& font)
 {
     Pattern pattern(FcPatternCreate());
+    if (!pattern) throw std::bad_alloc();
     const std::string family = to_utf8(font.family);
     FcPatternAddString(pattern.get(), FC_FAMILY, reinterpret_cast<const FcChar8*>(family.c_str()));
     FcPatternAddInteger(pattern.get(), FC_WEIGHT, font.bold ? FC_WEIGHT_BOLD : FC_WEIGHT_REGULAR);

@@ -161,7 +161,7 @@ void call(sqlite3_context* context, int count, sqlite3_value** values)
         const Value result = arguments[0].is_null() ? Value() : function->body(arguments);
         result.visit(Answer{context});
     } catch (const std::exception& error) {
-        sqlite3_result_error(context, error.what(), -1);
+        sqlite3_result_error(context, to_utf8(words_of(error)).c_str(), -1);
     }
 }
 
