@@ -61,8 +61,8 @@ dist: all windows
 	dist/make.sh
 
 faults: all
-	cmake --build build --target faulty_system
-	trials/faults.sh build/tolvex build/faulty_system.so build/faults
+	cmake --build build --target faulty_system file_server
+	trials/faults.sh build/tolvex build/faulty_system.so build/file_server.so build/faults
 
 kills: all
 	trials/kills.sh build/tolvex build/kills 1000
