@@ -1,8 +1,8 @@
 // Nothing is left behind: objects, calls and errors, ten thousand times; and the component's own counts.
 #include "client.hpp"
+#include "held.hpp"
 
 #include <gtest/gtest.h>
-#include <psapi.h>
 
 namespace {
 
@@ -20,13 +20,6 @@ long long heap_bytes()
             if (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) bytes += entry.cbData;
     }
     return bytes;
-}
-
-long long handles()
-{
-    DWORD count = 0;
-    GetProcessHandleCount(GetCurrentProcess(), &count);
-    return count;
 }
 
 void one_round()
@@ -93,9 +86,9 @@ TEST(Lifetime, leaves_no_handle_and_no_byte)
 {
     const Apartment apartment;
     for (int i = 0; i < warm_up; ++i) one_round();
-    const long long bytes_before = heap_bytes(), handles_before = handles();
+    const long long bytes_before = heap_bytes(), handles_before = held::handles();
     for (int i = 0; i < rounds; ++i) one_round();
-    const long long bytes = heap_bytes() - bytes_before, grown_handles = handles() - handles_before;
+    const long long bytes = heap_bytes() - bytes_before, grown_handles = held::handles() - handles_before;
     std::printf("crecen %lld bytes y %lld handles en %d vueltas\n", bytes, grown_handles, rounds);
     EXPECT_LT(bytes, rounds); // less than a byte a round: nothing is lost each time
     EXPECT_LE(grown_handles, 0);
