@@ -18,8 +18,6 @@ constexpr IID dom_document_interface = {
 IXMLDOMElement* element(XmlNode* node) { return reinterpret_cast<IXMLDOMElement*>(node); }
 XmlNode* node(IXMLDOMElement* element) { return reinterpret_cast<XmlNode*>(element); }
 
-constexpr char16_t instruction_target[] = u"xml", instruction_data[] = u"version='1.0' encoding='UTF-8'";
-
 // Whatever was written to a stream in memory.
 std::string content_of(IStream& stream)
 {
@@ -33,14 +31,14 @@ std::string content_of(IStream& stream)
     return content;
 }
 
-// The versions of MSXML differ in the quotes of the instruction and in the line ends around the root element.
+// MSXML is not given the instruction: its versions save it with different quotes and line ends, and Wine's
+// never frees a document that was saved with one. The encoding is UTF-8 without it too.
 std::string with_our_prolog(const std::string& saved)
 {
-    const auto root = saved.find('<', saved.find("?>"));
+    const auto root = saved.find('<');
     const auto end = saved.rfind('>');
     if (root == std::string::npos) throw xml_error(u"MSXML guardó un documento vacío");
-    return "<?" + to_utf8(instruction_target) + " " + to_utf8(instruction_data) + "?>\n" +
-           saved.substr(root, end + 1 - root) + "\n";
+    return "<?xml version='1.0' encoding='UTF-8'?>\n" + saved.substr(root, end + 1 - root) + "\n";
 }
 
 } // namespace
@@ -86,12 +84,6 @@ XmlDocument::XmlDocument() : native_(std::make_unique<Native>())
                            reinterpret_cast<void**>(document.GetAddressOf())),
           u"Msxml2.DOMDocument");
     check(document->put_resolveExternals(VARIANT_TRUE), u"XML resolveExternals");
-    ComPtr<IXMLDOMProcessingInstruction> instruction;
-    check(document->createProcessingInstruction(Variant(instruction_target).bstrVal,
-                                                Variant(instruction_data).bstrVal,
-                                                instruction.GetAddressOf()),
-          u"XML createProcessingInstruction");
-    check(document->appendChild(instruction.Get(), nullptr), u"XML appendChild");
 }
 
 XmlDocument::~XmlDocument() = default;
