@@ -1,16 +1,13 @@
 // Whatever a host does to a maintenance window (destroys it, quits, lets go of the component, ends the
 // thread), the process goes on and the window can be opened again. A timer plays the user, in any loop.
 #include "../client.hpp"
+#include "played_user.hpp"
 
-#include <commctrl.h>
-#include <functional>
 #include <gtest/gtest.h>
 
 namespace {
 
-constexpr const wchar_t *picker_title = L"Maestro de Empresas", *form_title = L"Alta de Empresas";
-
-HWND find(const wchar_t* title) { return FindWindowW(nullptr, title); }
+using namespace played_user;
 
 int count_open(const wchar_t* title)
 {
@@ -20,8 +17,6 @@ int count_open(const wchar_t* title)
     return open;
 }
 
-bool nothing_is_open() { return !find(picker_title) && !find(form_title); }
-
 void open_picker()
 {
     const auto maintenance = create<TOLVEX::_Maestros>(L"TOLVEX.Maestros");
@@ -30,61 +25,13 @@ void open_picker()
     EXPECT_EQ(count_open(picker_title), 1);
 }
 
-// What the user does once a window of that title is there.
-struct Step
-{
-    const wchar_t* title;
-    std::function<void(HWND)> act;
-};
-
-std::vector<Step> steps;
-std::size_t next_step = 0;
-
-void CALLBACK take_step(HWND, UINT, UINT_PTR, DWORD)
-{
-    if (next_step == steps.size()) return;
-    const Step& step = steps[next_step];
-    const HWND window = find(step.title);
-    if (!window || !IsWindowVisible(window)) return;
-    ++next_step;
-    step.act(window);
-}
-
-// Pumps until the steps are taken and every window is closed, ten seconds at most. Whether the host was asked
-// to quit before.
+// Whether the host was asked to quit before every window was closed.
 bool pump(std::vector<Step> wanted)
 {
-    steps = std::move(wanted);
-    next_step = 0;
-    const UINT_PTR timer = SetTimer(nullptr, 0, 50, take_step);
-    const ULONGLONG start = GetTickCount64();
-    bool quits = false;
-    MSG message;
-    while (!quits && (next_step < steps.size() || !nothing_is_open()) && GetTickCount64() - start < 10'000) {
-        quits = GetMessageW(&message, nullptr, 0, 0) == 0;
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
-    }
-    KillTimer(nullptr, timer);
-    EXPECT_EQ(next_step, steps.size());
+    const auto [all_taken, quits] = play(std::move(wanted));
+    EXPECT_TRUE(all_taken);
     EXPECT_TRUE(quits || nothing_is_open());
     return quits;
-}
-
-HWND tools_of(HWND picker) { return FindWindowExW(picker, nullptr, TOOLBARCLASSNAMEW, nullptr); }
-
-void press_new(HWND picker)
-{
-    const LPARAM inside = MAKELPARAM(10, 10);
-    PostMessageW(tools_of(picker), WM_LBUTTONDOWN, MK_LBUTTON, inside);
-    PostMessageW(tools_of(picker), WM_LBUTTONUP, 0, inside);
-}
-
-const Step presses_new{picker_title, press_new};
-
-Step closes(const wchar_t* title)
-{
-    return {title, [](HWND window) { PostMessageW(window, WM_CLOSE, 0, 0); }};
 }
 
 TEST(HostActions, opening_again_makes_an_older_window_go)
