@@ -8,8 +8,9 @@
 # make faults       issues a document with each of its calls to the system going wrong, and looks at what is left
 # make kills        kills stations in the middle of issuing, a thousand times, and looks at what is left
 # make soak         20,000 documents, 10,000 certificates, 1,000 PDF files and forms in one process: memory stays flat
+# make soak-windows the same from a Windows host, with 2,000 documents; PERCENT=5 with either is a twentieth of them
 # make bench        measures how fast documents are issued, printed and verified; make bench-windows the same from Windows hosts
-.PHONY: all demo test test-native sanitized check format windows dist faults kills soak bench bench-windows clean
+.PHONY: all demo test test-native sanitized check format windows dist faults kills soak soak-windows bench bench-windows clean
 
 windows_bitnesses := x86_64 i686
 run_tests := ctest --output-on-failure --parallel 2 --test-dir
@@ -69,9 +70,13 @@ kills: all
 
 soak: all
 	cmake --build build --target soak
-	rm -rf build/soak_shop
-	build/tolvex demo --carpeta build/soak_shop > /dev/null
-	build/soak $(CURDIR)/build/soak_shop
+	trials/soak.sh build/tolvex build/soak build/soak_shop $(PERCENT)
+
+soak-windows: all windows
+	setup/testbed.sh
+	for bits in $(windows_bitnesses); do cmake --build build/windows/$$bits --target soak || exit 1; done
+	trials/windows/soak.sh 64 x86_64 $(PERCENT)
+	trials/windows/soak.sh 32 i686 $(PERCENT)
 
 bench:
 	setup/native.sh
