@@ -74,9 +74,8 @@ soak: all
 
 soak-windows: all windows
 	setup/testbed.sh
-	for bits in $(windows_bitnesses); do cmake --build build/windows/$$bits --target soak || exit 1; done
-	trials/windows/soak.sh 64 x86_64 $(PERCENT)
-	trials/windows/soak.sh 32 i686 $(PERCENT)
+	trials/windows/soak.sh 64 build/tolvex build/windows/x86_64 $(PERCENT)
+	trials/windows/soak.sh 32 build/tolvex build/windows/i686 $(PERCENT)
 
 bench:
 	setup/native.sh
