@@ -6,10 +6,14 @@
 #include "core/text.hpp"
 
 #include <algorithm>
+#include <limits>
 
 namespace tolvex {
 
 namespace {
+
+// Of the largest number that there is.
+constexpr int most_integer_digits = std::numeric_limits<double>::max_exponent10 + 1;
 
 // A display pattern taken apart.
 struct Pattern
@@ -74,7 +78,8 @@ Text format(Currency amount, TextView pattern) { return format(decimal_of(amount
 Text format(TextView text, TextView pattern)
 {
     try {
-        return format(decimal_of(text), pattern);
+        const Decimal number = decimal_of(text);
+        return number.point > most_integer_digits ? Text(text) : format(number, pattern);
     } catch (const Error&) {
         return Text(text);
     }

@@ -10,7 +10,8 @@ namespace tolvex {
 // literal and stands for itself.
 Text format(double number, TextView pattern);
 Text format(Currency amount, TextView pattern);
-// The same for a text that holds a number; any other text comes back unchanged.
+// The same for a text that holds a number; any other text, and a number that no double holds, comes back
+// unchanged.
 Text format(TextView text, TextView pattern);
 // Date by a pattern of yyyy, mm, dd, hh (24 hours), mm after hh (minutes), ss, any letter case, and literals.
 Text format(Date date, TextView pattern);

@@ -36,6 +36,8 @@ TEST(Format, a_text_that_is_no_number_stays_as_it_is)
     const auto formatted = [](const Text& text) { return format(text, u"########0.00"); };
     expect_all<Text, Text>(formatted,
                            {{u" 2.675 ", u"2.68"}, {u"1,370.5", u"1370.50"}, {u"abc", u"abc"}, {u"", u""}});
+    expect_all<Text, Text>(formatted,
+                           {{u"1e99999", u"1e99999"}, {u"-1e309", u"-1e309"}, {u"1e-99999", u"0.00"}});
 }
 
 TEST(Format, shows_dates_as_people_and_documents_write_them)
