@@ -51,11 +51,15 @@ void require_convertible(const VARIANT& value, const wchar_t* parameter)
     if (is_not_finite(value)) throw failed_conversion(DISP_E_OVERFLOW, parameter);
 }
 
-// The value itself for an argument that points to the host's variable.
+bool leads_nowhere(const VARIANT& value) { return V_ISBYREF(&value) && !value.byref; }
+
+// The value itself for an argument that points to the host's variable. The operating system follows a second
+// reference too, wherever it leads.
 Variant without_reference(const VARIANT& argument, const wchar_t* parameter)
 {
     Variant value;
-    const HRESULT outcome = argument.byref ? VariantCopyInd(&value, source(argument)) : DISP_E_TYPEMISMATCH;
+    const bool nowhere = leads_nowhere(argument) || leads_nowhere(referred(argument));
+    const HRESULT outcome = nowhere ? DISP_E_TYPEMISMATCH : VariantCopyInd(&value, source(argument));
     if (FAILED(outcome)) throw failed_conversion(outcome, parameter);
     return value;
 }

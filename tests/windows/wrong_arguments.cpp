@@ -25,6 +25,7 @@ std::vector<WrongArgument> wrong_arguments()
     static SAFEARRAY* bytes = SafeArrayCreateVector(VT_UI1, 0, 4);
     static const Variant words(L"abc");
     static VARIANT loop = reference(VT_VARIANT, &loop);
+    static VARIANT nowhere = reference(VT_I2, nullptr), to_nowhere = reference(VT_VARIANT, &nowhere);
     return {
         {"Null", of_type(VT_NULL, nullptr), 94},
         {"arreglo", of_type(VT_ARRAY | VT_UI1, bytes), 13},
@@ -42,6 +43,7 @@ std::vector<WrongArgument> wrong_arguments()
         {"decimal nulo por referencia", reference(VT_DECIMAL, nullptr), 13},
         {"variante nula", reference(VT_VARIANT, nullptr), 13},
         {"variante que se contiene", loop, 13},
+        {"entero nulo detrás de dos variantes", reference(VT_VARIANT, &to_nowhere), 13},
         {"texto que no es número", words, 13, false},
         {"número enorme", Variant(1e300), 6, false, false},
         {"infinito", Variant(std::numeric_limits<double>::infinity()), 6},
