@@ -24,7 +24,7 @@ public:
     int run(const Place& place) override
     {
         const Text file = files::absolute_path(to_text(file_));
-        const std::vector<CompanyEntry> companies = read_entries(file);
+        const std::vector<CompanyEntry> companies = entries_in(files::read(file));
         connect_or_create(place);
         register_companies(companies, file);
         return 0;

@@ -174,7 +174,7 @@ void Demo::register_master_data()
     const Text file = path(u"maestros.toml");
     {
         const GivenAnswers answers(to_utf8(key_password) + "\n");
-        register_companies(read_entries(file), file);
+        register_companies(entries_in(files::read(file)), file);
     }
     find_numbers();
     store_sample_addenda(shared_connection(session()));

@@ -3,7 +3,6 @@
 #include "console/master_data/keys.hpp"
 #include "core/errors.hpp"
 #include "core/numbers.hpp"
-#include "platform/files.hpp"
 
 #include <algorithm>
 #include <toml++/toml.h>
@@ -74,10 +73,10 @@ CompanyEntry read_company(const toml::table& table)
             read_entries_of(table, "folios", folio_keys())};
 }
 
-toml::table parse(const Text& path)
+toml::table parse(std::string_view toml)
 {
     try {
-        return toml::parse(files::read(path));
+        return toml::parse(toml);
     } catch (const toml::parse_error& error) {
         throw wrong_at(error.source().begin.line, u"no es TOML: " + to_text(error.description()));
     }
@@ -92,9 +91,9 @@ const Text& Entry::required(const std::string& key) const
     return found->second;
 }
 
-std::vector<CompanyEntry> read_entries(const Text& path)
+std::vector<CompanyEntry> entries_in(std::string_view toml)
 {
-    const toml::table file = parse(path);
+    const toml::table file = parse(toml);
     refuse_unknown_tables(file, {"empresa"});
     std::vector<CompanyEntry> companies;
     const auto* tables = file["empresa"].as_array();

@@ -6,6 +6,7 @@
 
 #include <map>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tolvex::console {
@@ -27,8 +28,8 @@ struct CompanyEntry
     std::vector<Entry> certificates, branches, folio_ranges;
 };
 
-// Throws Error 5 with line and reason for what is no TOML, an unknown key, or a value of another kind; 53, 57
-// or 75 when the file cannot be read.
-std::vector<CompanyEntry> read_entries(const Text& path);
+// Those of a file's whole text. Throws Error 5 with line and reason for what is no TOML, an unknown key, or a
+// value of another kind.
+std::vector<CompanyEntry> entries_in(std::string_view toml);
 
 } // namespace tolvex::console
