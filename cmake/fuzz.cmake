@@ -1,11 +1,24 @@
-# Fuzzers, for clang: cmake --preset fuzz && cmake --build build/fuzz, then for instance
-# build/fuzz/flat_file_fuzz -max_total_time=60 FOLDER_WITH_FLAT_FILES
-foreach(target IN ITEMS conversion_fuzz expression_fuzz flat_file_fuzz font_fuzz layout_fuzz picture_fuzz report_fuzz
-                       rewriter_fuzz seal_text_fuzz)
-    add_executable(${target} tests/fuzz/${target}.cpp)
-    target_include_directories(${target} PRIVATE tests)
-    target_link_libraries(${target} PRIVATE tolvex_rooms)
-    target_link_options(${target} PRIVATE -fsanitize=fuzzer)
-    set_target_properties(${target} PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
-endforeach()
-target_sources(report_fuzz PRIVATE tests/support/schema_change.cpp)
+# The targets of trials/fuzz/. With clang's libFuzzer (cmake --preset fuzz) they make inputs by chance; in the other
+# builds the same targets replay their seeds, as tests.
+set(fuzz_folder ${PROJECT_SOURCE_DIR}/trials/fuzz)
+
+# NAME SOURCE…: the program NAME_fuzz.
+function(add_fuzz_program name)
+    add_executable(${name}_fuzz ${fuzz_folder}/${name}.cpp ${ARGN})
+    target_include_directories(${name}_fuzz PRIVATE ${PROJECT_SOURCE_DIR}/tests)
+    target_link_libraries(${name}_fuzz PRIVATE tolvex_rooms)
+    set_target_properties(${name}_fuzz PROPERTIES RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR}/fuzz)
+    if(TOLVEX_FUZZ)
+        target_link_options(${name}_fuzz PRIVATE -fsanitize=fuzzer)
+    else()
+        target_sources(${name}_fuzz PRIVATE ${fuzz_folder}/replay.cpp)
+    endif()
+endfunction()
+
+# The same in the native edition.
+function(add_fuzz_target name)
+    add_fuzz_program(${name} ${ARGN})
+    if(TOLVEX_TESTS)
+        add_test(NAME fuzz.${name}.seeds COMMAND ${name}_fuzz ${fuzz_folder}/seeds/${name})
+    endif()
+endfunction()

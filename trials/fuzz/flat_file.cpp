@@ -1,6 +1,7 @@
 // Any bytes may be handed over as a flat file: the result is messages with their lines, never harm. Without a
 // database every record but EMISOR and EMITE goes its whole way.
 #include "flat_file/flat_file.hpp"
+#include "core/errors.hpp"
 
 #include <cstdlib>
 

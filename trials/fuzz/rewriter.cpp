@@ -1,6 +1,6 @@
 // Any text may reach the rewriter: it must end, without harm, on each.
-#include "core/text.hpp"
 #include "database/embedded/tsql/rewriter.hpp"
+#include "core/text.hpp"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {

@@ -1,7 +1,7 @@
 // Any text may stand in a layout as an expression, and as a format: it gives a value or an Error, never harm.
+#include "printing/expressions/expression.hpp"
 #include "core/errors.hpp"
 #include "printing/expressions/culture.hpp"
-#include "printing/expressions/expression.hpp"
 
 #include <cstdlib>
 
