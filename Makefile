@@ -5,12 +5,13 @@
 # make windows      builds TOLVEX.dll for 64 and 32 bits into build/windows
 # make dist         makes what a customer installs, into build/dist: for Windows an installer and a zip, for Linux a
 #                   Debian package and a tar file
-# make faults       issues a document with each of its calls to the system going wrong, and looks at what is left
+# make faults       does every operation with each of its calls going wrong in turn, and looks at what is left
 # make kills        kills stations in the middle of issuing, a thousand times, and looks at what is left
 # make soak         20,000 documents, 10,000 certificates, 1,000 PDF files and forms in one process: memory stays flat
 # make soak-windows the same from a Windows host, with 2,000 documents; PERCENT=5 with either is a twentieth of them
+# make fuzz         inputs made by chance for what reads other people's texts and bytes, SECONDS_EACH (60) a target
 # make bench        measures how fast documents are issued, printed and verified; make bench-windows the same from Windows hosts
-.PHONY: all demo test test-native sanitized check format windows dist faults kills soak soak-windows bench bench-windows clean
+.PHONY: all demo test test-native sanitized check format windows dist faults kills soak soak-windows fuzz bench bench-windows clean
 
 windows_bitnesses := x86_64 i686
 run_tests := ctest --output-on-failure --parallel 2 --test-dir
@@ -76,6 +77,16 @@ soak-windows: all windows
 	setup/testbed.sh
 	trials/windows/soak.sh 64 build/tolvex build/windows/x86_64 $(PERCENT)
 	trials/windows/soak.sh 32 build/tolvex build/windows/i686 $(PERCENT)
+
+# The conversion of arguments takes part where the test bed has been set up.
+fuzz: SECONDS_EACH ?= 60
+fuzz:
+	setup/native.sh
+	setup/fuzz.sh
+	cmake --preset fuzz
+	cmake --build build/fuzz
+	[ ! -e build/testbed ] || $(MAKE) windows
+	trials/fuzz.sh build/fuzz $(SECONDS_EACH)
 
 bench:
 	setup/native.sh
