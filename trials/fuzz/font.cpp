@@ -30,7 +30,7 @@ void embed(const FontPart& part)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
     try {
-        const TrueTypeFont font({reinterpret_cast<const char*>(bytes), size});
+        const TrueTypeFont font(std::string(reinterpret_cast<const char*>(bytes), size));
         embed(font.part(western_characters()));
     } catch (const tolvex::Error& error) {
         if (error.number() != 5) std::abort();
