@@ -42,11 +42,19 @@ bool is_not_finite(const VARIANT& value)
            (value.vt == VT_R4 && !std::isfinite(value.fltVal));
 }
 
+// Its conversion to a text would write beyond its end.
+bool is_no_decimal(const VARIANT& value)
+{
+    constexpr BYTE most_decimals = 28;
+    return value.vt == VT_DECIMAL &&
+           (value.decVal.scale > most_decimals || (value.decVal.sign & ~DECIMAL_NEG) != 0);
+}
+
 // What the conversions of the operating system answer wrongly or not at all.
 void require_convertible(const VARIANT& value, const wchar_t* parameter)
 {
     if (value.vt == VT_NULL) throw failed(invalid_use_of_null(), parameter);
-    if (is_structured(value)) throw failed_conversion(DISP_E_TYPEMISMATCH, parameter);
+    if (is_structured(value) || is_no_decimal(value)) throw failed_conversion(DISP_E_TYPEMISMATCH, parameter);
     if (is_object(value) && !value.punkVal) throw failed(object_not_set(), parameter);
     if (is_not_finite(value)) throw failed_conversion(DISP_E_OVERFLOW, parameter);
 }

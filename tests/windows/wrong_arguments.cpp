@@ -17,6 +17,14 @@ struct WrongArgument
     bool for_boolean = true; // and for a Boolean, or a variant that is read as one
 };
 
+VARIANT decimal_with_too_many_places()
+{
+    VARIANT made = of_type(VT_DECIMAL, nullptr);
+    made.decVal.Lo64 = 1;
+    made.decVal.scale = 253;
+    return made;
+}
+
 std::vector<WrongArgument> wrong_arguments()
 {
     static const auto object = create<IDispatch>(L"TOLVEX.Addenda"); // has no default value
@@ -41,6 +49,7 @@ std::vector<WrongArgument> wrong_arguments()
         {"texto nulo por referencia", reference(VT_BSTR, nullptr), 13},
         {"entero nulo por referencia", reference(VT_I2, nullptr), 13},
         {"decimal nulo por referencia", reference(VT_DECIMAL, nullptr), 13},
+        {"decimal con demasiadas posiciones", decimal_with_too_many_places(), 13},
         {"variante nula", reference(VT_VARIANT, nullptr), 13},
         {"variante que se contiene", loop, 13},
         {"entero nulo detrás de dos variantes", reference(VT_VARIANT, &to_nowhere), 13},
