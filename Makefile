@@ -11,7 +11,7 @@
 # make soak-windows the same from a Windows host, with 2,000 documents; PERCENT=5 with either is a twentieth of them
 # make fuzz         inputs made by chance for what reads other people's texts and bytes, SECONDS_EACH (60) a target
 # make bench        measures how fast documents are issued, printed and verified; make bench-windows the same from Windows hosts
-.PHONY: all demo test test-native sanitized check format windows dist faults kills soak soak-windows fuzz bench bench-windows clean
+.PHONY: all demo test test-native sanitized check format windows dist trials faults kills soak soak-windows fuzz bench bench-windows clean
 
 windows_bitnesses := x86_64 i686
 run_tests := ctest --output-on-failure --parallel 2 --test-dir
@@ -38,6 +38,7 @@ test: sanitized
 	-setup/testbed.sh
 	-$(MAKE) windows
 	-$(MAKE) dist
+	-$(MAKE) trials
 	mkdir -p build/all_tests
 	cp cmake/all_tests.cmake build/all_tests/CTestTestfile.cmake
 	$(run_tests) build/all_tests
@@ -62,15 +63,17 @@ windows:
 dist: all windows
 	dist/make.sh
 
-faults: all
-	cmake --build build --target faulty_system file_server
+# What the long trials need besides the program.
+trials: all
+	cmake --build build --target faulty_system file_server soak
+
+faults: trials
 	trials/faults.sh build/tolvex build/faulty_system.so build/file_server.so build/faults
 
 kills: all
 	trials/kills.sh build/tolvex build/kills 1000
 
-soak: all
-	cmake --build build --target soak
+soak: trials
 	trials/soak.sh build/tolvex build/soak build/soak_shop $(PERCENT)
 
 soak-windows: all windows
