@@ -25,6 +25,7 @@ public:
 private:
     void wait_at_server();
     std::unique_ptr<FileTurn> wait_at_file(const Text& path);
+    std::unique_ptr<FileTurn> wait_for(const Text& path, int between_tries);
     std::int64_t time_left() const;
 
     Connection& connection_;

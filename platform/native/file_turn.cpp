@@ -14,7 +14,8 @@ namespace tolvex {
 
 namespace {
 
-// The lock belongs to the open file and ends with it, whoever ends the process.
+// The lock belongs to the open file and ends with it, whoever ends the process. Programs that it started
+// inherit it: an openssl that outlives a killed station still writes into its folder.
 class LockedFile : public FileTurn
 {
 public:
@@ -35,7 +36,7 @@ private:
     // Others may have to lock the file too, under another user.
     static int open_file(const std::string& path)
     {
-        const int flags = O_CREAT | O_CLOEXEC | O_NOFOLLOW;
+        const int flags = O_CREAT | O_NOFOLLOW;
         int descriptor = open(path.c_str(), O_RDWR | flags, 0666);
         if (descriptor < 0 && errno == EACCES) descriptor = open(path.c_str(), O_RDONLY | flags, 0666);
         if (descriptor < 0) throw path_error(to_text(path), reason_of(errno));

@@ -2,11 +2,16 @@
 #include "core/errors.hpp"
 #include "core/text.hpp"
 #include "issuing/turn.hpp"
+#include "platform/clock.hpp"
 #include "support/station.hpp"
 #include "support/watched_disk.hpp"
 
+#include <atomic>
 #include <csignal>
 #include <sys/resource.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
 
 namespace tolvex::testing {
 namespace {
@@ -378,6 +383,56 @@ TEST_F(Issuing, one_waits_for_another_at_the_database_and_at_the_folder)
     }
     EXPECT_FALSE(Turn(other, folder_text(), moment).waited_in_vain());
     EXPECT_FALSE(exists("turno.tmp") || exists("tolvex.db-turno"));
+}
+
+TEST_F(Issuing, who_waits_is_next_however_often_another_comes_back)
+{
+    Connection other;
+    other.connection_string = shared_connection(session()).connection_string;
+    other.open();
+    std::atomic<int> turns = 0;
+    std::atomic<bool> enough = false;
+    std::thread busy([&] {
+        while (!enough) {
+            const Turn turn(other, folder_text());
+            ++turns;
+            std::this_thread::sleep_for(std::chrono::milliseconds(1));
+        }
+    });
+    while (turns < 3) std::this_thread::yield();
+    const int before = turns;
+    EXPECT_FALSE(Turn(shared_connection(session()), folder_text()).waited_in_vain());
+    EXPECT_LE(turns - before, 4); // at each of the two files the one under way, and one that was faster
+    enough = true;
+    busy.join();
+}
+
+// As a station that is killed while openssl runs for it.
+TEST_F(Issuing, a_program_that_outlives_its_station_keeps_the_turn)
+{
+    const Text path = folder_text() + u"\\turno.tmp";
+    int pipe_to_program[2];
+    ASSERT_EQ(pipe(pipe_to_program), 0);
+    const pid_t station = fork();
+    if (station == 0) {
+        const auto turn = FileTurn::take(path);
+        if (fork() == 0) {
+            dup2(pipe_to_program[0], STDIN_FILENO);
+            close(pipe_to_program[1]);
+            execlp("cat", "cat", nullptr); // until its input ends
+        }
+        kill(getpid(), SIGKILL);
+    }
+    waitpid(station, nullptr, 0);
+    EXPECT_EQ(FileTurn::take(path), nullptr);
+    close(pipe_to_program[0]);
+    close(pipe_to_program[1]);
+    std::unique_ptr<FileTurn> ours;
+    for (int tries = 0; !ours && tries < 1000; ++tries) {
+        tolvex::pause(5);
+        ours = FileTurn::take(path);
+    }
+    EXPECT_NE(ours, nullptr);
 }
 
 TEST_F(Issuing, a_work_file_that_cannot_be_removed_does_not_undo_the_document)
