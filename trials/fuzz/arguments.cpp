@@ -24,13 +24,28 @@ void require(bool holds)
 
 constexpr char16_t given_back[] = u"devuelto";
 
+bool is_documented(int number)
+{
+    return number == numbers::overflow || number == numbers::type_mismatch ||
+           number == numbers::object_not_set || number == numbers::invalid_use_of_null;
+}
+
+void read_as_boolean(const VARIANT& value)
+{
+    try {
+        as_boolean(value, L"valor");
+    } catch (const Error& error) {
+        require(is_documented(error.number()));
+    }
+}
+
 struct Taker
 {
     Text take(const Text& text, Text& written, std::int16_t, std::int32_t, bool, Currency, Date date,
               const VARIANT& value)
     {
         require(std::isfinite(date.days));
-        as_boolean(value, L"valor");
+        read_as_boolean(value);
         written = given_back;
         return text;
     }
@@ -151,7 +166,7 @@ private:
     VARIANT* of_type(VARTYPE type, int depth)
     {
         VARIANT& variable = all_.emplace_back();
-        recipe_.fill(&variable, sizeof variable);
+        recipe_.fill(&variable, sizeof(DECIMAL)); // what values lie in, in both bitnesses
         variable.vt = type;
         if (type & VT_BYREF)
             refer(variable, static_cast<VARTYPE>(type & ~VT_BYREF), depth);
@@ -236,14 +251,6 @@ struct HostCall
     UINT at_fault = 0;
 };
 
-bool is_documented(const EXCEPINFO& exception)
-{
-    for (const int number :
-         {numbers::overflow, numbers::type_mismatch, numbers::object_not_set, numbers::invalid_use_of_null})
-        if (exception.scode == MAKE_HRESULT(SEVERITY_ERROR, FACILITY_CONTROL, number)) return true;
-    return false;
-}
-
 void require_documented(HRESULT outcome, HostCall& call)
 {
     if (outcome != DISP_E_EXCEPTION) {
@@ -254,7 +261,9 @@ void require_documented(HRESULT outcome, HostCall& call)
     const Text description = text_of(call.exception.bstrDescription);
     SysFreeString(call.exception.bstrSource);
     SysFreeString(call.exception.bstrDescription);
-    require(is_documented(call.exception) && call.at_fault < call.arguments.size());
+    require(HRESULT_FACILITY(call.exception.scode) == FACILITY_CONTROL &&
+            is_documented(HRESULT_CODE(call.exception.scode)));
+    require(call.at_fault < call.arguments.size());
     require(description.find(u"argumento ") != Text::npos);
 }
 
