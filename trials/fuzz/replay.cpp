@@ -17,8 +17,20 @@
 #include <vector>
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size);
+
 #ifdef __SANITIZE_ADDRESS__
-extern "C" void __sanitizer_set_death_callback(void (*leave)());
+// Sanitizers tell of the other signals by themselves, and end the process by this one.
+constexpr int fatal_signals[] = {SIGABRT};
+extern "C" __attribute__((visibility("default"))) const char* __asan_default_options()
+{
+    return "abort_on_error=1";
+}
+extern "C" __attribute__((visibility("default"))) const char* __ubsan_default_options()
+{
+    return "abort_on_error=1";
+}
+#else
+constexpr int fatal_signals[] = {SIGABRT, SIGSEGV, SIGFPE, SIGILL};
 #endif
 
 namespace {
@@ -56,30 +68,14 @@ Wish wish_of(const std::vector<std::string>& arguments)
 Input under_way;
 std::string finding;
 
-void leave_finding()
+extern "C" void leave_finding(int)
 {
     if (std::FILE* const file = std::fopen(finding.c_str(), "wb")) {
         std::fwrite(under_way.data(), 1, under_way.size(), file);
         std::fclose(file);
         std::fprintf(stderr, "finding: %s\n", finding.c_str());
     }
-}
-
-extern "C" void end_with_finding(int)
-{
-    leave_finding();
     std::_Exit(1);
-}
-
-// A sanitizer tells of the other signals by itself, and calls us before it ends the process.
-void expect_findings()
-{
-    std::signal(SIGABRT, end_with_finding);
-#ifdef __SANITIZE_ADDRESS__
-    __sanitizer_set_death_callback(leave_finding);
-#else
-    for (const int signal : {SIGSEGV, SIGFPE, SIGILL}) std::signal(signal, end_with_finding);
-#endif
 }
 
 // An exception that gets out of a target ends it too.
@@ -182,7 +178,7 @@ int main(int count, char** arguments)
 try {
     const Wish wish = wish_of({arguments + 1, arguments + count});
     finding = std::string(arguments[0]) + ".finding";
-    expect_findings();
+    for (const int signal : fatal_signals) std::signal(signal, leave_finding);
     const std::vector<Input> seeds = read_seeds(wish.places);
     const auto start = Clock::now();
     for (const Input& seed : seeds) run(seed);
