@@ -7,8 +7,6 @@
 #include "support/temporary_folder.hpp"
 
 #include <cstdlib>
-#include <filesystem>
-#include <unistd.h>
 
 namespace {
 
@@ -66,13 +64,11 @@ void run_on_few_rows(Layout& layout)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
     static FewRows rows;
-    static const std::string path =
-        (std::filesystem::temp_directory_path() / ("report_fuzz." + std::to_string(getpid()) + ".pdf"))
-            .string();
+    static const TemporaryFolder folder;
     try {
         Layout layout = parse_layout({reinterpret_cast<const char*>(bytes), size});
         run_on_few_rows(layout);
-        pages::PdfFile file(to_text(path), {});
+        pages::PdfFile file(folder.file("informe.pdf"), {});
         FirstPages first(file);
         compose(layout, {}, rows.connection, Date{40'000}, first);
         file.finish();
