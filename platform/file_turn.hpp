@@ -1,5 +1,6 @@
 // A turn among processes that share a file's name: one has it at a time, until it lets go or ends; on Linux
-// until the programs that it started have ended too. The file is there meanwhile only; one that a process left behind when it was ended is nobody's turn.
+// until the programs that it started have ended too. The file is there meanwhile only; one that a process
+// left behind when it was ended is nobody's turn.
 #pragma once
 
 #include "core/text.hpp"
