@@ -4,6 +4,7 @@
 #include "core/numbers.hpp"
 #include "database/embedded/reasons.hpp"
 
+#include <algorithm>
 #include <filesystem>
 #include <utility>
 
@@ -87,6 +88,26 @@ std::vector<std::vector<std::string>> Database::rows(const std::string& sql)
     Rows all;
     check(sqlite3_exec(handle(), sql.c_str(), keep, &all, nullptr));
     return all;
+}
+
+void Database::limit_steps(int seconds)
+{
+    constexpr int instructions_between = 100'000; // of the engine: some milliseconds
+    longest_step_ = std::chrono::seconds(std::max(seconds, 0));
+    sqlite3_progress_handler(handle(), instructions_between, takes_too_long, this);
+}
+
+int Database::step(sqlite3_stmt* statement) const
+{
+    if (longest_step_ > Clock::duration::zero()) latest_ = Clock::now() + longest_step_;
+    const int code = sqlite3_step(statement);
+    latest_ = Clock::time_point::max();
+    return code;
+}
+
+int Database::takes_too_long(void* database) noexcept
+{
+    return Clock::now() > static_cast<const Database*>(database)->latest_;
 }
 
 // By us or, where it is about the schema's own table, by the engine before it asks us.

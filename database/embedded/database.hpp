@@ -5,6 +5,7 @@
 #include "database/embedded/rights.hpp"
 #include "tolvex/types.hpp"
 
+#include <chrono>
 #include <memory>
 #include <sqlite3.h>
 #include <vector>
@@ -30,6 +31,10 @@ public:
     std::string answer(const std::string& sql);
     // All rows of a query; Null is empty.
     std::vector<std::vector<std::string>> rows(const std::string& sql);
+    // From here on a step of a caller's statement is ended after so many seconds; never with 0.
+    void limit_steps(int seconds);
+    // One step of a caller's statement, and its code.
+    int step(sqlite3_stmt* statement) const;
     bool in_transaction() const { return !sqlite3_get_autocommit(handle()); }
     PreparedStatements& prepared() const { return prepared_; }
 
@@ -39,10 +44,15 @@ private:
         void operator()(sqlite3* handle) const { sqlite3_close_v2(handle); }
     };
 
+    using Clock = std::chrono::steady_clock;
+
+    static int takes_too_long(void* database) noexcept;
     bool was_refused(const Text& words) const;
     Text why(int code) const;
 
     Text file_;
+    Clock::duration longest_step_{0};
+    mutable Clock::time_point latest_ = Clock::time_point::max(); // of the step under way
     mutable Rights rights_;
     std::unique_ptr<sqlite3, Close> handle_;
     mutable PreparedStatements prepared_; // they go before the handle does

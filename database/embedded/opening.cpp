@@ -55,6 +55,7 @@ bool prepare(Database& database, int timeout_seconds)
     const bool write_ahead = switch_to_write_ahead_log(database, longest_wait);
     database.run("PRAGMA synchronous=FULL");
     create_schema(database);
+    database.limit_steps(timeout_seconds);
     return write_ahead;
 }
 

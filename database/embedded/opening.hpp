@@ -5,7 +5,7 @@
 
 namespace tolvex::embedded {
 
-// Time-out, functions, encoding, write-ahead log, full flushing and, for a new file, its tables. Returns
+// Time-outs, functions, encoding, write-ahead log, full flushing and, for a new file, its tables. Returns
 // whether the file took the write-ahead log. Throws Error.
 bool prepare(Database& database, int timeout_seconds);
 

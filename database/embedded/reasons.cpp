@@ -37,7 +37,7 @@ constexpr Reason reasons[] = {
     {u"integer overflow", u"Un número es demasiado grande"},
     {u"string or blob too big", u"Un texto es demasiado largo"},
     {u"out of memory", u"No hay memoria suficiente"},
-    {u"interrupted", u"Se interrumpió"},
+    {u"interrupted", u"Tardó más de lo que la conexión permite, y se interrumpió"},
     {u"cannot start a transaction within a transaction", u"Ya hay una transacción abierta"},
     {u"cannot commit - no transaction is active", u"No hay una transacción abierta"},
     {u"cannot rollback - no transaction is active", u"No hay una transacción abierta"},

@@ -142,7 +142,7 @@ Text Statement::parameter_name(std::size_t parameter) const
 
 bool Statement::step()
 {
-    const int code = sqlite3_step(handle_.get());
+    const int code = database_->step(handle_.get());
     database_->check(code);
     return code == SQLITE_ROW;
 }

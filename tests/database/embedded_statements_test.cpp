@@ -195,5 +195,14 @@ TEST_F(EmbeddedStatements, what_is_wrong_comes_back_in_spanish)
         answer(sql); // whatever it answers, it answers
 }
 
+TEST_F(EmbeddedStatements, one_without_end_is_ended_by_the_time_out_of_the_connection)
+{
+    connection_.command_timeout = 1;
+    connection_.open();
+    expect({{u"with recursive n(i) as (select 1 union all select i + 1 from n) select count(*) from n",
+             u"Error: Tardó más de lo que la conexión permite, y se interrumpió"},
+            {u"select count(*) from FE_EMPRESAS", u"2"}});
+}
+
 } // namespace
 } // namespace tolvex
