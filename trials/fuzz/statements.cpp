@@ -46,11 +46,19 @@ int steps = 0;
 
 int stop_when_endless(void*) { return (steps += steps_at_once) > most_steps; }
 
-int limit_effort(sqlite3* database, const char**, const sqlite3_api_routines*)
+sqlite3* opened = nullptr;
+
+int note_opened(sqlite3* database, const char**, const sqlite3_api_routines*)
 {
-    sqlite3_limit(database, SQLITE_LIMIT_LENGTH, longest_value);
-    sqlite3_progress_handler(database, steps_at_once, stop_when_endless, nullptr);
+    opened = database;
     return SQLITE_OK;
+}
+
+// In place of the driver's own time-out, which is of seconds.
+void limit_effort()
+{
+    sqlite3_limit(opened, SQLITE_LIMIT_LENGTH, longest_value);
+    sqlite3_progress_handler(opened, steps_at_once, stop_when_endless, nullptr);
 }
 
 // --- the database ---
@@ -64,6 +72,7 @@ public:
         own_file = to_utf8(folder_.file("ventas.db"));
         connection.connection_string = u"server=sqlite:;database=" + to_text(own_file);
         connection.open();
+        limit_effort();
         connection.execute(
             u"Insert Into FE_EMPRESAS (nEmpresa, cNombre, cRfc) Values (1, 'Ñandú', 'AES010101AAA'),"
             u" (2, 'O''Higgins', 'DEM110101AAA')");
@@ -111,7 +120,7 @@ void expect_error_or_rows(Operation operation)
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
     static const bool prepared =
-        (watch_files(), sqlite3_auto_extension(reinterpret_cast<void (*)()>(limit_effort)) == SQLITE_OK);
+        (watch_files(), sqlite3_auto_extension(reinterpret_cast<void (*)()>(note_opened)) == SQLITE_OK);
     static std::optional<Shop> shop;
     static int runs = 0;
     require(prepared);
