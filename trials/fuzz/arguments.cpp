@@ -3,10 +3,10 @@
 // allocated.
 #include "automation/signature.hpp"
 #include "automation/surface.hpp"
+#include "trials/fuzz/require.hpp"
 
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <cstring>
 #include <deque>
 
@@ -14,11 +14,6 @@ namespace {
 
 using namespace tolvex;
 using namespace tolvex::automation;
-
-void require(bool holds)
-{
-    if (!holds) std::abort();
-}
 
 // --- the component's side: a method with a parameter of each kind of the public surface ---
 

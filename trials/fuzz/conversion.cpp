@@ -3,9 +3,9 @@
 #include "core/display_patterns.hpp"
 #include "core/errors.hpp"
 #include "core/numbers.hpp"
+#include "trials/fuzz/require.hpp"
 
 #include <cmath>
-#include <cstdlib>
 
 namespace {
 
@@ -18,9 +18,8 @@ void convert(Conversion conversion)
         conversion();
     } catch (const Error& error) {
         const auto number = error.number();
-        if (number != numbers::invalid_call && number != numbers::overflow &&
-            number != numbers::type_mismatch)
-            std::abort();
+        require(number == numbers::invalid_call || number == numbers::overflow ||
+                number == numbers::type_mismatch);
     }
 }
 
@@ -28,7 +27,7 @@ void convert(Conversion conversion)
 void check_amount(const Text& text)
 {
     const Currency amount = to_currency(text);
-    if (to_currency(amount_as_text(amount)).scaled() != amount.scaled()) std::abort();
+    require(to_currency(amount_as_text(amount)).scaled() == amount.scaled());
 }
 
 } // namespace
@@ -39,9 +38,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const auto half = text.size() / 2;
     const Text value = text.substr(0, half), pattern = text.substr(half);
     convert([&] { check_amount(text); });
-    convert([&] {
-        if (!std::isfinite(to_number(text))) std::abort();
-    });
+    convert([&] { require(std::isfinite(to_number(text))); });
     convert([&] { leading_number(text); });
     convert([&] { format(to_date(text), u"yyyy-mm-ddThh:mm:ss"); });
     convert([&] { format(leading_number(value), pattern); });

@@ -2,8 +2,7 @@
 #include "printing/expressions/expression.hpp"
 #include "core/errors.hpp"
 #include "printing/expressions/culture.hpp"
-
-#include <cstdlib>
+#include "trials/fuzz/require.hpp"
 
 namespace {
 
@@ -78,7 +77,7 @@ void expect_error_or_value(const Expression& expression)
     } catch (const Error&) {
         return;
     }
-    if (!expression.fault().empty()) std::abort();
+    require(expression.fault().empty());
 }
 
 } // namespace

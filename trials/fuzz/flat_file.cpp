@@ -2,8 +2,7 @@
 // database every record but EMISOR and EMITE goes its whole way.
 #include "flat_file/flat_file.hpp"
 #include "core/errors.hpp"
-
-#include <cstdlib>
+#include "trials/fuzz/require.hpp"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
@@ -11,10 +10,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     try {
         const tolvex::Lines lines({reinterpret_cast<const char*>(bytes), size});
         const tolvex::Review review = tolvex::review_flat_file(tolvex::session(), lines, {});
-        if (review.faults.size() > tolvex::Review::most_findings) std::abort();
+        require(review.faults.size() <= tolvex::Review::most_findings);
         const tolvex::FlatFileResult result =
             tolvex::issue_flat_file_records(tolvex::session(), lines, {}, {});
-        if (!result.documents.empty()) std::abort();
+        require(result.documents.empty());
     } catch (const tolvex::Error&) {
         return 0; // no text at all
     }

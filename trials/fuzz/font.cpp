@@ -3,10 +3,9 @@
 #include "platform/pages/pdf_streams.hpp"
 #include "platform/pages/true_type.hpp"
 #include "platform/pages/western.hpp"
+#include "trials/fuzz/require.hpp"
 
 #include <hpdf_fontdef.h>
-
-#include <cstdlib>
 
 namespace {
 
@@ -17,10 +16,10 @@ void embed(const FontPart& part)
     const HaruDocument document = new_haru_document();
     const HPDF_FontDef font =
         HPDF_TTFontDef_Load(document->mmgr, new_stream(document.get(), part.file), HPDF_TRUE);
-    if (!font) std::abort();
+    require(font != nullptr);
     for (const char16_t c : western_characters()) HPDF_TTFontDef_GetCharWidth(font, c);
     const HPDF_Stream embedded = HPDF_MemStream_New(document->mmgr, 4'096);
-    if (HPDF_TTFontDef_SaveFontData(font, embedded) != HPDF_OK) std::abort();
+    require(HPDF_TTFontDef_SaveFontData(font, embedded) == HPDF_OK);
     HPDF_Stream_Free(embedded);
     HPDF_FontDef_Free(font);
 }
@@ -33,7 +32,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         const TrueTypeFont font(std::string(reinterpret_cast<const char*>(bytes), size));
         embed(font.part(western_characters()));
     } catch (const tolvex::Error& error) {
-        if (error.number() != 5) std::abort();
+        require(error.number() == 5);
     }
     return 0;
 }

@@ -3,9 +3,9 @@
 #include "core/errors.hpp"
 #include "printing/rdl/layout_visitor.hpp"
 #include "printing/rdl/review.hpp"
+#include "trials/fuzz/require.hpp"
 
 #include <cmath>
-#include <cstdlib>
 
 namespace {
 
@@ -16,11 +16,6 @@ std::size_t leaves(const std::vector<TablixMember>& members)
     std::size_t count = 0;
     for (const TablixMember& member : members) count += member.members.empty() ? 1 : leaves(member.members);
     return count;
-}
-
-void require(bool holds)
-{
-    if (!holds) std::abort();
 }
 
 void require_grid(const Tablix& tablix)

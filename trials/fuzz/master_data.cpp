@@ -2,19 +2,14 @@
 // one.
 #include "console/master_data/entries.hpp"
 #include "core/errors.hpp"
+#include "trials/fuzz/require.hpp"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace {
 
 using namespace tolvex;
 using namespace tolvex::console;
-
-void require(bool holds)
-{
-    if (!holds) std::abort();
-}
 
 void require_lines(const std::vector<Entry>& entries, unsigned first, unsigned last)
 {

@@ -2,8 +2,7 @@
 #include "platform/pages/picture.hpp"
 
 #include "core/errors.hpp"
-
-#include <cstdlib>
+#include "trials/fuzz/require.hpp"
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size)
 {
@@ -13,9 +12,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
         const Picture picture = open_picture({reinterpret_cast<const char*>(bytes), size});
         if (std::int64_t{picture.width} * picture.height > most_pixels) return 0;
         const Pixels shown = pixels(picture);
-        if (shown.rgba.size() != std::size_t{4} * picture.width * picture.height) std::abort();
+        require(shown.rgba.size() == std::size_t{4} * picture.width * picture.height);
     } catch (const tolvex::Error& error) {
-        if (error.number() != 5) std::abort();
+        require(error.number() == 5);
     }
     return 0;
 }

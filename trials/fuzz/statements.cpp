@@ -4,6 +4,7 @@
 #include "database/connection.hpp"
 #include "support/schema_change.hpp"
 #include "support/temporary_folder.hpp"
+#include "trials/fuzz/require.hpp"
 
 #include <cstdlib>
 #include <optional>
@@ -13,11 +14,6 @@
 namespace {
 
 using namespace tolvex;
-
-void require(bool holds)
-{
-    if (!holds) std::abort();
-}
 
 // --- around the engine ---
 
