@@ -1,7 +1,6 @@
 // An ODBC driver whose server is the embedded database: what is sent to a SQL Server reaches it through the
 // driver manager and is answered from the file that "database" names. It offers the calls that the system
 // makes, so that faults between a station and its server can be tried where there is no server.
-#include "core/dates.hpp"
 #include "core/errors.hpp"
 #include "core/text.hpp"
 #include "database/connection_keywords.hpp"
@@ -87,10 +86,8 @@ Value value_of(const Parameter& parameter)
         return *static_cast<const SQLDOUBLE*>(parameter.value);
     case SQL_C_CHAR:
         return to_currency(to_text({static_cast<const char*>(parameter.value), bytes}));
-    case SQL_C_TYPE_TIMESTAMP: {
-        const auto& moment = *static_cast<const SQL_TIMESTAMP_STRUCT*>(parameter.value);
-        return Date::of(moment.year, moment.month, moment.day, moment.hour, moment.minute, moment.second);
-    }
+    case SQL_C_TYPE_TIMESTAMP:
+        return odbc::date_of(*static_cast<const SQL_TIMESTAMP_STRUCT*>(parameter.value));
     default:
         return Text(static_cast<const char16_t*>(parameter.value), bytes / 2);
     }
@@ -182,17 +179,9 @@ SQLRETURN give(Statement& statement, const Value& value, SQLSMALLINT c_type, SQL
     case SQL_C_DOUBLE:
         *static_cast<SQLDOUBLE*>(buffer) = value.number();
         return SQL_SUCCESS;
-    case SQL_C_TYPE_TIMESTAMP: {
-        const CalendarDate day = calendar(value.date());
-        *static_cast<SQL_TIMESTAMP_STRUCT*>(buffer) = {static_cast<SQLSMALLINT>(day.year),
-                                                       static_cast<SQLUSMALLINT>(day.month),
-                                                       static_cast<SQLUSMALLINT>(day.day),
-                                                       static_cast<SQLUSMALLINT>(day.hour),
-                                                       static_cast<SQLUSMALLINT>(day.minute),
-                                                       static_cast<SQLUSMALLINT>(day.second),
-                                                       0};
+    case SQL_C_TYPE_TIMESTAMP:
+        *static_cast<SQL_TIMESTAMP_STRUCT*>(buffer) = odbc::timestamp(value.date());
         return SQL_SUCCESS;
-    }
     default:
         return give_text(statement, value.text(), buffer, room, length);
     }

@@ -1,5 +1,6 @@
 #include "database/odbc/api.hpp"
 
+#include "core/dates.hpp"
 #include "core/errors.hpp"
 #include "core/numbers.hpp"
 #include "core/text.hpp"
@@ -55,6 +56,24 @@ Text diagnostics(SQLSMALLINT kind, SQLHANDLE handle)
         all += (all.empty() ? u"" : u"; ") + record;
     }
     return all.empty() ? Text(u"Error de ODBC sin descripción del controlador") : all;
+}
+
+SQL_TIMESTAMP_STRUCT timestamp(Date date)
+{
+    const CalendarDate c = calendar(date);
+    SQL_TIMESTAMP_STRUCT moment{};
+    moment.year = static_cast<SQLSMALLINT>(c.year);
+    moment.month = static_cast<SQLUSMALLINT>(c.month);
+    moment.day = static_cast<SQLUSMALLINT>(c.day);
+    moment.hour = static_cast<SQLUSMALLINT>(c.hour);
+    moment.minute = static_cast<SQLUSMALLINT>(c.minute);
+    moment.second = static_cast<SQLUSMALLINT>(c.second);
+    return moment;
+}
+
+Date date_of(const SQL_TIMESTAMP_STRUCT& moment)
+{
+    return Date::of(moment.year, moment.month, moment.day, moment.hour, moment.minute, moment.second);
 }
 
 } // namespace tolvex::odbc

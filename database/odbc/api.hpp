@@ -27,6 +27,10 @@ inline SQLWCHAR* wide(const Text& text)
     return reinterpret_cast<SQLWCHAR*>(const_cast<char16_t*>(text.data()));
 }
 
+// Dates travel to the second; a fraction that comes is dropped.
+SQL_TIMESTAMP_STRUCT timestamp(Date date);
+Date date_of(const SQL_TIMESTAMP_STRUCT& moment);
+
 // Attributes that are numbers travel in the place of a pointer.
 inline SQLPOINTER number_attribute(std::size_t number) { return reinterpret_cast<SQLPOINTER>(number); }
 

@@ -1,6 +1,5 @@
 #include "database/odbc/parameters.hpp"
 
-#include "core/dates.hpp"
 #include "core/numbers.hpp"
 
 #include <algorithm>
@@ -11,19 +10,6 @@ namespace {
 
 // Longest text of a plain nvarchar; longer ones travel as long text.
 constexpr std::size_t longest_nvarchar = 4000;
-
-SQL_TIMESTAMP_STRUCT timestamp(Date date)
-{
-    const CalendarDate c = calendar(date);
-    SQL_TIMESTAMP_STRUCT moment{};
-    moment.year = static_cast<SQLSMALLINT>(c.year);
-    moment.month = static_cast<SQLUSMALLINT>(c.month);
-    moment.day = static_cast<SQLUSMALLINT>(c.day);
-    moment.hour = static_cast<SQLUSMALLINT>(c.hour);
-    moment.minute = static_cast<SQLUSMALLINT>(c.minute);
-    moment.second = static_cast<SQLUSMALLINT>(c.second);
-    return moment;
-}
 
 } // namespace
 

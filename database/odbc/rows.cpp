@@ -170,12 +170,10 @@ Value read_amount(const Statement& statement, SQLUSMALLINT column)
     }
 }
 
-// To the second, as hosts see dates: a fraction of a second is dropped.
 Value read_date(const Statement& statement, SQLUSMALLINT column)
 {
     const auto moment = read_plain<SQL_TIMESTAMP_STRUCT>(statement, column, SQL_C_TYPE_TIMESTAMP);
-    if (!moment) return {};
-    return Date::of(moment->year, moment->month, moment->day, moment->hour, moment->minute, moment->second);
+    return moment ? Value(date_of(*moment)) : Value();
 }
 
 Value read_value(const Statement& statement, SQLUSMALLINT column, ColumnKind kind)
