@@ -303,8 +303,6 @@ int run_command_line(std::vector<std::string> words, const std::vector<std::uniq
     } catch (const WrongOrder& error) {
         terminal::print(stderr, with_hint(error.what()));
         return wrong_usage;
-    } catch (const std::exception& error) {
-        return fail(error);
     }
     return all_written_out() ? result : 1;
 }
