@@ -4,10 +4,7 @@
 # document is issued, and tolvex verifica names exactly what was left unfinished.
 set -euo pipefail
 
-project=$(cd "$(dirname "$0")/.." && pwd)
-. "$project/setup/common.sh"
-. "$project/tests/windows/checks.sh"
-install_packages sqlite3
+. "$(dirname "$0")/embedded.sh"
 tolvex=$(readlink -f "$1") work=$(realpath -m "$2") rounds=${3:-100}
 stations=3 documents_each=400
 database=$work/tolvex.db
@@ -58,8 +55,6 @@ end_stations() {
 
 # --- what is held against them -----------------------------------------------------------------------------------------
 
-ask() { sqlite3 -batch -cmd '.timeout 15000' "$database" "$1"; }
-is_sound() { [ "$(ask 'pragma integrity_check')" = ok ]; }
 next_is_issued() { "$tolvex" emite "$work/uno.txt" --json --bd "$database" >> "$work/reported.0" 2> "$work/errors" && [ ! -s "$work/errors" ]; }
 
 # Numbers of the documents that a station reported; a line that was cut off is none.
