@@ -67,7 +67,7 @@ void remove(TextView path);
 bool remove_if_there(TextView path);
 // The names in a folder that end so, in any letter case and order; none when there is no such folder.
 std::vector<Text> names_ending(TextView folder, TextView ending);
-// Absolute form of a host path, from the current folder.
+// Absolute form of a host path, from the current folder; no separator at its end, unless it is a root.
 Text absolute_path(TextView path);
 // A host path as a file means it that names it: relative to that file's folder, unless it is absolute.
 Text resolved(TextView naming_file, TextView path);

@@ -86,6 +86,13 @@ int renamed(const fs::path& from, const fs::path& to)
     return std::rename(from.c_str(), to.c_str()) == 0 ? 0 : errno;
 }
 
+// Without steps that lead nowhere, nor a separator at the end, which "." leaves.
+Text plain(const fs::path& path)
+{
+    const fs::path normal = path.lexically_normal();
+    return to_text((normal.has_filename() ? normal : normal.parent_path()).string());
+}
+
 } // namespace
 
 Text native_path(TextView path) { return to_text(host_path(path).string()); }
@@ -244,16 +251,11 @@ std::vector<Text> names_ending(TextView folder, TextView ending)
     return names;
 }
 
-Text absolute_path(TextView path)
-{
-    return to_text(fs::absolute(separated(path)).lexically_normal().string());
-}
+Text absolute_path(TextView path) { return plain(fs::absolute(separated(path))); }
 
 Text resolved(TextView naming_file, TextView path)
 {
-    fs::path joined = (separated(naming_file).parent_path() / separated(path)).lexically_normal();
-    if (!joined.has_filename()) joined = joined.parent_path(); // "." leaves a separator at the end
-    return to_text(joined.string());
+    return plain(separated(naming_file).parent_path() / separated(path));
 }
 
 Text program_folder() { return to_text(fs::read_symlink("/proc/self/exe").parent_path().string()); }

@@ -217,6 +217,8 @@ Text absolute_path(TextView path)
     Text absolute(GetFullPathNameW(wide(host), 0, nullptr, nullptr), u'\0');
     absolute.resize(
         GetFullPathNameW(wide(host), static_cast<DWORD>(absolute.size()), wide(absolute), nullptr));
+    const bool is_drive = absolute.ends_with(u":\\");
+    if (absolute.ends_with(u'\\') && !is_drive) absolute.pop_back();
     return absolute;
 }
 

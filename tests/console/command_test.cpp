@@ -432,7 +432,7 @@ TEST_F(Command, the_monthly_report_names_its_file_and_a_month_without_documents_
     demo();
     ASSERT_EQ(tolvex({"emite", sales(1), "--bd", database}).exit_code, 0);
     const auto report = [&](const char* month) {
-        return tolvex({"reporte", "--empresa", "1", "--mes", month, "--anio", "2011", "--carpeta", "demo",
+        return tolvex({"reporte", "--empresa", "1", "--mes", month, "--anio", "2011", "--carpeta", "demo/.",
                        "--bd", database});
     };
     EXPECT_EQ(report("3").output, (path() / "demo/1DEM110101AAA032011.TXT").string() + "\n");
