@@ -5,7 +5,8 @@
 # make windows      builds TOLVEX.dll for 64 and 32 bits into build/windows
 # make dist         makes what a customer installs, into build/dist: for Windows an installer and a zip, for Linux a
 #                   Debian package and a tar file
-# make faults       does every operation with each of its calls going wrong in turn, and looks at what is left
+# make faults       does every operation with each of its calls going wrong in turn, and looks at what is left: an hour and
+#                   a half; STEP=20 is every twentieth call
 # make kills        kills stations in the middle of issuing, a thousand times, and looks at what is left
 # make soak         20,000 documents, 10,000 certificates, 1,000 PDF files and forms in one process: memory stays flat
 # make soak-windows the same from a Windows host, with 2,000 documents; PERCENT=5 with either is a twentieth of them
@@ -68,7 +69,7 @@ trials: all
 	cmake --build build --target faulty_system file_server soak
 
 faults: trials
-	trials/faults.sh build/tolvex build/faulty_system.so build/file_server.so build/faults
+	trials/faults.sh build/tolvex build/faulty_system.so build/file_server.so build/faults $(STEP)
 
 kills: all
 	trials/kills.sh build/tolvex build/kills 1000

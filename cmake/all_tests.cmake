@@ -8,7 +8,7 @@ add_test(windows.both_bitnesses_build make -C ../.. windows)
 set_tests_properties(windows.both_bitnesses_build PROPERTIES RESOURCE_LOCK testbed)
 
 # A short run of each long trial.
-add_test(trials.faults ../../trials/faults.sh ../tolvex ../faulty_system.so ../file_server.so ../faults 41)
+add_test(trials.faults ../../trials/faults.sh ../tolvex ../faulty_system.so ../file_server.so ../faults 83)
 add_test(trials.kills ../../trials/kills.sh ../tolvex ../kills 10)
 add_test(trials.soak ../../trials/soak.sh ../tolvex ../soak ../soak_shop 2)
 set_tests_properties(trials.faults trials.kills trials.soak PROPERTIES TIMEOUT 900)

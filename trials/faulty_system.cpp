@@ -20,8 +20,12 @@
 #include <sql.h>
 #include <sqlext.h>
 #include <string_view>
+#include <sys/file.h>
+#include <sys/mman.h>
+#include <sys/stat.h>
 #include <sys/syscall.h>
 #include <sys/types.h>
+#include <sys/uio.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -75,6 +79,7 @@ Function actual(const char* name, Function)
 }
 
 bool is_file(int descriptor) { return descriptor > STDERR_FILENO; }
+bool is_file(FILE* stream) { return stream && is_file(fileno(stream)); }
 
 int (*program)(int, char**, char**) = nullptr;
 
@@ -82,6 +87,14 @@ int main_of_program(int argc, char** argv, char** environment)
 {
     begun = true;
     return program(argc, argv, environment);
+}
+
+// Its descriptor stays taken.
+void close_to_all(int file)
+{
+    const auto nowhere = static_cast<int>(syscall(SYS_openat, AT_FDCWD, "/", O_PATH));
+    dup2(nowhere, file);
+    close(nowhere);
 }
 
 // A program that was started is ended by somebody else.
@@ -119,13 +132,33 @@ FAULTY(ssize_t, pread64, -1, (int file, void* bytes, size_t size, off64_t place)
        true)
 FAULTY(ssize_t, pwrite64, -1, (int file, const void* bytes, size_t size, off64_t place),
        (file, bytes, size, place), true)
+FAULTY(ssize_t, writev, -1, (int file, const iovec* parts, int count), (file, parts, count), is_file(file))
 FAULTY(int, fsync, -1, (int file), (file), true)
 FAULTY(int, fdatasync, -1, (int file), (file), true)
 FAULTY(int, ftruncate64, -1, (int file, off64_t size), (file, size), true)
+FAULTY(int, flock, -1, (int file, int how), (file, how), true)
+FAULTY(int, access, -1, (const char* path, int rights), (path, rights), true)
+FAULTY(int, stat, -1, (const char* path, struct stat* facts), (path, facts), true)
+FAULTY(int, stat64, -1, (const char* path, struct stat64* facts), (path, facts), true)
+FAULTY(int, lstat, -1, (const char* path, struct stat* facts), (path, facts), true)
+FAULTY(int, lstat64, -1, (const char* path, struct stat64* facts), (path, facts), true)
+FAULTY(int, fstat, -1, (int file, struct stat* facts), (file, facts), is_file(file))
+FAULTY(int, fstat64, -1, (int file, struct stat64* facts), (file, facts), is_file(file))
+FAULTY(ssize_t, readlink, -1, (const char* path, char* text, size_t room), (path, text, room), true)
+FAULTY(void*, mmap64, MAP_FAILED, (void* place, size_t size, int rights, int kind, int file, off64_t from),
+       (place, size, rights, kind, file, from), is_file(file))
+FAULTY(int, pipe2, -1, (int* ends, int flags), (ends, flags), true)
+FAULTY(int, fchmod, -1, (int file, mode_t mode), (file, mode), true)
+FAULTY(int, fchmodat, -1, (int in, const char* path, mode_t mode, int how), (in, path, mode, how), true)
 FAULTY(int, rename, -1, (const char* from, const char* to), (from, to), true)
+FAULTY(int, renameat2, -1, (int from_in, const char* from, int to_in, const char* to, unsigned flags),
+       (from_in, from, to_in, to, flags), true)
 FAULTY(int, unlink, -1, (const char* path), (path), true)
 FAULTY(int, remove, -1, (const char* path), (path), true)
 FAULTY(int, mkdir, -1, (const char* path, mode_t mode), (path, mode), true)
+FAULTY(int, unlinkat, -1, (int in, const char* path, int how), (in, path, how), true)
+FAULTY(int, rmdir, -1, (const char* path), (path), true)
+FAULTY(char*, mkdtemp, nullptr, (char* path), (path), true)
 FAULTY(FILE*, fopen, nullptr, (const char* path, const char* mode), (path, mode), true)
 FAULTY(FILE*, fopen64, nullptr, (const char* path, const char* mode), (path, mode), true)
 FAULTY(int, posix_spawn, errno,
@@ -138,19 +171,41 @@ FAULTY(int, posix_spawnp, errno,
        (id, path, actions, attributes, arguments, environment), true)
 FAULTY(pid_t, waitpid, -1, (pid_t id, int* status, int options), (id, status, options), dies(id))
 
-#define FAULTY_OPEN(name)                                                                                    \
-    extern "C" int name(const char* path, int flags, ...)                                                    \
+// With a third argument or without.
+#define FAULTY_VARIADIC(name, Place, second, Third, concerned)                                               \
+    extern "C" int name(Place place, int second, ...)                                                        \
     {                                                                                                        \
         va_list rest;                                                                                        \
-        va_start(rest, flags);                                                                               \
-        const auto mode = va_arg(rest, mode_t);                                                              \
+        va_start(rest, second);                                                                              \
+        const auto third = va_arg(rest, Third);                                                              \
         va_end(rest);                                                                                        \
-        static const auto call = actual(#name, static_cast<int (*)(const char*, int, ...)>(nullptr));        \
-        return goes_wrong("files", #name) ? -1 : call(path, flags, mode);                                    \
+        static const auto call = actual(#name, static_cast<int (*)(Place, int, ...)>(nullptr));              \
+        return (concerned) && goes_wrong("files", #name) ? -1 : call(place, second, third);                  \
     }
 
-FAULTY_OPEN(open)
-FAULTY_OPEN(open64)
+FAULTY_VARIADIC(open, const char*, flags, mode_t, true)
+FAULTY_VARIADIC(open64, const char*, flags, mode_t, true)
+FAULTY_VARIADIC(fcntl64, int, order, void*, is_file(place))
+
+// From here on the stream's file can be neither read nor written: its buffer comes upon that in its own time.
+#define FAULTY_STREAM(result, name, parameters, arguments)                                                   \
+    extern "C" result name parameters                                                                        \
+    {                                                                                                        \
+        static const auto call = actual(#name, static_cast<result(*) parameters>(nullptr));                  \
+        if (!is_file(stream) || !goes_wrong("files", #name)) return call arguments;                          \
+        const int error = errno;                                                                             \
+        close_to_all(fileno(stream));                                                                        \
+        const auto given = call arguments;                                                                   \
+        errno = error;                                                                                       \
+        return given;                                                                                        \
+    }
+
+FAULTY_STREAM(size_t, fread, (void* bytes, size_t size, size_t count, FILE* stream),
+              (bytes, size, count, stream))
+FAULTY_STREAM(size_t, fwrite, (const void* bytes, size_t size, size_t count, FILE* stream),
+              (bytes, size, count, stream))
+FAULTY_STREAM(int, fflush, (FILE * stream), (stream))
+FAULTY_STREAM(int, fclose, (FILE * stream), (stream))
 
 // --- statements ----------------------------------------------------------------------------------------
 
@@ -190,6 +245,32 @@ FAULTY_STATEMENT(SQLDriverConnectW,
                  (session, window, given, length, whole, room, needed, completion))
 FAULTY_STATEMENT(SQLExecDirectW, (SQLHSTMT statement, SQLWCHAR* sql, SQLINTEGER length),
                  (statement, sql, length))
+FAULTY_STATEMENT(SQLAllocHandle, (SQLSMALLINT kind, SQLHANDLE owner, SQLHANDLE* given), (kind, owner, given))
+FAULTY_STATEMENT(SQLSetStmtAttrW, (SQLHSTMT statement, SQLINTEGER which, SQLPOINTER value, SQLINTEGER length),
+                 (statement, which, value, length))
+FAULTY_STATEMENT(SQLBindParameter,
+                 (SQLHSTMT statement, SQLUSMALLINT number, SQLSMALLINT way, SQLSMALLINT c_type,
+                  SQLSMALLINT type, SQLULEN size, SQLSMALLINT digits, SQLPOINTER value, SQLLEN room,
+                  SQLLEN* length),
+                 (statement, number, way, c_type, type, size, digits, value, room, length))
+FAULTY_STATEMENT(SQLNumResultCols, (SQLHSTMT statement, SQLSMALLINT* count), (statement, count))
+FAULTY_STATEMENT(SQLDescribeColW,
+                 (SQLHSTMT statement, SQLUSMALLINT number, SQLWCHAR* name, SQLSMALLINT room,
+                  SQLSMALLINT* length, SQLSMALLINT* type, SQLULEN* size, SQLSMALLINT* digits,
+                  SQLSMALLINT* nullable),
+                 (statement, number, name, room, length, type, size, digits, nullable))
+FAULTY_STATEMENT(SQLColAttributeW,
+                 (SQLHSTMT statement, SQLUSMALLINT number, SQLUSMALLINT which, SQLPOINTER text,
+                  SQLSMALLINT room, SQLSMALLINT* length, SQLLEN* value),
+                 (statement, number, which, text, room, length, value))
+FAULTY_STATEMENT(SQLGetData,
+                 (SQLHSTMT statement, SQLUSMALLINT number, SQLSMALLINT type, SQLPOINTER value, SQLLEN room,
+                  SQLLEN* length),
+                 (statement, number, type, value, room, length))
+FAULTY_STATEMENT(SQLGetInfoW,
+                 (SQLHDBC session, SQLUSMALLINT which, SQLPOINTER value, SQLSMALLINT room,
+                  SQLSMALLINT* length),
+                 (session, which, value, room, length))
 FAULTY_STATEMENT(SQLFetch, (SQLHSTMT statement), (statement))
 FAULTY_STATEMENT(SQLMoreResults, (SQLHSTMT statement), (statement))
 FAULTY_STATEMENT(SQLEndTran, (SQLSMALLINT kind, SQLHANDLE handle, SQLSMALLINT how), (kind, handle, how))
