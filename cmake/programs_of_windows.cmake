@@ -11,12 +11,10 @@ add_file_properties(tolvex_command tolvex.exe VFT_APP "TOLVEX: facturas electró
 
 # TolvexConsola.exe, the developer console. It is a host of the component: of the rooms only what draws its form is
 # linked in.
-add_library(tolvex_archive STATIC $<TARGET_OBJECTS:tolvex_rooms>)
 file(GLOB developer_console_sources CONFIGURE_DEPENDS developer_console/*.cpp developer_console/windows/*.cpp)
 add_executable(tolvex_console WIN32 ${developer_console_sources})
 set_target_properties(tolvex_console PROPERTIES OUTPUT_NAME TolvexConsola RUNTIME_OUTPUT_DIRECTORY ${PROJECT_BINARY_DIR})
-target_include_directories(tolvex_console PRIVATE ${PROJECT_SOURCE_DIR} ${PROJECT_SOURCE_DIR}/include)
-target_link_libraries(tolvex_console PRIVATE tolvex_archive ${TOLVEX_LIBRARIES})
+target_link_libraries(tolvex_console PRIVATE tolvex_archive)
 target_link_options(tolvex_console PRIVATE -municode -s)
 add_file_properties(tolvex_console TolvexConsola.exe VFT_APP "TOLVEX: consola para integradores"
     "1 24 \"${PROJECT_SOURCE_DIR}/developer_console/windows/TolvexConsola.manifest\"" "")
