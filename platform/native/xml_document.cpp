@@ -19,6 +19,13 @@ Pointer checked(Pointer made)
     return made;
 }
 
+// A copy or a buffer that found no memory is left out by the library, which leaves but this trace of it.
+bool memory_was_lacking()
+{
+    const xmlError* last = xmlGetLastError();
+    return last && last->code == XML_ERR_NO_MEMORY;
+}
+
 std::string name_of(const Text& name)
 {
     const std::string utf8 = to_utf8(name);
@@ -90,6 +97,7 @@ void XmlElement::set_attribute(const Text& name, const Text& value)
             return;
         }
     xmlAttr* made = checked(xmlNewProp(node(node_), bytes(attribute), nullptr));
+    checked(made->name);
     xmlAddChild(reinterpret_cast<xmlNode*>(made), checked(xmlNewText(bytes(content))));
 }
 
@@ -97,6 +105,7 @@ XmlElement XmlElement::append(const Text& name)
 {
     xmlNode* child = checked(xmlNewDocNode(node(node_)->doc, nullptr, bytes(name_of(name)), nullptr));
     xmlAddChild(node(node_), child);
+    checked(child->name);
     return {*document_, element(child)};
 }
 
@@ -119,12 +128,14 @@ void XmlElement::finish()
 
 XmlDocument::XmlDocument() : native_(std::make_unique<Native>())
 {
+    xmlResetLastError();
     native_->document.reset(checked(xmlNewDoc(bytes("1.0"))));
     native_->document->dict = checked(xmlDictCreate());               // a name that comes back is kept once
     native_->document->encoding = checked(xmlStrdup(bytes("UTF-8"))); // letters are written as they are
     xmlNode* instruction =
         checked(xmlNewDocPI(native_->document.get(), bytes("xml"), bytes("version='1.0' encoding='UTF-8'")));
     xmlAddChild(reinterpret_cast<xmlNode*>(native_->document.get()), instruction);
+    checked(instruction->name);
 }
 
 XmlDocument::~XmlDocument() = default;
@@ -133,6 +144,7 @@ XmlElement XmlDocument::create_root(const Text& name)
 {
     xmlNode* root = checked(xmlNewDocNode(native_->document.get(), nullptr, bytes(name_of(name)), nullptr));
     xmlDocSetRootElement(native_->document.get(), root);
+    checked(root->name);
     return {*this, element(root)};
 }
 
@@ -148,6 +160,7 @@ std::string XmlDocument::as_bytes() const
     xmlSaveDoc(saving, native_->document.get());
     for (const Finished& each : native_->finished) each.place->content = nullptr; // it frees only its own
     if (xmlSaveClose(saving) < 0) throw xml_error(u"no se pudo formar");
+    if (memory_was_lacking()) throw xml_error(u"no alcanza la memoria");
     return saved;
 }
 
