@@ -115,16 +115,17 @@ void add_taxes(OriginalPieces& pieces, const Session& session, const DocumentVal
     if (!retained) taxes.add(u"total de impuestos trasladados", iva);
 }
 
-// None when a staged value cannot be read.
+// None when a staged value cannot be read. Lack of memory is no fault of theirs, and ends the issue.
 OriginalPieces header_and_issuer(Session& session, DocumentValues& document)
-{
-    return trapping(OriginalPieces(), [&] {
-        OriginalPieces pieces;
-        read_date_and_amounts(session, document);
-        add_header(pieces, session, document);
-        add_issuer(pieces, document);
-        return pieces;
-    });
+try {
+    OriginalPieces pieces;
+    read_date_and_amounts(session, document);
+    add_header(pieces, session, document);
+    add_issuer(pieces, document);
+    return pieces;
+} catch (const Error& error) {
+    remember_error(error.description());
+    return {};
 }
 
 // Part after part: with the header the amounts are read that the taxes print.
