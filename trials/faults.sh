@@ -212,7 +212,8 @@ untried() {
 }
 
 make_shop
-expect "se prueba cada llamada: $(untried)" [ -z "$(untried)" ]
+forgotten=$(untried)
+expect "se prueba cada llamada: $forgotten" [ -z "$forgotten" ]
 declare -A seen
 points=0
 try_calls archivo files "$step" fails full killed

@@ -19,7 +19,8 @@ Pointer checked(Pointer made)
     return made;
 }
 
-// A copy or a buffer that found no memory is left out by the library, which leaves but this trace of it.
+// A copy or a buffer that found no memory is left out by the library, which leaves but this trace of it; of a
+// node's name there is none, so that each is checked.
 bool memory_was_lacking()
 {
     const xmlError* last = xmlGetLastError();
